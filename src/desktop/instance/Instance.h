@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// First-come ownership of a name, and one synchronous message to a marked window of another process. No Qt here: the
+/// launcher must not load any before it knows that it is the first.
+namespace instance {
+
+inline constexpr char kVersion[] = "CorvaneV100";
+inline constexpr char kMutexName[] = "CorvaneV100_APPLICATION_MUTEX";
+inline constexpr char kMarkName[] = "CorvaneV100_APPLICATION";
+
+/// A lock that ends with its process, whatever way that goes, and that its holder can give back.
+class Lock
+{
+public:
+    Lock() = default;
+    ~Lock();
+    Lock(const Lock &) = delete;
+    Lock &operator=(const Lock &) = delete;
+
+    /// Tries to own `name` in `folder`. False exactly when another process owns it; any other failure (no folder, a full
+    /// disk) counts as owning it.
+    bool acquire(const std::string &folder, const std::string &name);
+    void release();
+    bool held() const { return m_fd >= 0; }
+
+private:
+    int m_fd = -1;
+};
+
+/// Folder of locks and sockets for this environment: $CORVANE_HOME/run, else $XDG_RUNTIME_DIR/corvane, else a folder of
+/// the user's own below the temporary folder. Made with mode 0700 when missing; empty when there is none that belongs to
+/// the user alone.
+std::string runtimeFolder();
+
+/// The message: dwData (32 bits, the length in characters as the sender counted it), cbData (32 bits, number of bytes,
+/// at least 1), then the bytes. Little endian.
+struct CopyData {
+    uint32_t dwData = 0;
+    std::string bytes;
+};
+/// More than this is refused by the receiver and never sent: far above any command line.
+inline constexpr uint32_t kMaxBytes = 1u << 20;
+
+/// Encodes UTF-8 text: one zero byte for an empty text.
+CopyData encode(std::string_view utf8, uint32_t length);
+
+/// Path of the socket of a marked window, `pid` and `serial` make it unique.
+std::string socketPath(const std::string &folder, int pid, int serial);
+
+/// FindRunningInstance: the first socket in `folder` that somebody listens on; empty when none does. Dead sockets that
+/// belong to the user are removed.
+std::string findRunningInstance(const std::string &folder);
+
+/// Sends and waits for the answer, at most `timeoutMs`. False on any failure.
+bool send(const std::string &socket, const CopyData &message, int timeoutMs);
+
+/// Joins arguments by blanks; an argument that names an existing file becomes its absolute path.
+std::string commandLine(int argc, const char *const *argv);
+
+} // namespace instance

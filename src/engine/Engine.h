@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+
+class QWidget;
+
+namespace engine {
+
+class WebBrowser;
+class VisitLog;
+
+/// Makes browsers and owns what they share (the profile, the visit file, the program's own site).
+class Engine
+{
+public:
+    virtual ~Engine() = default;
+    /// Starts what takes long (the first profile) before the first browser is asked for. May be called more than once.
+    virtual void warmUp() = 0;
+    /// A new browser. The caller owns it through its parent; every browser must be gone before the engine.
+    virtual WebBrowser *createBrowser(QWidget *parent) = 0;
+    /// Every visit of every browser ends here.
+    virtual VisitLog &visits() = 0;
+};
+
+} // namespace engine
