@@ -11,6 +11,6 @@ std::optional<QByteArray> readFile(const QString &path, qint64 limit = 64 * 1024
 /// (0600). Returns false, with the old file left as it was, when anything fails.
 bool writeFileWhole(const QString &path, const QByteArray &content);
 
-/// Renames a file that could not be understood to `path` + ".damaged" (".damaged-2", ...) so that nothing overwrites it.
-/// Returns the new name, or nothing when the file is not there or cannot be moved.
+/// Renames a file that could not be understood to `path` + ".damaged" (".damaged-2", ...) so that nothing overwrites
+/// it. Returns the new name, or nothing when the file is not there or cannot be moved.
 std::optional<QString> keepAside(const QString &path);

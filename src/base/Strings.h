@@ -10,8 +10,8 @@ QString LoadResString(int id);
 
 /// Replaces the numbers that a form definition holds by their strings. Called first in the load of every form.
 ///
-/// A form of ours carries a number in the dynamic property "Tag" (kTag) of the window or control, or as its text, as the
-/// table of the program's form definitions says:
+/// A form of ours carries a number in the dynamic property "Tag" (kTag) of the window or control, or as its text, as
+/// the table of the program's form definitions says:
 ///   - window: kTag, any number but -1;
 ///   - QLabel: its text is the id;
 ///   - QAction/QMenu in the form: its text is the id;
