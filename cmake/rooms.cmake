@@ -6,6 +6,10 @@ target_compile_options(corvane_options INTERFACE -Wall -Wextra -Wpedantic -Wshad
                                                  -Woverloaded-virtual -Werror=return-type)
 target_compile_definitions(corvane_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
                                                      QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+# ccache can only answer for a source that uses a precompiled header when gcc leaves the header's name in its output.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(corvane_options INTERFACE -fpch-preprocess)
+endif()
 if(CORVANE_SANITIZE)
     target_compile_options(corvane_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
                                                      -fno-sanitize-recover=undefined)
