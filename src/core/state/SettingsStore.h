@@ -18,8 +18,8 @@ public:
     QString GetSetting(const QString &appName, const QString &section, const QString &key,
                        const QString &defaultValue = {}) const;
     void SaveSetting(const QString &appName, const QString &section, const QString &key, const QString &value);
-    /// Writes what is still in memory to the file. Also done a moment after SaveSetting and in the destructor. False when
-    /// the file could not be written.
+    /// Writes what is still in memory to the file. Also done a moment after SaveSetting and in the destructor. False
+    /// when the file could not be written.
     bool sync();
 
 private:

@@ -12,8 +12,10 @@ struct Paths;
 class SettingsStore;
 
 /// One key of the store that fills one value of the Settings record.
-struct SettingKey {
-    using Field = std::variant<bool Settings::*, int16_t Settings::*, int32_t Settings::*, QString Settings::*>;
+struct SettingKey
+{
+    using Field = std::variant<bool Settings::*, int16_t Settings::*, int32_t Settings::*, QString Settings::*,
+                               int16_t Settings::Links::*>;
     const char *section;
     const char *key;
     /// As the store would hold it. "App.Path" at the start stands for the program folder.
@@ -21,10 +23,12 @@ struct SettingKey {
     Field field;
     /// Menu entry whose check mark follows the value; null for none.
     const char *menuKey = nullptr;
+    /// A stored empty text counts as the default.
+    bool emptyIsDefault = false;
 };
 
-/// The keys of a section in table order. Sections: "General", "History", "Sites", "Sidebar", "Skins", "Control",
-/// "Content", "Forms", "Popup".
+/// The keys of a section in table order. Sections: "General", "History", "Sites", "Sidebar", "CustomLinks" (the count
+/// only), "Skins", "Control", "Content", "Forms", "Popup". Empty for any other name.
 std::span<const SettingKey> settingKeys(const char *section);
 
 /// Default of a key with "App.Path" replaced.
@@ -34,7 +38,8 @@ void readKey(const SettingsStore &store, const desktop::Paths &paths, const Sett
 void writeKey(SettingsStore &store, const SettingKey &key, const Settings &settings);
 
 /// Keys of section "Settings" that belong to a window or a control rather than to a value in memory: type and default.
-struct WindowKey {
+struct WindowKey
+{
     enum class Type { Boolean, Integer, Single, Text };
     const char *key;
     Type type;
@@ -42,3 +47,15 @@ struct WindowKey {
     const char *defaultText;
 };
 std::span<const WindowKey> windowKeys();
+
+/// Texts under a stem followed by a decimal number (HistorySite1, HistorySite2, ...).
+struct NumberedKey
+{
+    const char *section;
+    const char *stem;
+    /// Number of the first.
+    int first;
+    /// Null: the value of SitesHome1.
+    const char *defaultText;
+};
+std::span<const NumberedKey> numberedKeys();
