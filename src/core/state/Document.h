@@ -3,6 +3,7 @@
 #include <QString>
 #include <QVariant>
 #include <QWidget>
+#include <optional>
 
 namespace engine {
 class WebBrowser;
@@ -37,6 +38,8 @@ public:
     /// ExecWB of the browser; an error is ignored and gives an invalid value.
     virtual QVariant ExecWBDoc(int cmdid, int cmdexecopt, const QVariant &invar = {}) = 0;
     virtual void PlayPopupSound() = 0;
+    /// Period of the auto-refresh in seconds, nothing while it is off.
+    virtual std::optional<int> autoRefreshInterval() const { return std::nullopt; }
 
     /// The form's caption (title of the MDI child).
     virtual QString Caption() const = 0;

@@ -1,0 +1,98 @@
+#include "documents/AddressBarRules.h"
+
+#include "base/step.h"
+#include "controls/ComboBox.h"
+#include "core/state/Document.h"
+#include "core/state/MainWindow.h"
+#include "core/state/ProcessFlags.h"
+#include "documents/AddressCompletion.h"
+
+#include <QAbstractButton>
+
+using namespace Qt::StringLiterals;
+
+AddressBarRules::AddressBarRules(const Parts &parts, QObject *parent) : QObject(parent), m_parts(parts)
+{
+    using controls::ComboBox;
+    ComboBox *bar = &m_parts.AddressBar;
+    connect(bar, &ComboBox::gotFocus, this, [this] { m_focus = true; });
+    connect(bar, &ComboBox::lostFocus, this, [this] { m_focus = false; });
+    connect(bar, &ComboBox::beginEdit, this, [this] { m_bAddressEditing = true; });
+    connect(bar, &ComboBox::endEdit, this, [this] { m_bAddressEditing = false; });
+    connect(bar, &ComboBox::textChanged, this,
+            [this] { m_parts.Go.setEnabled(!m_parts.AddressBar.Text().isEmpty()); });
+    connect(bar, &ComboBox::key, this, &AddressBarRules::AddressBar_Key);
+    connect(bar, &ComboBox::listItemPicked, this, &AddressBarRules::AddressBar_Click);
+    connect(&m_parts.Go, &QAbstractButton::clicked, this, &AddressBarRules::Go_Click);
+    m_parts.Go.setEnabled(!bar->Text().isEmpty());
+
+    auto *completion = new AddressCompletion(*bar, m_parts.visits, this);
+    connect(completion, &AddressCompletion::picked, this, [this](const QString &address) {
+        m_bAddressEditing = false;
+        m_parts.AddressBar.setText(address);
+        AddressBar_Click();
+    });
+}
+
+void AddressBarRules::AddAddress(const QString &s)
+{
+    m_parts.AddressBar.InsertItem(0, s, kAddressIcon);
+}
+
+void AddressBarRules::AddressBar_Key(int &keyCode, int /*shift*/)
+{
+    constexpr int kEnter = 13;
+    if (keyCode != kEnter)
+        return;
+    controls::ComboBox &bar = m_parts.AddressBar;
+    if (m_parts.flags.CtrlDown)
+        bar.setText("http://www."_L1 + bar.Text() + ".com"_L1);
+    const QString text = bar.Text();
+    if (text.isEmpty())
+        return;
+    Document *document = m_parts.frmMain.ActiveForm();
+    if (!document || m_parts.goNew.isChecked()) {
+        m_parts.frmMain.LoadNewDoc(text);
+    } else {
+        document->setCaption(QString());
+        document->NavigateDoc(text);
+    }
+    // The whole list counts here, the letters' case included.
+    const QString now = bar.Text();
+    for (int index = 0; index < bar.ListCount(); ++index) {
+        if (bar.List(index) == now)
+            return;
+    }
+    if (!now.isEmpty())
+        AddAddress(now);
+}
+
+void AddressBarRules::AddressBar_Click()
+{
+    if (m_bAddressEditing)
+        return;
+    controls::ComboBox &bar = m_parts.AddressBar;
+    const QString text = bar.Text();
+    if (text.isEmpty())
+        return;
+    Document *document = m_parts.frmMain.ActiveForm();
+    if (!document) {
+        m_parts.frmMain.LoadNewDoc(text);
+        return;
+    }
+    document->NavigateDoc(text);
+    // Only the top entry counts here: an older one gets a second copy on top.
+    if (bar.ListCount() == 0 || bar.List(0) != text)
+        AddAddress(text);
+}
+
+void AddressBarRules::Go_Click()
+{
+    if (m_parts.goNew.isChecked()) {
+        m_parts.frmMain.LoadNewDoc(m_parts.AddressBar.Text());
+        return;
+    }
+    // The button has taken the focus: whatever edit there was is over.
+    m_bAddressEditing = false;
+    AddressBar_Click();
+}
