@@ -26,7 +26,8 @@ public:
     virtual int messageBox(QWidget *owner, const QString &prompt, int style, const QString &title = {}) = 0;
     /// `filter` in the form "Text|*.a;*.b". Empty when the user cancels.
     virtual QString openFile(QWidget *owner, const QString &title, const QString &filter) = 0;
-    virtual QString saveFile(QWidget *owner, const QString &title, const QString &proposedPath, const QString &filter) = 0;
+    virtual QString saveFile(QWidget *owner, const QString &title, const QString &proposedPath,
+                             const QString &filter) = 0;
 };
 
 } // namespace desktop

@@ -5,7 +5,8 @@
 namespace desktop {
 
 /// Where the files of a run live. Taken once at start and handed on; tests make their own.
-struct Paths {
+struct Paths
+{
     /// The program folder (App.Path): $CORVANE_HOME if set; else the executable's folder if it holds a file
     /// "portable"; else the user's data folder for Corvane.
     QString programFolder;

@@ -21,8 +21,8 @@ public:
     Lock(const Lock &) = delete;
     Lock &operator=(const Lock &) = delete;
 
-    /// Tries to own `name` in `folder`. False exactly when another process owns it; any other failure (no folder, a full
-    /// disk) counts as owning it.
+    /// Tries to own `name` in `folder`. False exactly when another process owns it; any other failure (no folder, a
+    /// full disk) counts as owning it.
     bool acquire(const std::string &folder, const std::string &name);
     void release();
     bool held() const { return m_fd >= 0; }
@@ -31,14 +31,19 @@ private:
     int m_fd = -1;
 };
 
+/// Whether a process owns `name` in `folder`. Unlike acquire() it is never in the way of somebody who acquires the lock
+/// at the same moment.
+bool isOwned(const std::string &folder, const std::string &name);
+
 /// Folder of locks and sockets for this environment: $CORVANE_HOME/run, else $XDG_RUNTIME_DIR/corvane, else a folder of
-/// the user's own below the temporary folder. Made with mode 0700 when missing; empty when there is none that belongs to
-/// the user alone.
+/// the user's own below the temporary folder. Made with mode 0700 when missing; empty when there is none that belongs
+/// to the user alone.
 std::string runtimeFolder();
 
 /// The message: dwData (32 bits, the length in characters as the sender counted it), cbData (32 bits, number of bytes,
 /// at least 1), then the bytes. Little endian.
-struct CopyData {
+struct CopyData
+{
     uint32_t dwData = 0;
     std::string bytes;
 };
@@ -48,8 +53,25 @@ inline constexpr uint32_t kMaxBytes = 1u << 20;
 /// Encodes UTF-8 text: one zero byte for an empty text.
 CopyData encode(std::string_view utf8, uint32_t length);
 
+/// The message that hands a command line over: a text that begins with a double quote loses its first character and its
+/// last one, whatever that is. The length counts UTF-16 units.
+CopyData handOverMessage(std::string_view commandLine);
+
+/// The bytes on the wire, and back.
+std::string serialize(const CopyData &message);
+enum class Decoded {
+    Incomplete, ///< Every byte fits so far, some are missing.
+    Complete,   ///< `message` is filled; what follows it is not looked at.
+    Refused,    ///< No message begins like this, or it has more than kMaxBytes.
+};
+Decoded decode(std::string_view received, CopyData &message);
+
 /// Path of the socket of a marked window, `pid` and `serial` make it unique.
 std::string socketPath(const std::string &folder, int pid, int serial);
+
+/// Makes a socket that is listened on at `path`, with mode 0600. It appears there at once and whole: nobody finds it
+/// before it listens. Gives its descriptor, non-blocking and closed by exec, or -1.
+int listenOn(const std::string &path);
 
 /// FindRunningInstance: the first socket in `folder` that somebody listens on; empty when none does. Dead sockets that
 /// belong to the user are removed.
