@@ -1,1 +1,130 @@
-int main() { return 0; }
+#include "core/MainCode.h"
+#include "core/frmMain.h"
+
+#include "core/state/SettingsStore.h"
+#include "desktop/DesktopDialogs.h"
+#include "desktop/Paths.h"
+#include "desktop/SystemTrayIcon.h"
+#include "desktop/instance/Instance.h"
+#include "engine/Engine.h"
+#include "engine/VisitLog.h"
+#include "engine/webengine/WebEngineFactory.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QSocketNotifier>
+#include <csignal>
+#include <cstdio>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The whole exit takes at most this long, also when the process of a page hangs. By then everything of ours is stored.
+constexpr timeval kExitTime{1, 700000};
+
+int signalSockets[2] = {-1, -1};
+
+void onSignal(int)
+{
+    const char byte = 1;
+    [[maybe_unused]] const ssize_t written = write(signalSockets[0], &byte, 1);
+}
+
+void onExitTime(int)
+{
+    _exit(0);
+}
+
+/// Runs `close` in the event loop at the first SIGTERM or SIGHUP.
+void closeOnSignals(QObject *owner, std::function<void()> close)
+{
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signalSockets) != 0)
+        return;
+    auto *notifier = new QSocketNotifier(signalSockets[1], QSocketNotifier::Read, owner);
+    QObject::connect(notifier, &QSocketNotifier::activated, owner, [notifier, close] {
+        notifier->setEnabled(false);
+        close();
+    });
+    struct sigaction action = {};
+    action.sa_handler = onSignal;
+    action.sa_flags = SA_RESTART;
+    sigaction(SIGTERM, &action, nullptr);
+    sigaction(SIGHUP, &action, nullptr);
+}
+
+void endInTime()
+{
+    struct sigaction action = {};
+    action.sa_handler = onExitTime;
+    sigaction(SIGALRM, &action, nullptr);
+    const itimerval once{{0, 0}, kExitTime};
+    setitimer(ITIMER_REAL, &once, nullptr);
+}
+
+/// Chromium does not start its sandbox for root.
+bool rootWithoutLeave()
+{
+    return geteuid() == 0 && qEnvironmentVariableIntValue("QTWEBENGINE_DISABLE_SANDBOX") != 1;
+}
+
+void describeApplication()
+{
+    QCoreApplication::setApplicationName(u"Corvane"_s);
+    QCoreApplication::setApplicationVersion(u"2.0.0025"_s);
+    QGuiApplication::setDesktopFileName(u"corvane"_s);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+}
+
+int runProgram(QApplication &application, const QString &command)
+{
+    const desktop::Paths paths = desktop::Paths::fromEnvironment();
+    SettingsStore store(paths.settingsFile);
+    const auto engine =
+        engine::makeWebEngine({paths.profileFolder, paths.cacheFolder, paths.visitFile, paths.downloadFolder});
+    desktop::DesktopDialogs dialogs;
+    desktop::SystemTrayIcon tray;
+
+    // Goes before the engine, with all its documents.
+    MainCode code({paths, store, *engine, dialogs, tray});
+    const auto close = [&code] {
+        if (frmMain *window = code.mainWindow())
+            window->Unload();
+    };
+    closeOnSignals(&application, close);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, close);
+    if (!code.Main(command))
+        return 0;
+    if (!code.mainWindow()->isUnloaded()) {
+        QObject::connect(code.mainWindow(), &frmMain::unloaded, &application, &QCoreApplication::quit);
+        QApplication::exec();
+    }
+    endInTime();
+    store.sync();
+    engine->visits().flush();
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (rootWithoutLeave()) {
+        std::fputs(
+            "corvane: the page engine refuses to run as root; set QTWEBENGINE_DISABLE_SANDBOX=1 to run it without "
+            "its sandbox\n",
+            stderr);
+        return 1;
+    }
+    const QString command = QString::fromStdString(instance::commandLine(argc, argv));
+    engine::registerSchemes();
+    describeApplication();
+    QApplication application(argc, argv);
+    // The window can be away in the tray; it ends the program itself.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(QIcon(u":/icons/app/corvane.svg"_s));
+    return runProgram(application, command);
+}

@@ -1,1 +1,118 @@
-// to come
+#include "core/MainCode.h"
+
+#include "core/frmMain.h"
+#include "core/frmSplash.h"
+#include "core/state/Document.h"
+
+#include "desktop/InstanceMark.h"
+#include "desktop/Paths.h"
+#include "engine/Engine.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A later instance waits this long for the first one to open the document, then ends.
+constexpr int kHandOverMs = 10000;
+
+QString withoutQuotes(const QString &text)
+{
+    return text.startsWith(u'"') ? text.mid(1).chopped(text.size() > 1 ? 1 : 0) : text;
+}
+
+} // namespace
+
+MainCode::MainCode(const Ground &ground, LifecycleTrace trace)
+    : m_ground(ground)
+    , m_trace(std::move(trace))
+{}
+
+MainCode::~MainCode() = default;
+
+QString MainCode::commandWithoutQuotes() const
+{
+    return withoutQuotes(m_command);
+}
+
+bool MainCode::Main(const QString &command)
+{
+    m_command = command;
+    // The program counts as one of the NT family, version 5.1: that gives the finished look of the progress panel.
+    flags.IsNT = true;
+    flags.IsXP = true;
+    flags.OptionsStartPage = 1;
+    flags.ShortcutsEnabled = true;
+    flags.CreditUnlocked = false;
+
+    trace(u"IsFirstInstance"_s);
+    if (!IsFirstInstance(instance::kMutexName)) {
+        trace(u"HandOverToFirstInstance"_s);
+        HandOverToFirstInstance();
+        return false;
+    }
+
+    m_frmMain = std::make_unique<frmMain>(*this);
+    trace(u"ShowSplash"_s);
+    frmSplash splash(flags);
+    splash.show();
+    QCoreApplication::processEvents();
+    // The engine's processes start while the window is built.
+    m_ground.engine.warmUp();
+    trace(u"LoadMain"_s);
+    m_frmMain->Load();
+    QCoreApplication::processEvents();
+    if (m_frmMain->isUnloaded())
+        return true;
+    trace(u"MarkMainWindow"_s);
+    MarkMainWindow();
+    trace(u"ShowMain"_s);
+    m_frmMain->showFirst();
+    trace(u"UnloadSplash"_s);
+    splash.Unload();
+    return true;
+}
+
+bool MainCode::IsFirstInstance(const char *mutexName)
+{
+    return m_instanceMutex.held() || m_instanceMutex.acquire(m_ground.paths.runtimeFolder.toStdString(), mutexName);
+}
+
+void MainCode::HandOverToFirstInstance()
+{
+    const std::string socket = instance::findRunningInstance(m_ground.paths.runtimeFolder.toStdString());
+    if (socket.empty())
+        return;
+    instance::send(socket, instance::handOverMessage(m_command.toStdString()), kHandOverMs);
+}
+
+void MainCode::ReleaseInstanceMutex()
+{
+    m_instanceMutex.release();
+}
+
+void MainCode::MarkMainWindow()
+{
+    m_mark = std::make_unique<desktop::InstanceMark>(
+        m_ground.paths.runtimeFolder,
+        [this](int32_t cbData, const QByteArray &bytes) { MainWindowProc(cbData, bytes); });
+}
+
+void MainCode::MainWindowProc(int32_t cbData, const QByteArray &bytes)
+{
+    if (!m_subclassed || !m_frmMain || m_frmMain->isUnloaded())
+        return;
+    if (cbData <= 0)
+        return;
+    QString text = QString::fromUtf8(bytes.left(cbData));
+    // Addresses and captions end at their first NUL: the one zero byte of an empty command line names no site.
+    if (const qsizetype end = text.indexOf(QChar(u'\0')); end >= 0)
+        text.truncate(end);
+    m_frmMain->LoadNewDoc(text);
+    if (Document *active = m_frmMain->ActiveForm())
+        active->setCaption(text);
+    m_frmMain->setWindowStateNormal();
+    if (settings.TrayPassword.isEmpty())
+        m_frmMain->showFromOutside();
+}

@@ -1,1 +1,287 @@
-// to come
+#include "core/frmMain.h"
+
+#include "core/AllSettings.h"
+#include "core/Commands.h"
+#include "core/KeyboardHook.h"
+
+#include "appearance/cMediaProgress.h"
+#include "base/Strings.h"
+#include "base/units.h"
+#include "controls/BandContainer.h"
+#include "controls/ComboBox.h"
+#include "controls/MdiFrame.h"
+#include "controls/MenuBar.h"
+#include "controls/PopupMenu.h"
+#include "controls/StatusBar.h"
+#include "controls/TabControl.h"
+#include "controls/ToolBar.h"
+#include "core/state/Document.h"
+#include "desktop/TrayIcon.h"
+#include "documents/SavedDocuments.h"
+#include "documents/frmNavigator.h"
+#include "engine/Engine.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPainter>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Pictures of the three lists.
+constexpr int kMenuPictures = 33;
+constexpr int kMiscPictures = 6;
+constexpr int kProgressPictures = 12;
+
+constexpr int kClockMs = 1000;
+
+/// Height of the tab and the address band inside, in pixels.
+constexpr int kBandHeight = 26;
+/// Edge of the small square buttons, in pixels.
+constexpr int kButtonEdge = 24;
+
+void addPictures(controls::ImageList &list, const QString &folder, int count)
+{
+    for (int i = 0; i < count; ++i)
+        list.add(u":/icons/%1/%2.svg"_s.arg(folder).arg(i, 2, 10, QLatin1Char('0')));
+}
+
+QToolButton *pictureButton(QWidget *parent, const QString &icon, int text)
+{
+    auto *button = new QToolButton(parent);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setIcon(QIcon(u":/icons/"_s + icon));
+    button->setToolTip(LoadResString(text));
+    button->setAccessibleName(LoadResString(text));
+    button->resize(kButtonEdge, kButtonEdge);
+    return button;
+}
+
+} // namespace
+
+frmMain::frmMain(MainCode &mainCode)
+    : m_mainCode(mainCode)
+{
+    setObjectName(u"frmMain"_s);
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+}
+
+frmMain::~frmMain()
+{
+    // Whatever still lives ends in this order: the documents, then what they stand on.
+    Unload();
+    if (mdi) {
+        const QList<QWidget *> left = mdi->forms();
+        for (QWidget *form : left)
+            mdi->removeForm(form);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        delete mdi;
+    }
+}
+
+void frmMain::createControls()
+{
+    addPictures(menuIL, u"menu"_s, kMenuPictures);
+    addPictures(miscIL, u"misc"_s, kMiscPictures);
+    addPictures(ProgressIL, u"progress"_s, kProgressPictures);
+
+    picHolder = new QWidget(this);
+    cReBar1 = new controls::BandContainer(picHolder);
+    auto *holder = new QVBoxLayout(picHolder);
+    holder->setContentsMargins(0, 0, 0, 0);
+    holder->addWidget(cReBar1);
+
+    tbhMenu = new controls::ToolBarHost(picHolder);
+    tbrMenu = new controls::MenuBar(picHolder);
+    picTest = new QWidget(picHolder);
+    // 540 by 240 twips.
+    picTest->setFixedSize(toPixels(540), toPixels(240));
+    Toolbar1 = new controls::ToolBar(picHolder);
+    Toolbar2 = new controls::ToolBar(picHolder);
+    createAddressBand();
+    createTabBand();
+
+    mdi = new controls::MdiFrame(this);
+    vbalStatusBar1 = new controls::StatusBar(this);
+    Clock = new QTimer(this);
+    Clock->setInterval(kClockMs);
+
+    m_layout = new QVBoxLayout(this);
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(0);
+    m_layout->addWidget(picHolder);
+    m_layout->addWidget(mdi, 1);
+    m_layout->addWidget(vbalStatusBar1);
+}
+
+void frmMain::createAddressBand()
+{
+    Picture1 = new QWidget(picHolder);
+    Picture1->setMinimumHeight(kBandHeight);
+    Label1 = new QLabel(LoadResString(20050), Picture1);
+    AddressBar = new controls::ComboBox(Picture1);
+    AddressBar->setAccessibleName(LoadResString(20050).remove(u'&'));
+    Label1->setBuddy(AddressBar);
+    Label1->resize(Label1->sizeHint().width(), kBandHeight);
+    Label1->move(4, 0);
+    AddressBar->setGeometry(Label1->geometry().right() + 7, 1, 200, kButtonEdge);
+    Go = pictureButton(Picture1, u"go.svg"_s, 20054);
+    Go->move(0, 1);
+    goNew = pictureButton(Picture1, u"gonew.svg"_s, 20055);
+    goNew->move(0, 1);
+    goNew->setCheckable(true);
+}
+
+void frmMain::createTabBand()
+{
+    Picture6 = new QWidget(picHolder);
+    Picture6->setMinimumHeight(kBandHeight);
+    vbalDTabControl1 = new controls::TabControl(Picture6);
+    Picture7 = pictureButton(Picture6, u"tile.svg"_s, 20056);
+    Picture8 = pictureButton(Picture6, u"cascade.svg"_s, 20057);
+}
+
+void frmMain::wire()
+{
+    const Ground &ground = m_mainCode.ground();
+    navigator = std::make_unique<frmNavigator>(this, *this, m_mainCode.settings, *mdi);
+    m_documents = std::make_unique<DocumentContext>(
+        DocumentContext{*this, m_mainCode.settings, m_mainCode.flags, ground.engine, ground.dialogs, ground.paths, *mdi,
+                        *vbalDTabControl1, *AddressBar, *vbalStatusBar1, *cReBar1, *navigator});
+    m_opener = std::make_unique<DocumentOpener>(*m_documents);
+    m_savedDocuments = std::make_unique<SavedDocuments>(ground.store, m_mainCode.settings, *navigator,
+                                                        static_cast<MainWindow &>(*this));
+    m_commands = std::make_unique<Commands>(*this);
+    m_addressBarRules = std::make_unique<AddressBarRules>(
+        AddressBarRules::Parts{*this, m_mainCode.flags, *AddressBar, *Go, *goNew, &ground.engine.visits()});
+
+    connect(Clock, &QTimer::timeout, this, [this] { showClock(*vbalStatusBar1); });
+    connect(vbalStatusBar1, &controls::StatusBar::panelDoubleClick, this, &frmMain::vbalStatusBar1_PanelDoubleClick);
+    connect(vbalStatusBar1, &controls::StatusBar::ownerDraw, this, [this](QPainter *painter, int, const QRect &rect) {
+        if (cProgress)
+            drawProgressPanel(*painter, rect, *vbalStatusBar1, *cProgress, m_mainCode.flags, ActiveForm() != nullptr);
+    });
+    connect(&ground.tray, &desktop::TrayIcon::doubleClicked, this, &frmMain::tray_DoubleClick);
+    connect(Picture7, &QToolButton::clicked, this, [this] { mdi->Arrange(controls::vbTileHorizontal); });
+    connect(Picture8, &QToolButton::clicked, this, [this] { mdi->Arrange(controls::vbCascade); });
+    connect(mdi, &controls::MdiFrame::mouseMoved, this, &frmMain::MDIForm_MouseMove);
+    connect(navigator.get(), &frmNavigator::newMenuRequested, this,
+            [this](const QPoint &position) { m_cNew->ShowPopupMenu(position.x(), position.y()); });
+}
+
+void frmMain::wireMenus()
+{
+    for (const auto &menu : {&m_cMenu, &m_cNew, &m_cNavToolbar, &m_cSitesToolbar, &m_cRefresh, &m_cStop}) {
+        controls::PopupMenu *popup = menu->get();
+        connect(popup, &controls::PopupMenu::Click, this, [this, popup](int item) { m_commands->Click(*popup, item); });
+    }
+    connect(m_cMenu.get(), &controls::PopupMenu::InitPopupMenu, this, &frmMain::m_cMenu_InitPopupMenu);
+    m_tabStrip = std::make_unique<TabStrip>(TabStrip::Parts{*this, m_mainCode.settings, *mdi, navigator->ListView1,
+                                                            *vbalDTabControl1, *m_cTabMenu, *m_cNew});
+    connect(m_tabStrip.get(), &TabStrip::tabMenuCommand, this, [this](const QString &key) { m_commands->run(key); });
+}
+
+Document *frmMain::ActiveForm() const
+{
+    return mdi ? qobject_cast<Document *>(mdi->activeForm()) : nullptr;
+}
+
+void frmMain::LoadNewDoc(QString &url)
+{
+    m_opener->LoadNewDoc(url);
+}
+
+void frmMain::ModifyMenu()
+{
+    static constexpr const char16_t *kNeedDocument[] = {
+        u"mnuFileClose",       u"mnuFileSaveAs",       u"mnuFileProperties",
+        u"mnuFilePageSetup",   u"mnuFilePrintPreview", u"mnuFilePrint",
+        u"mnuEditIncFont",     u"mnuEditDecFont",      u"mnuEditResetFont",
+        u"mnuEditSelectAll",   u"mnuEditFind",         u"mnuViewAddToFav",
+        u"mnuViewTabs",        u"mnuViewSource",       u"mnuViewInternetOptions",
+        u"mnuNavigateBack",    u"mnuNavigateForward",  u"mnuNavigateStop",
+        u"mnuNavigateRefresh", u"mnuContentFillForm",
+    };
+    const bool hasDocument = m_mainCode.flags.OpenDocumentCount >= 1;
+    for (const char16_t *key : kNeedDocument)
+        m_cMenu->setEnabled(m_cMenu->IndexForKey(QString::fromUtf16(key)), hasDocument);
+    // Back, Forward, Refresh and Stop; New before them always works.
+    for (int button = 1; button <= 4; ++button)
+        Toolbar1->setButtonEnabled(button, hasDocument);
+}
+
+void frmMain::SaveAllDocuments()
+{
+    m_savedDocuments->SaveAllDocuments();
+}
+
+void frmMain::LoadAllDocuments()
+{
+    m_savedDocuments->LoadAllDocuments();
+}
+
+void frmMain::mnuContentFlash()
+{
+    m_commands->run(u"mnuContentFlash"_s);
+}
+
+void frmMain::setMenuChecked(const QString &key, bool checked)
+{
+    m_cMenu->setChecked(m_cMenu->IndexForKey(key), checked);
+}
+
+void frmMain::ShowOptions() {}
+
+void frmMain::MDIForm_MouseMove(int, int, int, int)
+{
+    navigator->MDIForm_MouseMove();
+}
+
+void frmMain::setPicHolderAlign(int align)
+{
+    m_layout->removeWidget(picHolder);
+    m_layout->insertWidget(align == vbAlignBottom ? 1 : 0, picHolder);
+}
+
+void frmMain::openWindowMenu()
+{
+    std::vector<WindowLine> lines;
+    m_windowMenuForms.clear();
+    for (QWidget *form : mdi->forms()) {
+        const auto *document = qobject_cast<Document *>(form);
+        if (!document)
+            continue;
+        lines.push_back({static_cast<int>(m_windowMenuForms.size()), document->Caption(), form == mdi->activeForm()});
+        m_windowMenuForms.emplace_back(form);
+    }
+    BuildWindowMenu(*m_cMenu, u"mnuWindow"_s, lines);
+}
+
+QWidget *frmMain::windowMenuForm(int index) const
+{
+    return index >= 0 && index < static_cast<int>(m_windowMenuForms.size()) ? m_windowMenuForms[index] : nullptr;
+}
+
+void frmMain::m_cMenu_InitPopupMenu(int parentItemNumber)
+{
+    const QString key = m_cMenu->ItemKey(parentItemNumber);
+    if (key == u"mnuWindow"_s)
+        openWindowMenu();
+    else if (key == u"mnuTabAutoRefresh"_s)
+        m_tabStrip->markAutoRefresh(*m_cMenu);
+}
+
+void frmMain::vbalStatusBar1_PanelDoubleClick(int index)
+{
+    if (index == 3) {
+        ShowOptions();
+    } else if (index == 4) {
+        bool &enabled = m_mainCode.settings.PopupKillerEnable;
+        enabled = !enabled;
+        vbalStatusBar1->setPanelIcon(u"Item4"_s, enabled ? kPopupKillerOn : kPopupKillerOff);
+    }
+}

@@ -1,0 +1,363 @@
+// The life of the main window: load, resize, minimising, close.
+
+#include "core/AllSettings.h"
+#include "core/Commands.h"
+#include "core/KeyboardHook.h"
+#include "core/frmMain.h"
+
+#include "appearance/cMediaProgress.h"
+#include "base/Files.h"
+#include "base/Strings.h"
+#include "base/step.h"
+#include "base/units.h"
+#include "controls/BandContainer.h"
+#include "controls/ComboBox.h"
+#include "controls/MdiFrame.h"
+#include "controls/MenuBar.h"
+#include "controls/PopupMenu.h"
+#include "controls/StatusBar.h"
+#include "controls/TabControl.h"
+#include "controls/ToolBar.h"
+#include "core/state/Document.h"
+#include "core/state/SettingsStore.h"
+#include "desktop/Dialogs.h"
+#include "desktop/Paths.h"
+#include "desktop/TrayIcon.h"
+#include "documents/SavedDocuments.h"
+#include "documents/frmLoad.h"
+#include "documents/frmNavigator.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QScreen>
+#include <QToolButton>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kQuickTour = u"corvane://www/qtour/index.html"_s;
+
+/// Room, in twips, that the address bar and its two buttons leave free of the window's width.
+constexpr int kAddressBarRoom = 700;
+constexpr int kGoRoom = 500;
+constexpr int kGoNewRoom = 450;
+
+/// Width of the progress bar in the status bar, in pixels.
+constexpr int kProgressWidth = 172;
+
+/// Part of the window that has to lie on a screen, so that the user can get hold of it.
+constexpr QSize kReachable(120, 40);
+
+} // namespace
+
+void frmMain::Load()
+{
+    if (m_loaded)
+        return;
+    createControls();
+    wire();
+    m_loaded = true;
+    MDIForm_Load();
+}
+
+void frmMain::MDIForm_Load()
+{
+    trace("LocalizeForm");
+    setProperty(kTag, 1120);
+    LocalizeForm(this);
+    // The captions of the favorites buttons come with the side bar.
+    trace("SubclassMainWindow");
+    m_mainCode.SubclassMainWindow();
+    trace("InstallKeyboardHook");
+    installKeyboardHook();
+    trace("InitInterface");
+    InitInterface();
+    // LoadFavorites
+    trace("LoadAllSettings");
+    loadAllSettings();
+    trace("EnableClock");
+    showClock(*vbalStatusBar1);
+    Clock->start();
+    // The default browser check, LoadHistory and LoadNotes
+    trace("OpenFirstDocument");
+    openFirstDocument();
+}
+
+void frmMain::installKeyboardHook()
+{
+    const auto focusAddressBar = [this] {
+        goNew->setFocus();
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        AddressBar->setFocus();
+    };
+    m_keyboardHook = std::make_unique<KeyboardHook>(
+        m_mainCode.flags, KeyboardHook::Actions{
+                              focusAddressBar,
+                              [this] { m_commands->mnuNavigateStop(); },
+                              [this](bool backwards) { m_tabStrip->stepThroughTabs(backwards); },
+                              [this] { m_commands->run(u"mnuFileClose"_s); },
+                              [this] { m_commands->Home1(); },
+                              [this] { m_commands->run(u"mnuFileNew"_s); },
+                              [this] { m_commands->mnuFileOpen(); },
+                              [this] { m_commands->run(u"mnuViewQSearch"_s); },
+                          });
+    m_keyboardHook->install();
+}
+
+SettingsTargets frmMain::settingsTargets()
+{
+    const Ground &ground = m_mainCode.ground();
+    return {ground.store, ground.paths, m_mainCode.settings, *this,  *navigator,  *cReBar1,   *m_cMenu,
+            *AddressBar,  miscIL,       *vbalStatusBar1,     *goNew, ground.tray, g_sNextSkin};
+}
+
+void frmMain::loadAllSettings()
+{
+    LoadAllSettings(settingsTargets());
+}
+
+void frmMain::saveAllSettings()
+{
+    SaveAllSettings(settingsTargets());
+}
+
+void frmMain::InitInterface()
+{
+    Settings &settings = m_mainCode.settings;
+    LoadSkinSettings(m_mainCode.ground().store, m_mainCode.ground().paths, settings);
+    g_sNextSkin = settings.CurrentSkin;
+
+    m_cMenu = std::make_unique<controls::PopupMenu>(this);
+    InitMainMenu(*m_cMenu, menuIL);
+    m_cNew = std::make_unique<controls::PopupMenu>(this);
+    InitNewMenu(*m_cNew, menuIL);
+    m_cNavToolbar = std::make_unique<controls::PopupMenu>(this);
+    InitNavToolbarMenu(*m_cNavToolbar, menuIL);
+    m_cSitesToolbar = std::make_unique<controls::PopupMenu>(this);
+    InitSitesToolbarMenu(*m_cSitesToolbar, menuIL);
+    m_cTabMenu = std::make_unique<controls::PopupMenu>(this);
+    InitTabMenu(*m_cTabMenu, menuIL);
+    m_cRefresh = std::make_unique<controls::PopupMenu>(this);
+    InitRefreshMenu(*m_cRefresh, menuIL);
+    m_cStop = std::make_unique<controls::PopupMenu>(this);
+    InitStopMenu(*m_cStop, menuIL);
+    wireMenus();
+
+    m_cMenu->attachTo(tbrMenu);
+    tbhMenu->HostCapture(tbrMenu);
+    createBands();
+
+    cProgress = std::make_unique<cMediaProgress>();
+    cProgress->setMin(0);
+    cProgress->setMax(100);
+    cProgress->setWidth(kProgressWidth);
+    InitStatusBar(*vbalStatusBar1, miscIL);
+    vbalDTabControl1->setImageList(&ProgressIL);
+}
+
+void frmMain::createBands()
+{
+    cReBar1->AddBand(tbhMenu, QString(), true, false, u"MenuBar"_s);
+    cReBar1->setBandMinHeight(0, 24);
+    cReBar1->AddBand(picTest, QString(), false, true, u"Logo"_s);
+    cReBar1->AddBand(Toolbar1, QString(), true, false, u"Toolbar1"_s);
+    cReBar1->AddBand(Toolbar2, QString(), true, false, u"Toolbar2"_s);
+    cReBar1->AddBand(Picture1, QString(), true, false, u"Addressbar"_s);
+    cReBar1->setBandMinHeight(4, 24);
+    cReBar1->AddBand(Picture6, QString(), true, false, u"Tabbar"_s);
+}
+
+void frmMain::saveBandLayout()
+{
+    writeFileWhole(m_mainCode.ground().paths.programFolder + u"/layout.xml"_s, cReBar1->LayoutText().toUtf8());
+}
+
+void frmMain::openFirstDocument()
+{
+    const Settings &settings = m_mainCode.settings;
+    SettingsStore &store = m_mainCode.ground().store;
+
+    bool firstTime = false;
+    step([&] { firstTime = toBoolean(store.GetSetting(appTitle(), u"Settings"_s, u"FirstTime"_s, u"True"_s)); });
+    if (firstTime) {
+        store.SaveSetting(appTitle(), u"Settings"_s, u"FirstTime"_s, fromBoolean(false));
+        LoadNewDoc(kQuickTour);
+    } else if (!m_mainCode.Command().isEmpty()) {
+        LoadNewDoc(m_mainCode.commandWithoutQuotes());
+    } else if (!settings.SaveDocumentOnExit) {
+        LoadNewDoc(settings.SitesHome1);
+    } else if (settings.LoadAction == 1) {
+        LoadAllDocuments();
+    } else if (settings.LoadAction == 2 && m_savedDocuments->count() > 0) {
+        frmLoad question(this, *this, m_mainCode.settings, m_mainCode.flags);
+        question.exec();
+    }
+}
+
+void frmMain::showFirst()
+{
+    bringOntoScreen();
+    show();
+}
+
+/// A window that was stored on a screen that is no longer there comes back onto one.
+void frmMain::bringOntoScreen()
+{
+    const QRect place = geometry();
+    const auto reachable = [&](const QScreen *screen) {
+        const QRect seen = screen->availableGeometry().intersected(place);
+        return seen.width() >= std::min(kReachable.width(), place.width()) &&
+               seen.height() >= std::min(kReachable.height(), place.height()) &&
+               place.top() >= screen->availableGeometry().top();
+    };
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    if (screens.isEmpty() || std::any_of(screens.begin(), screens.end(), reachable))
+        return;
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    resize(size().boundedTo(area.size()));
+    move(std::clamp(place.left(), area.left(), area.right() + 1 - width()),
+         std::clamp(place.top(), area.top(), area.bottom() + 1 - height()));
+}
+
+void frmMain::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    MDIForm_Resize();
+}
+
+void frmMain::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        MDIForm_Resize();
+}
+
+void frmMain::MDIForm_Resize()
+{
+    if (!m_loaded || m_unloading)
+        return;
+    const double all = toTwips(frameGeometry().width());
+    const double buttons = toTwips(Go->width() + goNew->width());
+    const double room = all - buttons - toTwips(AddressBar->x()) - kAddressBarRoom;
+    AddressBar->resize(toPixels(std::max(room, 0.0)), AddressBar->height());
+    Go->move(toPixels(all - buttons - kGoRoom), Go->y());
+    goNew->move(toPixels(all - toTwips(goNew->width()) - kGoNewRoom), goNew->y());
+    cReBar1->RecalculateLayout();
+
+    // Without a tray the window could never come back, so it stays an ordinary minimised one.
+    if (isMinimized() && m_mainCode.settings.MinimizeToTray && m_mainCode.ground().tray.isAvailable()) {
+        m_navigatorHidden = m_navigatorHidden || navigator->isVisible();
+        navigator->hide();
+        hide();
+        if (!m_mainCode.settings.TrayPassword.isEmpty())
+            m_mainCode.ReleaseInstanceMutex();
+    }
+}
+
+void frmMain::setWindowStateNormal()
+{
+    setWindowState(windowState() & Qt::WindowActive);
+}
+
+void frmMain::showFromOutside()
+{
+    show();
+    if (std::exchange(m_navigatorHidden, false))
+        navigator->show();
+    raise();
+    activateWindow();
+}
+
+void frmMain::RestoreFromTray()
+{
+    setWindowStateNormal();
+    showFromOutside();
+}
+
+void frmMain::tray_DoubleClick()
+{
+    if (m_unloading)
+        return;
+    const Settings &settings = m_mainCode.settings;
+    if (settings.TrayPassword.isEmpty() || !settings.MinimizeToTray)
+        RestoreFromTray();
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    Unload();
+    event->accept();
+}
+
+void frmMain::Unload()
+{
+    if (!m_loaded || m_unloading)
+        return;
+    m_unloading = true;
+    // A question that is still up is answered with no, so that its loop ends.
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows)
+        if (auto *dialog = qobject_cast<QDialog *>(window))
+            dialog->reject();
+    MDIForm_QueryUnload();
+    MDIForm_Unload();
+    m_unloaded = true;
+    hide();
+    emit unloaded();
+}
+
+void frmMain::MDIForm_QueryUnload()
+{
+    const Settings &settings = m_mainCode.settings;
+    if (settings.SaveDocumentOnExit) {
+        trace("SaveAllDocuments");
+        SaveAllDocuments();
+    }
+    if (settings.CleanAddress) {
+        trace("ClearAddressBar");
+        AddressBar->Clear();
+    }
+    // The search list of frmQSearch, then the traces of browsing
+}
+
+void frmMain::MDIForm_Unload()
+{
+    trace("UnsubclassMainWindow");
+    m_mainCode.UnsubclassMainWindow();
+    trace("UninstallKeyboardHook");
+    m_keyboardHook->uninstall();
+    trace("SaveAllSettings");
+    saveAllSettings();
+    trace("SaveBandLayout");
+    saveBandLayout();
+    trace("ResetFont");
+    m_commands->mnuEditResetFont();
+    trace("UnloadNavigator");
+    navigator->setTag(u"1"_s);
+    navigator->Unload();
+    // frmTray, frmPassword and frmQSearch
+    if (m_mainCode.settings.MinimizeToTray) {
+        trace("RemoveTrayIcon");
+        m_mainCode.ground().tray.RemoveTrayIcon();
+    }
+    // SaveNotes and CloseHistoryList
+    trace("DestroyBands");
+    cReBar1->RemoveAllBands();
+    cReBar1->DestroyBar();
+    trace("UnloadForms");
+    unloadForms();
+    trace("DisableClock");
+    Clock->stop();
+    trace("ReleaseInstanceMutex");
+    m_mainCode.ReleaseInstanceMutex();
+}
+
+void frmMain::unloadForms()
+{
+    for (QWidget *form : mdi->forms())
+        if (auto *document = qobject_cast<Document *>(form))
+            document->Unload();
+}
