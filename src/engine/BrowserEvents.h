@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QObject>
+#include <QPointer>
 #include <QString>
 #include <functional>
 
@@ -50,6 +52,8 @@ struct PageMessage {
     /// A prompt: the box has an input line that starts with `defaultText`.
     bool wantsText = false;
     QString defaultText;
+    /// Goes when the page no longer waits for the answer (it was left, closed or ended): the box is to close then.
+    QPointer<QObject> asker;
     /// Called exactly once: whether the user accepted, and the text of the input line.
     std::function<void(bool accepted, const QString &text)> reply;
 };

@@ -21,6 +21,13 @@ public:
     virtual WebBrowser *createBrowser(QWidget *parent) = 0;
     /// Every visit of every browser ends here.
     virtual VisitLog &visits() = 0;
+
+    /// Where the page "this is no address" sends somebody who wants to search. "%s" in it stands for the words.
+    void setSearchAddress(const QString &address) { m_searchAddress = address; }
+    const QString &searchAddress() const { return m_searchAddress; }
+
+private:
+    QString m_searchAddress;
 };
 
 } // namespace engine

@@ -1,1 +1,44 @@
-// to come
+#include "engine/WBCustomizer.h"
+
+#include "base/step.h"
+
+namespace engine {
+
+void WBCustomizer::AttachBrowser(WebBrowser *browser)
+{
+    m_browser = browser;
+}
+
+void WBCustomizer::GetUserClick(int32_t &clicks) const
+{
+    clicks = m_browser ? m_browser->userClicks() : 0;
+}
+
+void WBCustomizer::ClearUserClick()
+{
+    if (m_browser)
+        m_browser->clearUserClicks();
+}
+
+int WBCustomizer::BackCount() const
+{
+    return m_browser ? static_cast<int>(m_browser->backEntries().size()) : 0;
+}
+
+int WBCustomizer::ForwardCount() const
+{
+    return m_browser ? static_cast<int>(m_browser->forwardEntries().size()) : 0;
+}
+
+void WBCustomizer::GetHistoryElement(bool isBack, int position, QString &title, QString &address) const
+{
+    if (!m_browser)
+        throw ControlError("no browser is attached");
+    const std::vector<HistoryEntry> entries = isBack ? m_browser->backEntries() : m_browser->forwardEntries();
+    if (position < 1 || position > static_cast<int>(entries.size()))
+        throw ControlError("no such page in the list");
+    title = entries[position - 1].title;
+    address = entries[position - 1].address;
+}
+
+} // namespace engine

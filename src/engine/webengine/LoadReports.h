@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <functional>
+
+namespace engine {
+
+/// Turns what the engine tells of loads into the progress events of a browser: after every navigation request that was
+/// reported, and after every load, comes exactly one closing event (0, 0). The engine ends loads of the page itself
+/// with a signal; loads of its frames it never ends, and some requests (a jump inside the page, another program's
+/// address, a download) have no load at all.
+class LoadReports : public QObject
+{
+    Q_OBJECT
+public:
+    using Report = std::function<void(int progress, int maximum)>;
+    explicit LoadReports(Report report);
+
+    /// A navigation was reported and is about to begin.
+    void requested(bool isMainFrame);
+    /// The navigation that was reported last is refused.
+    void refused(bool isMainFrame);
+    /// The navigation that was reported last is a jump inside the page, which has no load.
+    void jumped();
+    /// The load of the page itself.
+    void started();
+    void progress(int percent);
+    void finished();
+    /// A frame has loaded.
+    void frameLoaded();
+    /// Whatever may still be open ends now, unless the engine is to end it.
+    void settle();
+
+    /// A load of the page itself is under way or has been asked for.
+    bool isLoading() const { return m_loading || m_mainRequested; }
+
+private:
+    void close();
+
+    Report m_report;
+    QTimer m_noSign;
+    int m_frames = 0;
+    bool m_owed = false;
+    bool m_loading = false;
+    bool m_mainRequested = false;
+    bool m_mainRefused = false;
+};
+
+} // namespace engine

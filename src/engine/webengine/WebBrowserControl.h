@@ -1,0 +1,158 @@
+#pragma once
+
+#include "controls/PageBox.h"
+#include "engine/WebBrowser.h"
+#include "engine/webengine/LoadReports.h"
+#include "engine/webengine/Overlay.h"
+#include "engine/webengine/Page.h"
+#include "engine/webengine/PageBoxes.h"
+#include "engine/webengine/PageChannel.h"
+
+#include <QDeadlineTimer>
+#include <QHash>
+#include <QSet>
+#include <QTimer>
+#include <deque>
+#include <memory>
+#include <optional>
+
+class QAuthenticator;
+class QWebEngineCertificateError;
+class QWebEngineLoadingInfo;
+class QWebEngineNewWindowRequest;
+class QWebEngineView;
+
+namespace engine {
+
+class WebEngine;
+
+/// The browser of one document over Qt WebEngine. Spread over four files: the browser object (WebBrowserControl.cpp),
+/// what the engine reports (ControlEvents.cpp), what a document shows in place of its page (ControlNotices.cpp) and the
+/// standard commands (ControlCommands.cpp).
+class WebBrowserControl final : public WebBrowser, private Page::Host, private PageChannel::Client
+{
+    Q_OBJECT
+public:
+    WebBrowserControl(WebEngine &engine, QWidget *parent);
+    ~WebBrowserControl() override;
+
+    void Navigate2(const QString &url) override;
+    void Refresh2(int level) override;
+    void Stop() override;
+    void GoBack() override;
+    void GoForward() override;
+    QVariant ExecWB(int cmdid, int cmdexecopt, const QVariant &invar) override;
+    QString LocationURL() const override;
+    QString LocationName() const override;
+    bool Silent() const override { return m_silent; }
+    void setSilent(bool silent) override { m_silent = silent; }
+    bool RegisterAsBrowser() const override { return m_registerAsBrowser; }
+    void setRegisterAsBrowser(bool on) override { m_registerAsBrowser = on; }
+    void Exec(int command, int option, int value) override;
+    QVariant ambientProperty(int dispid) const override { return m_ambient.value(dispid); }
+    void setAmbientProperty(int dispid, const QVariant &value) override { m_ambient.insert(dispid, value); }
+    int userClicks() const override { return m_userClicks; }
+    void clearUserClicks() override { m_userClicks = 0; }
+    std::vector<HistoryEntry> backEntries() const override;
+    std::vector<HistoryEntry> forwardEntries() const override;
+    void setExposed(bool exposed) override;
+
+    /// The user has acted in the page.
+    void noteUserAct();
+    bool isShowing(const QWebEnginePage *page) const;
+    void tellStatus(const QString &text);
+    /// Deletes the page. Nothing works afterwards but destruction.
+    void shutDown();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    // What the engine asks while it waits for the answer.
+    bool navigationRequested(const QUrl &url, QWebEnginePage::NavigationType type, bool isMainFrame) override;
+    void alertRequested(const QUrl &origin, const QString &message) override;
+    void scriptFailed() override;
+    void boxRequested(const BoxRequest &request) override;
+    void frameLoaded() override;
+
+    // ControlEvents.cpp
+    void connectPage();
+    bool reportNavigation(const QUrl &url, bool isMainFrame);
+    bool hasNoRequest(const QUrl &url) const;
+    void openWindow(QWebEngineNewWindowRequest &request);
+    bool isFlood();
+    void adopt(QWebEngineNewWindowRequest &request);
+    void loadChanged(const QWebEngineLoadingInfo &info);
+    void loadEnded(const QWebEngineLoadingInfo &info);
+    void addressChanged(const QUrl &url);
+    void titleChanged(const QString &title);
+    void reportTitle();
+    bool isStandIn(const QString &title) const;
+    void reportLock(bool secure);
+    void closeWindow();
+    void keepFocus(QWidget *now);
+
+    // ControlNotices.cpp
+    void processEnded();
+    void certificateRefused(const QWebEngineCertificateError &error);
+    void showCertificateNotice();
+    void authenticate(const QUrl &url, QAuthenticator *authenticator);
+    void askForPassword(const QUrl &url, const QString &realm);
+    void showNotice(const QString &title, const QString &text, const std::vector<Overlay::Choice> &choices);
+    void removeNotice();
+
+    // ControlCommands.cpp
+    QVariant textSize(const QVariant &value);
+
+    void leavePage();
+    std::vector<HistoryEntry> entries(int step) const;
+
+    WebEngine &m_engine;
+    std::unique_ptr<Page> m_page;
+    std::unique_ptr<QWebEngineView> m_view;
+    PageBoxes m_boxes;
+    LoadReports m_load;
+    QPointer<Overlay> m_notice;
+    QPointer<controls::PageBox> m_passwordBox;
+
+    bool m_silent = false;
+    bool m_registerAsBrowser = false;
+    QHash<int, QVariant> m_ambient;
+    /// 0 smallest to 4 largest.
+    int m_textSize = 2;
+
+    /// What was asked for; stands for the page's address until the first one has come.
+    QString m_requested;
+    bool m_hasPage = false;
+    /// The navigation of the page itself that was let through last.
+    QUrl m_mainRequest;
+    /// A navigation that was reported without waiting for the engine, which then must not report it again.
+    QUrl m_reportedAhead;
+    bool m_isErrorPage = false;
+    bool m_stopAsked = false;
+
+    /// A page opened this window, so that its script may close it.
+    bool m_openedByPage = false;
+    bool m_isFirstLoad = true;
+    std::deque<QDeadlineTimer> m_windowRequests;
+
+    int m_userClicks = 0;
+    int m_scriptErrors = 0;
+    QTimer m_standIn;
+    QString m_reportedTitle;
+    bool m_reportedSecure = false;
+    bool m_wantsFocus = false;
+
+    struct BadCertificate
+    {
+        QString host;
+        QString reason;
+        bool isOverridable = false;
+        QUrl url;
+    };
+    std::optional<BadCertificate> m_badCertificate;
+    /// Keys of the credentials that this load has tried.
+    QSet<QString> m_triedCredentials;
+};
+
+} // namespace engine

@@ -1,0 +1,111 @@
+#include "engine/webengine/WebEngine.h"
+
+#include "engine/webengine/WebBrowserControl.h"
+
+#include <QDir>
+#include <QLocale>
+#include <QWebEngineSettings>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+/// The user's languages in the form of the request header, falling in weight: "de-DE,de;q=0.9,en;q=0.8".
+QString acceptedLanguages()
+{
+    QStringList languages;
+    for (const QString &language : QLocale().uiLanguages()) {
+        if (language == "C"_L1)
+            continue;
+        languages << language;
+        const QString plain = language.section(u'-', 0, 0);
+        if (plain != language)
+            languages << plain;
+    }
+    languages << u"en"_s;
+    languages.removeDuplicates();
+    QString header = languages.first();
+    for (int i = 1; i < std::min<int>(languages.size(), 9); ++i)
+        header += u",%1;q=0.%2"_s.arg(languages[i]).arg(10 - i);
+    return header;
+}
+
+} // namespace
+
+WebEngine::WebEngine(const EngineConfig &config)
+    : m_config(config)
+    , m_visits(config.visitFile)
+    , m_site(*this)
+{}
+
+WebEngine::~WebEngine()
+{
+    // Pages have to go before their profile. What a form should have deleted by now loses its page here.
+    for (const auto &browser : m_browsers) {
+        if (browser)
+            browser->shutDown();
+    }
+    // Running downloads report to what is about to go.
+    m_downloads.reset();
+    m_profile.reset();
+}
+
+void WebEngine::warmUp()
+{
+    profile();
+}
+
+QWebEngineProfile &WebEngine::profile()
+{
+    if (m_profile)
+        return *m_profile;
+    m_folder = ProfileFolder::take(m_config.profileFolder);
+    if (m_folder) {
+        const QString cache = m_folder->number() == 1 ? m_config.cacheFolder
+                                                      : u"%1-%2"_s.arg(m_config.cacheFolder).arg(m_folder->number());
+        makePrivateFolder(cache);
+        m_profile = std::make_unique<QWebEngineProfile>(u"Corvane"_s);
+        m_profile->setPersistentStoragePath(m_folder->path());
+        m_profile->setCachePath(cache);
+    } else {
+        // No folder to write to: everything works and nothing is kept.
+        m_profile = std::make_unique<QWebEngineProfile>();
+    }
+    m_profile->setHttpAcceptLanguage(acceptedLanguages());
+    m_profile->installUrlSchemeHandler(OwnSite::kScheme, &m_site);
+    m_profile->installUrlSchemeHandler(PageChannel::kScheme, &m_channel);
+
+    QWebEngineSettings *settings = m_profile->settings();
+    settings->setAttribute(QWebEngineSettings::PluginsEnabled, true);
+    settings->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, true);
+    settings->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
+
+    m_downloads =
+        std::make_unique<Downloads>(m_config.downloadFolder, [this](QWebEnginePage *page, const QString &text) {
+            for (const auto &browser : m_browsers) {
+                if (page && browser && browser->isShowing(page))
+                    browser->tellStatus(text);
+            }
+        });
+    connect(m_profile.get(), &QWebEngineProfile::downloadRequested, m_downloads.get(), &Downloads::start);
+    return *m_profile;
+}
+
+WebBrowser *WebEngine::createBrowser(QWidget *parent)
+{
+    std::erase_if(m_browsers, [](const auto &browser) { return !browser; });
+    auto *browser = new WebBrowserControl(*this, parent);
+    m_browsers.push_back(browser);
+    return browser;
+}
+
+QString WebEngine::keyOf(const QUrl &url, const QString &realm)
+{
+    return url.toString(QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment | QUrl::RemoveUserInfo |
+                        QUrl::StripTrailingSlash) +
+           u'\n' + realm;
+}
+
+} // namespace engine
