@@ -2,7 +2,9 @@
 
 #include <QMenu>
 #include <QObject>
+#include <QPointer>
 #include <QString>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -12,8 +14,11 @@ namespace controls {
 
 class ImageList;
 
-/// A popup menu of keyed items, with submenus. An item's index is given at AddItem and stays; a parent index of 0 means
-/// the top level. Index accessors throw ControlError for an unknown index.
+/// A popup menu of keyed items, with submenus. An item's index is given at AddItem, stays and is never given again; a
+/// parent index of 0 means the top level. Index accessors throw ControlError for an unknown index.
+///
+/// A click changes no mark: marks are what the program writes. Items may come and go in any handler, also while their
+/// menu opens.
 class PopupMenu : public QObject
 {
     Q_OBJECT
@@ -21,7 +26,8 @@ public:
     explicit PopupMenu(QWidget *owner);
     ~PopupMenu() override;
 
-    /// Returns the new index, from 1. A caption of "-" is a separator; a tab in the caption separates the shortcut text.
+    /// Returns the new index, from 1. A caption of "-" is a separator; a tab in the caption separates the shortcut
+    /// text.
     int AddItem(const QString &caption, const QString &helpText, int itemData, int parentIndex, int icon, bool checked,
                 bool enabled, const QString &key);
     /// Index of the item with this key, 0 when there is none. A key that stands more than once gives the first.
@@ -36,6 +42,7 @@ public:
     void setRadioChecked(int index, bool checked);
     bool Enabled(int index) const;
     void setEnabled(int index, bool enabled);
+    /// Removes the children of an item; it stays a submenu.
     void ClearSubItems(int index);
     /// Indices of the children in order; of the top level for 0.
     std::vector<int> Children(int parentIndex) const;
@@ -55,10 +62,19 @@ signals:
 
 private:
     struct Item;
+    const Item &item(int index) const;
+    Item &item(int index);
+    /// The menu that holds the children of an item, made at the first child.
+    QMenu &menuOf(int index);
+    void removeItem(int index);
+    void clicked(int index);
+
     std::unique_ptr<QMenu> m_menu;
-    std::vector<std::unique_ptr<Item>> m_items;
+    /// By index, so that the order is the order of adding.
+    std::map<int, Item> m_items;
+    int m_lastIndex = 0;
     const ImageList *m_images = nullptr;
-    QMenuBar *m_bar = nullptr;
+    QPointer<QMenuBar> m_bar;
 };
 
 } // namespace controls
