@@ -27,7 +27,8 @@ bool writeFileWhole(const QString &path, const QByteArray &content)
     if (!file.open(QIODevice::WriteOnly))
         return false;
     file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    return file.write(content) == content.size() && file.commit();
+    // Without the flush a full disk goes unseen: commit() does not look at the error of writing its buffer.
+    return file.write(content) == content.size() && file.flush() && file.commit();
 }
 
 std::optional<QString> keepAside(const QString &path)

@@ -1,4 +1,5 @@
 #include "base/Files.h"
+#include "base/FullDisk.h"
 #include "base/ShortcutFile.h"
 
 #include <QDir>
@@ -52,6 +53,11 @@ void tst_Files::writingIsWholeAndPrivate()
     constexpr auto kOthers = QFileDevice::Permissions(0x0077);
     QVERIFY(!(QFile::permissions(path) & kOthers));
 
+    for (const int size : {10000, 100000}) {
+        const FullDisk full(1000);
+        QVERIFY(!writeFileWhole(path, QByteArray(size, 'x')));
+        QCOMPARE(readFile(path).value_or("none"), "new");
+    }
     QVERIFY(!writeFileWhole(in(u"no/such/folder"_s), "x"));
     QVERIFY(!writeFileWhole(m_folder.path(), "x"));
     QCOMPARE(QDir(m_folder.path()).entryList({u"file*"_s}, QDir::Files), QStringList{u"file"_s});

@@ -41,7 +41,9 @@ bool readDevice(QIODevice &device, QSettings::SettingsMap &map)
 bool writeDevice(QIODevice &device, const QSettings::SettingsMap &map)
 {
     const QByteArray content = settingsformat::write(map);
-    return device.write(content) == content.size();
+    auto *file = qobject_cast<QFileDevice *>(&device);
+    // Without the flush a full disk goes unseen: what is still in the buffer fails after the last look at the error.
+    return device.write(content) == content.size() && (!file || file->flush());
 }
 
 /// QSettings' own INI format takes a comma for a list and a backslash for an escape in values typed by hand.
@@ -52,17 +54,18 @@ QSettings::Format settingsFormat()
     return format;
 }
 
-/// The file as QSettings may open it: its folder made, closed to other users, moved aside when it cannot be opened.
+/// The file as QSettings may open it: there, moved aside when it could not be opened, and closed to other users, which
+/// it then stays.
 QString prepared(const QString &path)
 {
     const QFileInfo info(path);
-    QDir().mkpath(info.path());
-    if (!info.exists())
-        return path;
-    if (!info.isFile() || !info.isReadable())
+    if (!info.exists()) {
+        QDir().mkpath(info.path());
+        QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly);
+    } else if (!info.isFile() || !info.isReadable()) {
         replaceByEmptyFile(path);
-    else if (info.permissions() & (QFileDevice::ReadGroup | QFileDevice::ReadOther))
-        QFile::setPermissions(path, kOwnerOnly);
+    }
+    QFile::setPermissions(path, kOwnerOnly);
     return path;
 }
 
@@ -75,14 +78,12 @@ QString fullKey(const QString &appName, const QString &section, const QString &k
 
 struct SettingsStore::Private
 {
-    explicit Private(const QString &file)
-        : settings(prepared(file), settingsFormat())
-    {}
-    QSettings settings;
+    QString file;
+    std::unique_ptr<QSettings> settings;
 };
 
 SettingsStore::SettingsStore(const QString &file)
-    : d(std::make_unique<Private>(file))
+    : d(new Private{prepared(file), std::make_unique<QSettings>(file, settingsFormat())})
 {}
 
 SettingsStore::~SettingsStore() = default;
@@ -90,17 +91,20 @@ SettingsStore::~SettingsStore() = default;
 QString SettingsStore::GetSetting(const QString &appName, const QString &section, const QString &key,
                                   const QString &defaultValue) const
 {
-    return d->settings.value(fullKey(appName, section, key), defaultValue).toString();
+    return d->settings->value(fullKey(appName, section, key), defaultValue).toString();
 }
 
 void SettingsStore::SaveSetting(const QString &appName, const QString &section, const QString &key,
                                 const QString &value)
 {
-    d->settings.setValue(fullKey(appName, section, key), value);
+    d->settings->setValue(fullKey(appName, section, key), value);
 }
 
 bool SettingsStore::sync()
 {
-    d->settings.sync();
-    return d->settings.status() == QSettings::NoError;
+    // QSettings never forgets an error. A new one on the same file shares the changes that are not written yet.
+    if (d->settings->status() != QSettings::NoError)
+        d->settings = std::make_unique<QSettings>(d->file, settingsFormat());
+    d->settings->sync();
+    return d->settings->status() == QSettings::NoError;
 }
