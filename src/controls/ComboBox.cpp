@@ -101,6 +101,8 @@ int ComboBox::ItemIcon(int index) const
 void ComboBox::setImageList(const ImageList *images)
 {
     m_images = images;
+    if (images)
+        setIconSize(QSize(images->size(), images->size()));
     for (int i = 0; i < count(); ++i)
         setItemIcon(i, images ? images->icon(ItemIcon(i)) : QIcon());
 }

@@ -1,5 +1,7 @@
 #include "controls/MenuBar.h"
 
+#include "controls/FlatLook.h"
+
 #include <QEvent>
 #include <QMenu>
 #include <QPainter>
@@ -15,20 +17,26 @@ MenuBar::MenuBar(QWidget *parent)
     setNativeMenuBar(false);
     // QMenuBar collects what does not fit behind this button. The collection is what the chevron shows; the button
     // itself would stand beside the chevron and say the same.
-    if (QWidget *button = extension())
+    if (QToolButton *button = extension())
         button->setMaximumSize(0, 0);
 }
 
-QWidget *MenuBar::extension() const
+QToolButton *MenuBar::extension() const
 {
     return findChild<QToolButton *>(QStringLiteral("qt_menubar_ext_button"), Qt::FindDirectChildrenOnly);
 }
 
 void MenuBar::ShowChevronMenu(int x, int y)
 {
-    const auto *button = qobject_cast<QToolButton *>(extension());
-    if (button && button->menu() && !button->menu()->isEmpty())
-        button->menu()->popup(QPoint(x, y));
+    if (!hiddenActions().isEmpty())
+        extension()->menu()->popup(QPoint(x, y));
+}
+
+QList<QAction *> MenuBar::hiddenActions() const
+{
+    // The button's menu keeps its last content when the button goes.
+    const QToolButton *button = extension();
+    return button && !button->isHidden() && button->menu() ? button->menu()->actions() : QList<QAction *>();
 }
 
 QSize MenuBar::sizeHint() const
@@ -51,6 +59,24 @@ QSize MenuBar::sizeHint() const
 QSize MenuBar::minimumSizeHint() const
 {
     return {24, sizeHint().height()};
+}
+
+void MenuBar::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    const QList<QAction *> hidden = hiddenActions();
+    int flags = Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextDontClip | Qt::TextSingleLine;
+    if (!style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this))
+        flags |= Qt::TextHideMnemonic;
+    for (QAction *action : actions()) {
+        const QRect rect = actionGeometry(action);
+        if (!rect.intersects(event->rect()) || hidden.contains(action))
+            continue;
+        const bool active = action == activeAction();
+        paintFlatPanel(painter, rect, palette(), active && action->menu() && action->menu()->isVisible(), active);
+        style()->drawItemText(&painter, rect, flags, palette(), action->isEnabled(), action->text(),
+                              QPalette::WindowText);
+    }
 }
 
 ToolBarHost::ToolBarHost(QWidget *parent)

@@ -2,6 +2,8 @@
 
 #include <QMenuBar>
 
+class QToolButton;
+
 namespace controls {
 
 /// The menu bar as the content of a band: it asks for the width of all its menus, and what does not fit is listed by
@@ -18,8 +20,12 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
-    QWidget *extension() const;
+    QToolButton *extension() const;
+    QList<QAction *> hiddenActions() const;
 };
 
 /// Holds one toolbar as its whole content, on a picture of its own.

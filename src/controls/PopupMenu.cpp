@@ -69,8 +69,9 @@ int PopupMenu::AddItem(const QString &caption, const QString &helpText, int item
     added.itemData = itemData;
     added.parent = parentIndex;
     added.icon = icon;
-    added.action = new QAction(caption, &menu);
-    added.action->setSeparator(caption == u"-");
+    const bool separator = caption == u"-";
+    added.action = new QAction(separator ? QString() : caption, &menu);
+    added.action->setSeparator(separator);
     added.action->setStatusTip(helpText);
     // The roles that a desktop guesses from captions ("About", "Options") would move items elsewhere.
     added.action->setMenuRole(QAction::NoRole);
