@@ -12,10 +12,12 @@ class ImageList
 {
 public:
     /// `size` is the edge of a picture in device-independent pixels.
-    explicit ImageList(int size) : m_size(size) {}
+    explicit ImageList(int size)
+        : m_size(size)
+    {}
 
-    /// Appends a picture; a file that cannot be read gives an empty picture and keeps the numbering. Rendered lazily, at
-    /// first use.
+    /// Appends a picture; a file that cannot be read gives an empty picture and keeps the numbering. Rendered lazily,
+    /// at first use.
     int add(const QString &svgFile);
     int size() const { return m_size; }
     int count() const { return static_cast<int>(m_icons.size()); }

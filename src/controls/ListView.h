@@ -19,7 +19,10 @@ public:
 
 private:
     friend class ListItem;
-    ListSubItem(QTreeWidgetItem &item, int column) : m_item(item), m_column(column) {}
+    ListSubItem(QTreeWidgetItem &item, int column)
+        : m_item(item)
+        , m_column(column)
+    {}
     QTreeWidgetItem &m_item;
     int m_column;
 };
@@ -67,7 +70,9 @@ public:
 
     private:
         friend class ListView;
-        explicit Collection(ListView &view) : m_view(view) {}
+        explicit Collection(ListView &view)
+            : m_view(view)
+        {}
         ListView &m_view;
     };
     Collection ListItems() { return Collection(*this); }

@@ -44,6 +44,7 @@ public:
     void setTag(const QString &tag) { m_tag = tag; }
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 signals:
     void panelDoubleClick(int index);
@@ -57,7 +58,8 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    struct Panel {
+    struct Panel
+    {
         QString key;
         QString text;
         QString toolTip;
@@ -69,7 +71,11 @@ private:
     };
     const Panel &panel(int index) const;
     Panel &panel(int index);
+    int neededWidth(const Panel &panel) const;
     void layOut();
+    void paintPanel(QPainter &painter, int index);
+    /// Index of the panel under a point, 0 for none.
+    int panelAt(const QPoint &point) const;
 
     std::vector<Panel> m_panels;
     const ImageList *m_images = nullptr;

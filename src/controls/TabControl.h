@@ -6,6 +6,7 @@
 
 namespace controls {
 
+class GlyphButton;
 class ImageList;
 class TabControl;
 
@@ -31,15 +32,25 @@ public:
 
 private:
     friend class TabControl;
-    explicit Tab(TabControl &control) : m_control(control) {}
+    explicit Tab(TabControl &control)
+        : m_control(control)
+    {}
 
     TabControl &m_control;
     QString m_caption;
+    QString m_toolTip;
     QString m_tag;
     int m_iconIndex = 0;
+    /// What is drawn of the caption, and the width that the whole tab would like to have, in pixels.
+    QString m_line;
+    int m_width = 0;
 };
 
 /// A strip of tabs. Tabs are counted from 1. Every accessor throws ControlError for a position outside the collection.
+///
+/// The program alone selects: a press only raises tabClick, and the program's answer, the activation of the document,
+/// selects the tab. Tabs are as wide as caption and icon ask for, then narrow down together; when even that is too
+/// much, two buttons (and the wheel) scroll. The selected tab carries the close button.
 class TabControl : public QTabBar
 {
     Q_OBJECT
@@ -58,7 +69,9 @@ public:
 
     private:
         friend class TabControl;
-        explicit Collection(TabControl &control) : m_control(control) {}
+        explicit Collection(TabControl &control)
+            : m_control(control)
+        {}
         TabControl &m_control;
     };
     Collection Tabs() { return Collection(*this); }
@@ -77,17 +90,64 @@ signals:
     /// `iButton`: 1 left, 2 right, 4 middle. `Shift`: 1 Shift, 2 Ctrl, 4 Alt, added up. Pixels inside the control.
     void tabClick(controls::Tab &theTab, int iButton, int Shift, double x, double y);
     void tabDoubleClick(controls::Tab &theTab);
-    /// The close button of the selected tab. The tab has left the collection; it ends after the handlers.
+    /// The close button of the selected tab. The tab has left the collection; it ends after the handlers, or goes back
+    /// to its place when one of them sets `cancel`.
     void tabClose(controls::Tab &theTab, bool &cancel);
     /// A click on the empty part of the strip. The double click there comes as button 1, shift 2, x and y -1.0.
     void barClick(int iButton, int Shift, double x, double y);
 
+protected:
+    QSize tabSizeHint(int index) const override;
+    QSize minimumTabSizeHint(int index) const override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    void tabLayoutChange() override;
+    bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     friend class Tab;
     friend class Collection;
+
+    int indexOf(const Tab *tab) const;
+    void insert(int index, std::unique_ptr<Tab> tab);
+    std::unique_ptr<Tab> take(int index);
+    void select(int index);
+    void closeSelected();
+    void userSelected(int index);
+
+    void measure(Tab &tab) const;
+    void measureAll();
+    void captionChanged(Tab &tab);
+    void nameTab(int index);
+    bool scrolls() const;
+    void placeCloseButton();
+    void paintTab(QPainter &painter, int index) const;
+    void press(QMouseEvent *event);
+
     std::vector<std::unique_ptr<Tab>> m_tabs;
     const ImageList *m_images = nullptr;
     QString m_tag = QStringLiteral("0");
+    GlyphButton *m_close = nullptr;
+    QWidget *m_scrollLeft = nullptr;
+    QWidget *m_scrollRight = nullptr;
+    /// Above 0 while the selection is the program's doing.
+    int m_selecting = 0;
+    /// The tab that the last press hit; only compared, never used.
+    const Tab *m_pressed = nullptr;
+    bool m_pressedEmpty = false;
+    int m_wheel = 0;
+    /// Position of the tab under the pointer, -1 for none.
+    int m_hot = -1;
 };
 
 } // namespace controls

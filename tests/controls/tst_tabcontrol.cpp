@@ -1,0 +1,216 @@
+#include "base/step.h"
+#include "controls/GlyphButton.h"
+#include "controls/TabControl.h"
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+using namespace controls;
+using namespace Qt::StringLiterals;
+
+/// A strip that notes its events as short texts.
+class Strip : public TabControl
+{
+public:
+    Strip()
+    {
+        connect(this, &TabControl::tabClick, this, [this](Tab &tab, int button, int shift, double, double) {
+            log << u"click %1 %2 %3"_s.arg(tab.Caption()).arg(button).arg(shift);
+        });
+        connect(this, &TabControl::tabDoubleClick, this,
+                [this](Tab &tab) { log << u"double %1"_s.arg(tab.Caption()); });
+        connect(this, &TabControl::tabClose, this, [this](Tab &tab, bool &) {
+            log << u"close %1 of %2"_s.arg(tab.Caption()).arg(Tabs().Count());
+        });
+        connect(this, &TabControl::barClick, this, [this](int button, int shift, double x, double y) {
+            log << u"bar %1 %2%3"_s.arg(button).arg(shift).arg(x == -1.0 && y == -1.0 ? u" -1"_s : QString());
+        });
+        resize(600, 26);
+    }
+    void fill(int count)
+    {
+        for (int n = 1; n <= count; ++n)
+            Tabs().Add(u"Page number %1"_s.arg(n), 0);
+        show();
+        QVERIFY(QTest::qWaitForWindowExposed(this));
+    }
+    QPoint middleOf(int n) const { return tabRect(n - 1).center(); }
+    QPoint empty() const { return {width() - 4, height() / 2}; }
+    void doubleClick(const QPoint &point, Qt::KeyboardModifiers keys = {})
+    {
+        QTest::mouseClick(this, Qt::LeftButton, keys, point);
+        QTest::mouseDClick(this, Qt::LeftButton, keys, point);
+    }
+    GlyphButton *closeButton() const { return findChild<GlyphButton *>(); }
+
+    QStringList log;
+};
+
+class TestTabControl : public QObject
+{
+    Q_OBJECT
+private slots:
+    void collectionCountsFromOne()
+    {
+        Strip strip;
+        strip.fill(3);
+        QVERIFY_THROWS_EXCEPTION(ControlError, strip.Tabs(0));
+        QVERIFY_THROWS_EXCEPTION(ControlError, strip.Tabs(4));
+        QVERIFY_THROWS_EXCEPTION(ControlError, strip.Tabs().Remove(4));
+
+        strip.Tabs(3).setSelected(true);
+        strip.Tabs(3).setTag(u"1"_s);
+        strip.Tabs().Remove(1);
+        QCOMPARE(strip.Tabs().Count(), 2);
+        QCOMPARE(strip.Tabs(2).Tag(), u"1"_s);
+        QCOMPARE(strip.Tabs(2).Index(), 2);
+        QVERIFY(strip.Tabs(2).Selected());
+        QCOMPARE(strip.SelectedTab(), &strip.Tabs(2));
+
+        strip.Tabs().Remove(2);
+        strip.Tabs().Remove(1);
+        QCOMPARE(strip.SelectedTab(), nullptr);
+        QVERIFY(strip.closeButton()->isHidden());
+        QCOMPARE(strip.log, QStringList()); // none of it was a click
+    }
+
+    void mouseTellsButtonsAndKeysAndSelectsNothing_data()
+    {
+        QTest::addColumn<Qt::MouseButton>("button");
+        QTest::addColumn<Qt::KeyboardModifiers>("keys");
+        QTest::addColumn<QString>("onTab");
+        QTest::addColumn<QString>("onBar");
+        QTest::newRow("left") << Qt::LeftButton << Qt::KeyboardModifiers() << u"click Page number 2 1 0"_s << u"bar 1 0"_s;
+        QTest::newRow("right") << Qt::RightButton << Qt::KeyboardModifiers() << u"click Page number 2 2 0"_s << u"bar 2 0"_s;
+        QTest::newRow("middle+alt") << Qt::MiddleButton << Qt::KeyboardModifiers(Qt::AltModifier)
+                                    << u"click Page number 2 4 4"_s << u"bar 4 4"_s;
+        QTest::newRow("left+shift+ctrl") << Qt::LeftButton << (Qt::ShiftModifier | Qt::ControlModifier)
+                                         << u"click Page number 2 1 3"_s << u"bar 1 3"_s;
+    }
+    void mouseTellsButtonsAndKeysAndSelectsNothing()
+    {
+        QFETCH(Qt::MouseButton, button);
+        QFETCH(Qt::KeyboardModifiers, keys);
+        QFETCH(QString, onTab);
+        QFETCH(QString, onBar);
+        Strip strip;
+        strip.fill(2);
+        QTest::mousePress(&strip, button, keys, strip.middleOf(2));
+        QCOMPARE(strip.log, QStringList{onTab}); // with the press, before the release
+        QTest::mouseRelease(&strip, button, keys, strip.middleOf(2));
+        QTest::mouseClick(&strip, button, keys, strip.empty());
+        QCOMPARE(strip.log, (QStringList{onTab, onBar}));
+        QVERIFY(strip.Tabs(1).Selected());
+    }
+
+    void doubleClickFollowsItsFirstPress()
+    {
+        Strip strip;
+        strip.fill(2);
+        strip.doubleClick(strip.middleOf(2));
+        strip.doubleClick(strip.empty(), Qt::ShiftModifier);
+        QCOMPARE(strip.log, (QStringList{u"click Page number 2 1 0"_s, u"double Page number 2"_s, u"bar 1 1"_s,
+                                         u"bar 1 2 -1"_s}));
+        QTest::mouseDClick(&strip, Qt::MiddleButton, {}, strip.middleOf(2));
+        QCOMPARE(strip.log.last(), u"click Page number 2 4 0"_s);
+    }
+
+    /// Where a click closes its tab, the second click of a double click meets another one, or none.
+    void secondClickOnWhatMovedInIsAFirstPress()
+    {
+        Strip strip;
+        strip.fill(2);
+        connect(&strip, &TabControl::tabClick, &strip,
+                [&](Tab &tab, int, int, double, double) { strip.Tabs().Remove(tab.Index()); });
+        const QPoint place = strip.middleOf(1);
+        strip.doubleClick(place);
+        QCOMPARE(strip.log, (QStringList{u"click Page number 1 1 0"_s, u"click Page number 2 1 0"_s}));
+        QCOMPARE(strip.Tabs().Count(), 0);
+
+        strip.log.clear();
+        strip.Tabs().Add(u"Last"_s, 0);
+        strip.doubleClick(strip.middleOf(1));
+        QCOMPARE(strip.log, (QStringList{u"click Last 1 0"_s, u"bar 1 0"_s}));
+    }
+
+    void closeButtonTakesTheSelectedTabOutFirst()
+    {
+        Strip strip;
+        strip.fill(3);
+        strip.Tabs(2).setSelected(true);
+        GlyphButton *close = strip.closeButton();
+        QVERIFY(strip.tabRect(1).contains(close->geometry()));
+        QVERIFY(!close->accessibleName().isEmpty());
+        QTest::mouseClick(close, Qt::LeftButton);
+        QCOMPARE(strip.log, QStringList{u"close Page number 2 of 2"_s});
+        QCOMPARE(strip.Tabs(2).Caption(), u"Page number 3"_s);
+
+        connect(&strip, &TabControl::tabClose, &strip, [](Tab &, bool &cancel) { cancel = true; });
+        strip.Tabs(1).setSelected(true);
+        QTest::mouseClick(close, Qt::LeftButton);
+        QCOMPARE(strip.Tabs().Count(), 2);
+        QCOMPARE(strip.SelectedTab()->Caption(), u"Page number 1"_s);
+        QVERIFY(close->isVisible());
+    }
+
+    void manyTabsNarrowAndStayReachable()
+    {
+        Strip strip;
+        strip.fill(120);
+        const int natural = strip.tabRect(0).width();
+        QVERIFY(strip.tabRect(0).right() < strip.width());
+        QVERIFY(strip.tabRect(119).left() > strip.width());
+        QVERIFY(natural >= 16 * 3);
+        strip.Tabs(120).setSelected(true);
+        QVERIFY(strip.rect().contains(strip.middleOf(120)));
+        QVERIFY(strip.closeButton()->isVisible());
+        QVERIFY(strip.tabRect(119).contains(strip.closeButton()->geometry()));
+
+        // Back to the first one with the wheel, which selects nothing; titles that arrive meanwhile move nothing.
+        for (int turn = 0; turn < 130 && strip.tabRect(0).left() < 0; ++turn) {
+            QWheelEvent wheel(QPointF(50, 10), strip.mapToGlobal(QPointF(50, 10)), {}, {0, 120}, Qt::NoButton, {},
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&strip, &wheel);
+        }
+        QVERIFY(strip.rect().contains(strip.middleOf(1)));
+        QVERIFY(strip.Tabs(120).Selected());
+        strip.Tabs(60).setCaption(u"Another and much longer title of a page"_s);
+        QVERIFY(strip.rect().contains(strip.middleOf(1)));
+        QVERIFY(strip.closeButton()->isHidden()); // its tab is out of sight
+        QCOMPARE(strip.Tabs(60).Caption(), u"Another and much longer title of a page"_s);
+    }
+
+    /// Titles come from pages.
+    void titlesAreNeitherMarkupNorShortcuts()
+    {
+        Strip strip;
+        strip.fill(2);
+        const int before = strip.tabRect(0).width();
+        strip.Tabs(2).setCaption(u"&News & <b>more</b>"_s);
+        strip.Tabs(2).setToolTipText(u"<img src=x>\n"_s + QString(2'000'000, u'm'));
+        QTest::keyClick(&strip, Qt::Key_N, Qt::AltModifier);
+        QVERIFY(strip.Tabs(1).Selected());
+        QCOMPARE(strip.Tabs(2).Caption(), u"&News & <b>more</b>"_s);
+        QCOMPARE(strip.Tabs(2).ToolTipText().size(), 2'000'000 + 12);
+        QVERIFY(strip.accessibleTabName(1).size() < 1000);
+        QCOMPARE(strip.tabRect(0).width(), before);
+    }
+
+    /// Keys and assistive tools ask the program like a click does.
+    void otherWaysToATabAreClicks()
+    {
+        Strip strip;
+        strip.fill(2);
+        QTest::keyClick(&strip, Qt::Key_Right);
+        QTest::keyClick(&strip, Qt::Key_Left); // there is none before the first
+        QCOMPARE(strip.log, QStringList{u"click Page number 2 1 0"_s});
+        QVERIFY(strip.Tabs(1).Selected());
+        strip.setCurrentIndex(1);
+        QCOMPARE(strip.log.size(), 2);
+    }
+};
+
+QTEST_MAIN(TestTabControl)
+#include "tst_tabcontrol.moc"
