@@ -81,7 +81,7 @@ void DocumentOpener::openDocument(const QString &url)
     step([&] { document->RegisterAsBrowser(); });
     step([&] { document->NavigateDoc(url); });
     step([&] { document->setCaption(document->LocationURL()); });
-    m_context.mdi.showForm(document);
+    document->Show();
 
     const auto tab = [&]() -> controls::Tab & { return m_context.vbalDTabControl1.Tabs(document->position()); };
     step([&] { tab().setTag(QString()); });

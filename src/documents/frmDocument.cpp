@@ -92,7 +92,7 @@ frmDocument::~frmDocument()
 
 void frmDocument::Form_Load()
 {
-    setWindowTitle(LoadResString(kNoTitle));
+    m_caption = LoadResString(kNoTitle);
     LocalizeForm(this);
     ++m_context.flags.OpenDocumentCount;
     m_context.frmMain.ModifyMenu();
@@ -150,6 +150,12 @@ void frmDocument::Unload()
     Form_Unload();
     m_context.mdi.removeForm(this);
     deleteLater();
+}
+
+void frmDocument::Show()
+{
+    m_context.mdi.showForm(this);
+    m_context.mdi.setCaption(this, m_caption);
 }
 
 void frmDocument::Form_Activate()
@@ -213,6 +219,7 @@ void frmDocument::setExposed(bool exposed)
 
 void frmDocument::setCaption(const QString &caption)
 {
+    m_caption = caption;
     m_context.mdi.setCaption(this, caption);
 }
 

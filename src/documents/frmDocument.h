@@ -39,13 +39,15 @@ public:
     void PlayPopupSound() override;
     std::optional<int> autoRefreshInterval() const override;
 
-    QString Caption() const override { return windowTitle(); }
+    QString Caption() const override { return m_caption; }
     void setCaption(const QString &caption) override;
     engine::WebBrowser *browser() const override { return WebBro; }
     engine::WBCustomizer *customWB() const override { return CustomWB.get(); }
     void setTabAlreadyDeleted(bool deleted) override { bTabAlreadyDeleted = deleted; }
     void Unload() override;
 
+    /// Shows the form in the MDI frame, which makes it the active one.
+    void Show();
     /// The form has become the active MDI child, or is no longer.
     void Form_Activate();
     void Form_Deactivate();
@@ -110,6 +112,7 @@ private:
     void refreshAddressBar();
 
     DocumentContext &m_context;
+    QString m_caption;
     /// The host control, a child of the form: it lives as long as the form does.
     engine::WebBrowser *WebBrowser = nullptr;
     /// No navigation has passed WebBro_BeforeNavigate2 yet.

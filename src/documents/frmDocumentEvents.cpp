@@ -4,7 +4,6 @@
 #include "base/step.h"
 #include "controls/ComboBox.h"
 #include "controls/ListView.h"
-#include "controls/MdiFrame.h"
 #include "controls/PageBox.h"
 #include "controls/StatusBar.h"
 #include "controls/TabControl.h"
@@ -73,7 +72,7 @@ void frmDocument::WebBro_NewWindow2(engine::WebBrowser *&ppDisp, bool &)
     m_context.vbalDTabControl1.Tabs().Add(QString(), 0);
     line.setTag(frm);
     CustomWB->ClearUserClick();
-    m_context.mdi.showForm(frm);
+    frm->Show();
 }
 
 void frmDocument::WebBro_ProgressChange(int Progress, int ProgressMax)
@@ -190,10 +189,9 @@ void frmDocument::WBMessages_ShowMessage(engine::PageMessage message)
     content.wantsText = message.wantsText;
     content.defaultText = message.defaultText;
     // The box belongs to the form, covers nothing else and ends with the form at the latest.
-    auto *box = new controls::PageBox(
-        this, content, [reply = std::move(message.reply)](bool accepted, const QString &text, const QString &) {
-            reply(accepted, text);
-        });
+    auto *box = new controls::PageBox(this, content,
+                                      [reply = std::move(message.reply)](bool accepted, const QString &text,
+                                                                         const QString &) { reply(accepted, text); });
     if (message.asker)
         connect(message.asker, &QObject::destroyed, box, &QObject::deleteLater);
 }

@@ -12,6 +12,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QLayout>
 #include <QMouseEvent>
 #include <QScreen>
 #include <algorithm>
@@ -41,6 +42,7 @@ constexpr int kWidth = 4815;
 constexpr int kHeight = 1305;
 constexpr int kStatusWidth = 80;
 constexpr int kIconSize = 16;
+constexpr int kArrowWidth = 14;
 
 /// Pictures of ImageList1, counted from 0.
 enum Picture { SitePicture, NewPicture, ClosePicture, RefreshPicture, StopPicture, PinPicture };
@@ -119,12 +121,15 @@ void frmNavigator::makeToolbar()
     Toolbar1.setIconSize(QSize(kIconSize, kIconSize));
     Toolbar1.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     Toolbar1.setMovable(false);
+    Toolbar1.setContentsMargins(0, 0, 0, 0);
+    Toolbar1.layout()->setSpacing(0);
+    Toolbar1.layout()->setContentsMargins(2, 2, 0, 2);
     QAction *buttonNew = addButton(NewPicture, 1101, 1107, u"New"_s);
 
     auto *arrow = new QToolButton(&Toolbar1);
     arrow->setAutoRaise(true);
     arrow->setArrowType(Qt::DownArrow);
-    arrow->setFixedWidth(kIconSize);
+    arrow->setFixedWidth(kArrowWidth);
     arrow->setFocusPolicy(Qt::TabFocus);
     arrow->setToolTip(QString::number(kNewMenu));
     Toolbar1.addWidget(arrow);
