@@ -16,7 +16,7 @@ namespace desktop {
 namespace {
 
 /// A sender writes its message at once; one that pauses for longer is none.
-constexpr auto kSilence = 3s;
+constexpr auto kSilence = 2s;
 
 /// Header and bytes of the largest message: what lies behind it is left unread.
 constexpr qint64 kBufferSize = 8 + instance::kMaxBytes;

@@ -56,9 +56,12 @@ std::string environment(const char *name)
     return value ? value : "";
 }
 
-std::string lockPath(const std::string &folder, const std::string &name)
+/// Descriptor of the file of a lock; none without a folder.
+Descriptor lockFile(const std::string &folder, const std::string &name, int flags)
 {
-    return folder + '/' + name + ".lock";
+    if (folder.empty())
+        return Descriptor();
+    return Descriptor(open((folder + '/' + name + ".lock").c_str(), flags | O_RDWR | O_CLOEXEC | O_NOFOLLOW, 0600));
 }
 
 /// A write lock over the whole file.
@@ -249,7 +252,7 @@ bool Lock::acquire(const std::string &folder, const std::string &name)
 {
     if (held())
         return true;
-    Descriptor file(open(lockPath(folder, name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+    Descriptor file = lockFile(folder, name, O_CREAT);
     if (!file)
         return true;
     struct flock range = wholeFile();
@@ -268,7 +271,7 @@ void Lock::release()
 
 bool isOwned(const std::string &folder, const std::string &name)
 {
-    const Descriptor file(open(lockPath(folder, name).c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW));
+    const Descriptor file = lockFile(folder, name, 0);
     struct flock range = wholeFile();
     return file && fcntl(file.get(), F_OFD_GETLK, &range) == 0 && range.l_type != F_UNLCK;
 }
