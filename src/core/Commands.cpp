@@ -129,13 +129,24 @@ std::span<const Commands::Entry> Commands::table()
         {u"mnuNavigateRefreshAll", &C::refreshAll},
         {u"mnuNavigateStopAll", &C::stopAll},
 
-        {u"mnuTBLargeIcons", nullptr},
-        {u"mnuTBShowText", nullptr},
-        {u"mnuTBTextAlignRight", nullptr},
-        {u"mnuTBTextAlignBottom", nullptr},
+        {u"mnuTBLargeIcons", &C::mnuTBLargeIcons},
+        {u"mnuTBShowText", &C::mnuTBShowText},
+        {u"mnuTBTextAlignRight", &C::mnuTBTextAlignRight},
+        {u"mnuTBTextAlignBottom", &C::mnuTBTextAlignBottom},
         {u"mnuCustomSitesToolbar", nullptr},
         {u"mnuImportIELinks", nullptr},
         {u"mnuTabAdd2Fav", nullptr},
+
+        {u"New", &C::mnuFileNew},
+        {u"Back", &C::Back},
+        {u"Forward", &C::Forward},
+        {u"Refresh", &C::mnuNavigateRefresh},
+        {u"Stop", &C::mnuNavigateStop},
+        {u"Home", &C::buttonHome},
+        {u"Home2", &C::buttonHome2},
+        {u"Mail", &C::buttonMail},
+        {u"Search", &C::buttonSearch},
+        {u"News", &C::buttonNews},
     };
     return kTable;
 }
@@ -256,7 +267,7 @@ void Commands::mnuViewNavigator()
 
 void Commands::setAlign(int align, const QString &menuKey)
 {
-    m_main.setPicHolderAlign(align);
+    m_main.bands().setAlign(align);
     m_main.m_cMenu->setRadioChecked(m_main.m_cMenu->IndexForKey(menuKey), true);
 }
 

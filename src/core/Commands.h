@@ -6,11 +6,13 @@
 #include <span>
 
 class Document;
+class QPoint;
 class frmMain;
 struct Settings;
 namespace controls {
 class PopupMenu;
-}
+class ToolBar;
+} // namespace controls
 
 /// The commands of the main window: one table from the text key of a menu item to its handler, for all seven menus, the
 /// toolbar buttons and the keys. A key without an entry does nothing.
@@ -26,6 +28,10 @@ public:
     bool run(const QString &key);
     /// Whether the table has a key.
     static bool knows(const QString &key);
+
+    void Toolbar1_ButtonClick(int button);
+    void Toolbar1_DropDownPress(int button);
+    void Toolbar2_ButtonClick(int button);
 
     // Commands that others call by name
     void Back();
@@ -113,6 +119,17 @@ private:
     void mnuHelpReportBug();
     void mnuHelpAbout();
 
+    // Toolbars
+    void buttonHome();
+    void buttonHome2();
+    void buttonMail();
+    void buttonSearch();
+    void buttonNews();
+    void mnuTBLargeIcons();
+    void mnuTBShowText();
+    void mnuTBTextAlignRight();
+    void mnuTBTextAlignBottom();
+
     void windowCommand(int itemData);
     void minimizeAll();
     void toggleBand(const QString &band, const QString &menuKey);
@@ -127,5 +144,17 @@ private:
     Document *active() const;
     Settings &settings() const;
 
+    /// A site button: in a new tab or the same one, as the setting says.
+    void siteButton(const QString &address, void (Commands::*sameTabForm)());
+    void setTextAlign(bool right);
+    /// Stores a look of the toolbar whose menu is open.
+    void storeLook(const char *what, bool value);
+    controls::ToolBar &menuToolbar() const;
+    controls::PopupMenu &toolbarMenu() const;
+    QString menuBand() const;
+    void ShowHistoryMenu(bool isBack, const QPoint &at);
+
     frmMain &m_main;
+    /// The toolbar menu that is open belongs to Toolbar2.
+    bool m_menuOfSites = false;
 };

@@ -6,6 +6,7 @@
 
 #include "appearance/cMediaProgress.h"
 #include "base/Strings.h"
+#include "base/step.h"
 #include "base/units.h"
 #include "controls/BandContainer.h"
 #include "controls/ComboBox.h"
@@ -16,6 +17,7 @@
 #include "controls/TabControl.h"
 #include "controls/ToolBar.h"
 #include "core/state/Document.h"
+#include "desktop/Paths.h"
 #include "desktop/TrayIcon.h"
 #include "documents/SavedDocuments.h"
 #include "documents/frmNavigator.h"
@@ -40,6 +42,7 @@ constexpr int kClockMs = 1000;
 
 /// Height of the tab and the address band inside, in pixels.
 constexpr int kBandHeight = 26;
+constexpr int kGap = 4;
 /// Edge of the small square buttons, in pixels.
 constexpr int kButtonEdge = 24;
 
@@ -54,7 +57,7 @@ QToolButton *pictureButton(QWidget *parent, const QString &icon, int text)
     auto *button = new QToolButton(parent);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
-    button->setIcon(QIcon(u":/icons/"_s + icon));
+    button->setIcon(QIcon(u":/icons/bars/"_s + icon));
     button->setToolTip(LoadResString(text));
     button->setAccessibleName(LoadResString(text));
     button->resize(kButtonEdge, kButtonEdge);
@@ -86,20 +89,14 @@ frmMain::~frmMain()
 void frmMain::createControls()
 {
     addPictures(menuIL, u"menu"_s, kMenuPictures);
-    addPictures(miscIL, u"misc"_s, kMiscPictures);
-    addPictures(ProgressIL, u"progress"_s, kProgressPictures);
+    addPictures(miscIL, u"status"_s, kMiscPictures);
+    addPictures(ProgressIL, u"tabs"_s, kProgressPictures);
 
     picHolder = new QWidget(this);
     cReBar1 = new controls::BandContainer(picHolder);
-    auto *holder = new QVBoxLayout(picHolder);
-    holder->setContentsMargins(0, 0, 0, 0);
-    holder->addWidget(cReBar1);
-
     tbhMenu = new controls::ToolBarHost(picHolder);
     tbrMenu = new controls::MenuBar(picHolder);
     picTest = new QWidget(picHolder);
-    // 540 by 240 twips.
-    picTest->setFixedSize(toPixels(540), toPixels(240));
     Toolbar1 = new controls::ToolBar(picHolder);
     Toolbar2 = new controls::ToolBar(picHolder);
     createAddressBand();
@@ -168,6 +165,16 @@ void frmMain::wire()
     connect(&ground.tray, &desktop::TrayIcon::doubleClicked, this, &frmMain::tray_DoubleClick);
     connect(Picture7, &QToolButton::clicked, this, [this] { mdi->Arrange(controls::vbTileHorizontal); });
     connect(Picture8, &QToolButton::clicked, this, [this] { mdi->Arrange(controls::vbCascade); });
+    m_toolbars = std::make_unique<Toolbars>(*Toolbar1, *Toolbar2, *cReBar1, ground.store, m_mainCode.settings);
+    m_bands = std::make_unique<Bands>(Bands::Controls{*picHolder, *cReBar1, *tbhMenu, *tbrMenu, *picTest, *Toolbar1,
+                                                      *Toolbar2, *Picture1, *Picture6, *vbalDTabControl1},
+                                      ground.paths.programFolder);
+    connect(m_bands.get(), &Bands::alignChanged, this, &frmMain::dockPicHolder);
+    // After the band's own rule, which gives the strip the width of the band.
+    connect(cReBar1, &controls::BandContainer::BandChildResize, this, &frmMain::layOutTabBand);
+    connect(Toolbar1, &controls::ToolBar::ButtonClick, m_commands.get(), &Commands::Toolbar1_ButtonClick);
+    connect(Toolbar1, &controls::ToolBar::DropDownPress, m_commands.get(), &Commands::Toolbar1_DropDownPress);
+    connect(Toolbar2, &controls::ToolBar::ButtonClick, m_commands.get(), &Commands::Toolbar2_ButtonClick);
     connect(mdi, &controls::MdiFrame::mouseMoved, this, &frmMain::MDIForm_MouseMove);
     connect(navigator.get(), &frmNavigator::newMenuRequested, this,
             [this](const QPoint &position) { m_cNew->ShowPopupMenu(position.x(), position.y()); });
@@ -211,7 +218,7 @@ void frmMain::ModifyMenu()
         m_cMenu->setEnabled(m_cMenu->IndexForKey(QString::fromUtf16(key)), hasDocument);
     // Back, Forward, Refresh and Stop; New before them always works.
     for (int button = 1; button <= 4; ++button)
-        Toolbar1->setButtonEnabled(button, hasDocument);
+        step([&] { Toolbar1->setButtonEnabled(button, hasDocument); });
 }
 
 void frmMain::SaveAllDocuments()
@@ -241,10 +248,20 @@ void frmMain::MDIForm_MouseMove(int, int, int, int)
     navigator->MDIForm_MouseMove();
 }
 
-void frmMain::setPicHolderAlign(int align)
+void frmMain::dockPicHolder(int align)
 {
     m_layout->removeWidget(picHolder);
     m_layout->insertWidget(align == vbAlignBottom ? 1 : 0, picHolder);
+}
+
+/// The tab strip leaves room for the two buttons at its right end.
+void frmMain::layOutTabBand()
+{
+    const int left = std::max(0, Picture6->width() - 2 * kButtonEdge - kGap);
+    const int top = (Picture6->height() - kButtonEdge) / 2;
+    Picture7->move(left, top);
+    Picture8->move(left + kButtonEdge, top);
+    vbalDTabControl1->resize(std::max(0, left - kGap), Picture6->height());
 }
 
 void frmMain::openWindowMenu()

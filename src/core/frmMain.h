@@ -1,5 +1,7 @@
 #pragma once
 
+#include "appearance/Bands.h"
+#include "appearance/Toolbars.h"
 #include "core/Interface.h"
 #include "core/MainCode.h"
 #include "core/state/MainWindow.h"
@@ -117,10 +119,10 @@ public:
     std::unique_ptr<frmNavigator> navigator;
 
     MainCode &mainCode() const { return m_mainCode; }
+    Toolbars &toolbars() const { return *m_toolbars; }
+    Bands &bands() const { return *m_bands; }
     TabStrip &tabStrip() const { return *m_tabStrip; }
     Commands &commands() const { return *m_commands; }
-    /// vbAlignTop or vbAlignBottom.
-    void setPicHolderAlign(int align);
     /// Rebuilds the Window submenu and remembers which document each of its lines stands for.
     void openWindowMenu();
     /// The document that line `index` of the Window menu stood for when the menu opened; null when it has gone.
@@ -148,11 +150,11 @@ private:
     void saveAllSettings();
     SettingsTargets settingsTargets();
     void InitInterface();
-    void createBands();
-    void saveBandLayout();
+    void createMenus();
     void openFirstDocument();
     void bringOntoScreen();
     void MDIForm_Resize();
+    void dockPicHolder(int align);
     void layOutTabBand();
     void MDIForm_QueryUnload();
     void MDIForm_Unload();
@@ -169,6 +171,8 @@ private:
     bool m_unloaded = false;
     /// The Navigator was on the screen when the window went to the tray.
     bool m_navigatorHidden = false;
+    std::unique_ptr<Toolbars> m_toolbars;
+    std::unique_ptr<Bands> m_bands;
     std::unique_ptr<Commands> m_commands;
     std::unique_ptr<KeyboardHook> m_keyboardHook;
     std::unique_ptr<DocumentContext> m_documents;

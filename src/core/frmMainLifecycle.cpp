@@ -5,8 +5,8 @@
 #include "core/KeyboardHook.h"
 #include "core/frmMain.h"
 
+#include "appearance/ShippedFiles.h"
 #include "appearance/cMediaProgress.h"
-#include "base/Files.h"
 #include "base/Strings.h"
 #include "base/step.h"
 #include "base/units.h"
@@ -32,6 +32,7 @@
 #include <QDialog>
 #include <QScreen>
 #include <QToolButton>
+#include <QWindow>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -126,10 +127,31 @@ void frmMain::saveAllSettings()
 
 void frmMain::InitInterface()
 {
+    const Ground &ground = m_mainCode.ground();
     Settings &settings = m_mainCode.settings;
-    LoadSkinSettings(m_mainCode.ground().store, m_mainCode.ground().paths, settings);
+    installShippedFiles(ground.paths.programFolder);
+    LoadSkinSettings(ground.store, ground.paths, settings);
     g_sNextSkin = settings.CurrentSkin;
 
+    m_toolbars->BuildToolbars();
+    // The button that Toolbar2 is made with gives way to the links.
+    step([&] { Toolbar2->setButtonVisible(u"hack"_s, false); });
+    createMenus();
+    m_cMenu->attachTo(tbrMenu);
+    tbhMenu->HostCapture(tbrMenu);
+    // The skin's picture comes with the skins.
+    m_bands->LoadBandLayout(QString());
+
+    cProgress = std::make_unique<cMediaProgress>();
+    cProgress->setMin(0);
+    cProgress->setMax(100);
+    cProgress->setWidth(kProgressWidth);
+    InitStatusBar(*vbalStatusBar1, miscIL);
+    vbalDTabControl1->setImageList(&ProgressIL);
+}
+
+void frmMain::createMenus()
+{
     m_cMenu = std::make_unique<controls::PopupMenu>(this);
     InitMainMenu(*m_cMenu, menuIL);
     m_cNew = std::make_unique<controls::PopupMenu>(this);
@@ -145,34 +167,6 @@ void frmMain::InitInterface()
     m_cStop = std::make_unique<controls::PopupMenu>(this);
     InitStopMenu(*m_cStop, menuIL);
     wireMenus();
-
-    m_cMenu->attachTo(tbrMenu);
-    tbhMenu->HostCapture(tbrMenu);
-    createBands();
-
-    cProgress = std::make_unique<cMediaProgress>();
-    cProgress->setMin(0);
-    cProgress->setMax(100);
-    cProgress->setWidth(kProgressWidth);
-    InitStatusBar(*vbalStatusBar1, miscIL);
-    vbalDTabControl1->setImageList(&ProgressIL);
-}
-
-void frmMain::createBands()
-{
-    cReBar1->AddBand(tbhMenu, QString(), true, false, u"MenuBar"_s);
-    cReBar1->setBandMinHeight(0, 24);
-    cReBar1->AddBand(picTest, QString(), false, true, u"Logo"_s);
-    cReBar1->AddBand(Toolbar1, QString(), true, false, u"Toolbar1"_s);
-    cReBar1->AddBand(Toolbar2, QString(), true, false, u"Toolbar2"_s);
-    cReBar1->AddBand(Picture1, QString(), true, false, u"Addressbar"_s);
-    cReBar1->setBandMinHeight(4, 24);
-    cReBar1->AddBand(Picture6, QString(), true, false, u"Tabbar"_s);
-}
-
-void frmMain::saveBandLayout()
-{
-    writeFileWhole(m_mainCode.ground().paths.programFolder + u"/layout.xml"_s, cReBar1->LayoutText().toUtf8());
 }
 
 void frmMain::openFirstDocument()
@@ -200,6 +194,9 @@ void frmMain::openFirstDocument()
 void frmMain::showFirst()
 {
     bringOntoScreen();
+    // The engine's first page has made the native window by now, and that does not know the state that was set before.
+    if (QWindow *window = windowHandle())
+        window->setWindowStates(windowState());
     show();
 }
 
@@ -332,7 +329,7 @@ void frmMain::MDIForm_Unload()
     trace("SaveAllSettings");
     saveAllSettings();
     trace("SaveBandLayout");
-    saveBandLayout();
+    m_bands->SaveBandLayout();
     trace("ResetFont");
     m_commands->mnuEditResetFont();
     trace("UnloadNavigator");
@@ -345,8 +342,7 @@ void frmMain::MDIForm_Unload()
     }
     // SaveNotes and CloseHistoryList
     trace("DestroyBands");
-    cReBar1->RemoveAllBands();
-    cReBar1->DestroyBar();
+    m_bands->DestroyBands();
     trace("UnloadForms");
     unloadForms();
     trace("DisableClock");
