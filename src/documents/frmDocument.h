@@ -12,7 +12,7 @@
 /// kept as text in the Tag of its browser, is the index of both.
 ///
 /// The form does not navigate by itself, adds no tab and does not show itself: whoever makes it does.
-class frmDocument : public Document, public engine::BrowserEvents, public engine::WBMessages
+class frmDocument final : public Document, public engine::BrowserEvents, public engine::WBMessages
 {
     Q_OBJECT
 public:
