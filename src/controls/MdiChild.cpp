@@ -36,6 +36,8 @@ void MdiChild::changeEvent(QEvent *event)
         stateChanged(static_cast<QWindowStateChangeEvent *>(event));
     else
         QMdiSubWindow::changeEvent(event);
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
+        emit bordersChanged();
 }
 
 void MdiChild::stateChanged(QWindowStateChangeEvent *event)
@@ -66,8 +68,8 @@ void MdiChild::closeEvent(QCloseEvent *event)
     emit closeRequested();
 }
 
-// QMdiSubWindow activates itself and takes the focus when it or its form is shown. Here the frame says who is active, and
-// coming into sight is no reason.
+// QMdiSubWindow activates itself and takes the focus when it or its form is shown. Here the frame says who is active,
+// and coming into sight is no reason.
 void MdiChild::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);

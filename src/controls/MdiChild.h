@@ -3,6 +3,8 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 
+class QWindowStateChangeEvent;
+
 namespace controls {
 
 class MdiFrame;
@@ -39,6 +41,8 @@ signals:
     void closeRequested();
     /// The user has moved the child or changed its size.
     void placed();
+    /// Another style or font: the borders and the title bar may have another size.
+    void bordersChanged();
 
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;

@@ -105,6 +105,10 @@ void MdiFrame::connectChild(MdiChild *child)
         if (m_working == 0)
             m_tiled = false;
     });
+    connect(child, &MdiChild::bordersChanged, this, [this, child] {
+        if (m_working == 0 && m_maximised && child == m_active)
+            place(child);
+    });
     // Later, because the answer ends the child, and this is still inside one of its mouse events.
     connect(
         child, &MdiChild::closeRequested, this,
@@ -399,8 +403,6 @@ void MdiFrame::changeEvent(QEvent *event)
     QMdiArea::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         paintBackground();
-    else if (event->type() == QEvent::StyleChange)
-        placeAll(); // the borders have another width now
 }
 
 QWidget *MdiFrame::childControls()

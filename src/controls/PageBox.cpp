@@ -58,7 +58,6 @@ PageBox::PageBox(QWidget *page, const Content &content, Reply reply)
     m_panel = new QFrame(this);
     m_panel->setObjectName(u"panel"_s);
     m_panel->setAutoFillBackground(true);
-    m_panel->setFrameShape(QFrame::Box);
     auto *column = new QVBoxLayout(m_panel);
     column->setContentsMargins(18, 14, 18, 14);
     column->setSpacing(8);
@@ -152,6 +151,7 @@ void PageBox::buildButtons(QVBoxLayout *column, const Content &content)
         return button;
     };
     m_accept = add(content.acceptCaption, true);
+    m_accept->setDefault(true);
     if (!content.rejectCaption.isEmpty())
         m_reject = add(content.rejectCaption, false);
     column->addSpacing(2);
@@ -179,7 +179,7 @@ void PageBox::layOut()
     setGeometry(parentWidget()->rect());
     const int width = std::max(120, std::min(kPanelWidth, this->width() - 2 * kEdge));
     const QMargins inner = m_panel->layout()->contentsMargins();
-    const int textWidth = width - inner.left() - inner.right() - 2 * m_panel->frameWidth();
+    const int textWidth = width - inner.left() - inner.right();
     int wanted = m_message->heightForWidth(textWidth);
 
     // All the rest of the panel decides how much of the text can be seen at once.
@@ -214,9 +214,11 @@ void PageBox::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), QColor(0, 0, 0, 90));
-    // A soft edge under the panel, three lines wide.
-    for (int i = 1; i <= 3; ++i)
-        painter.fillRect(m_panel->geometry().adjusted(-i, -i + 1, i, i + 1), QColor(0, 0, 0, 22));
+    // A line round the panel, and a soft edge below it.
+    const QRect panel = m_panel->geometry();
+    for (int i = 2; i <= 4; ++i)
+        painter.fillRect(panel.adjusted(-i, -i + 1, i, i + 1), QColor(0, 0, 0, 22));
+    painter.fillRect(panel.adjusted(-1, -1, 1, 1), palette().color(QPalette::Dark));
 }
 
 void PageBox::keyPressEvent(QKeyEvent *event)

@@ -146,8 +146,8 @@ int StatusBar::neededWidth(const Panel &panel) const
     int width = panel.minWidth;
     if (!panel.spring && !panel.text.isEmpty()) {
         const int icon = panel.icon >= 0 ? kIconEdge + kPadding : 0;
-        width = std::max(width,
-                         fontMetrics().horizontalAdvance(drawableLine(panel.text, kTextLimit)) + icon + 2 * kPadding);
+        width = std::max(width, fontMetrics().horizontalAdvance(drawableLine(panel.text, kTextLimit)) + icon +
+                                    2 * kPadding + 2);
     }
     return width;
 }

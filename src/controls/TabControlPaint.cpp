@@ -19,7 +19,7 @@ constexpr int kSpace = 5;
 constexpr int kIcon = 16;
 constexpr int kCloseEdge = 16;
 /// A crowded tab keeps its icon and a few characters.
-constexpr int kNarrow = 76;
+constexpr int kNarrow = 96;
 /// The longest caption that the program writes has 53 characters; a tab draws no more than this of any.
 constexpr int kCaptionLimit = 120;
 

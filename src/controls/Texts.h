@@ -16,13 +16,18 @@ inline QString ownText(int id)
     return text;
 }
 
-/// A text from a page as one line that can be drawn: no line breaks, and no more than `limit` characters, since the
-/// cost of laying out a text grows with its length and pages send titles of a megabyte.
+/// A text from a page as one line that can be drawn: blanks in place of line breaks and tabs, and no more than `limit`
+/// characters, since the cost of laying out a text grows with its length and pages send titles of a megabyte.
 inline QString drawableLine(const QString &text, int limit)
 {
-    const bool tooLong = text.size() > limit;
-    const QString line = (tooLong ? text.left(limit) : text).simplified();
-    return tooLong ? line + QChar(0x2026) : line;
+    QString line = text.left(limit);
+    for (QChar &c : line) {
+        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+            c = u' ';
+    }
+    if (text.size() > limit)
+        line += QChar(0x2026);
+    return line;
 }
 
 /// The same for a tooltip. Text of a page must never be taken for markup, so it is escaped.

@@ -5,8 +5,8 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMdiSubWindow>
-#include <QMenuBar>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScopedPointer>
 #include <QTest>
 #include <QVBoxLayout>
@@ -343,7 +343,8 @@ private slots:
         connect(window.frame, &MdiFrame::mouseMoved, this, [&](int button, int shift, int x, int y) {
             moves << u"%1 %2 %3 %4"_s.arg(button).arg(shift).arg(x).arg(y);
         });
-        QMouseEvent move(QEvent::MouseMove, QPointF(30, 40), QPointF(30, 40), Qt::NoButton, Qt::LeftButton, Qt::ShiftModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(30, 40), QPointF(30, 40), Qt::NoButton, Qt::LeftButton,
+                         Qt::ShiftModifier);
         QCoreApplication::sendEvent(window.frame->viewport(), &move);
         QCOMPARE(moves, QStringList{u"1 1 30 40"_s});
     }

@@ -21,9 +21,8 @@ public:
         });
         connect(this, &TabControl::tabDoubleClick, this,
                 [this](Tab &tab) { log << u"double %1"_s.arg(tab.Caption()); });
-        connect(this, &TabControl::tabClose, this, [this](Tab &tab, bool &) {
-            log << u"close %1 of %2"_s.arg(tab.Caption()).arg(Tabs().Count());
-        });
+        connect(this, &TabControl::tabClose, this,
+                [this](Tab &tab, bool &) { log << u"close %1 of %2"_s.arg(tab.Caption()).arg(Tabs().Count()); });
         connect(this, &TabControl::barClick, this, [this](int button, int shift, double x, double y) {
             log << u"bar %1 %2%3"_s.arg(button).arg(shift).arg(x == -1.0 && y == -1.0 ? u" -1"_s : QString());
         });
@@ -82,8 +81,10 @@ private slots:
         QTest::addColumn<Qt::KeyboardModifiers>("keys");
         QTest::addColumn<QString>("onTab");
         QTest::addColumn<QString>("onBar");
-        QTest::newRow("left") << Qt::LeftButton << Qt::KeyboardModifiers() << u"click Page number 2 1 0"_s << u"bar 1 0"_s;
-        QTest::newRow("right") << Qt::RightButton << Qt::KeyboardModifiers() << u"click Page number 2 2 0"_s << u"bar 2 0"_s;
+        QTest::newRow("left") << Qt::LeftButton << Qt::KeyboardModifiers() << u"click Page number 2 1 0"_s
+                              << u"bar 1 0"_s;
+        QTest::newRow("right") << Qt::RightButton << Qt::KeyboardModifiers() << u"click Page number 2 2 0"_s
+                               << u"bar 2 0"_s;
         QTest::newRow("middle+alt") << Qt::MiddleButton << Qt::KeyboardModifiers(Qt::AltModifier)
                                     << u"click Page number 2 4 4"_s << u"bar 4 4"_s;
         QTest::newRow("left+shift+ctrl") << Qt::LeftButton << (Qt::ShiftModifier | Qt::ControlModifier)
@@ -111,8 +112,8 @@ private slots:
         strip.fill(2);
         strip.doubleClick(strip.middleOf(2));
         strip.doubleClick(strip.empty(), Qt::ShiftModifier);
-        QCOMPARE(strip.log, (QStringList{u"click Page number 2 1 0"_s, u"double Page number 2"_s, u"bar 1 1"_s,
-                                         u"bar 1 2 -1"_s}));
+        QCOMPARE(strip.log,
+                 (QStringList{u"click Page number 2 1 0"_s, u"double Page number 2"_s, u"bar 1 1"_s, u"bar 1 2 -1"_s}));
         QTest::mouseDClick(&strip, Qt::MiddleButton, {}, strip.middleOf(2));
         QCOMPARE(strip.log.last(), u"click Page number 2 4 0"_s);
     }

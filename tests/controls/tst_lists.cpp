@@ -1,0 +1,124 @@
+#include "base/step.h"
+#include "controls/ImageList.h"
+#include "controls/ListView.h"
+
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace controls;
+using namespace Qt::StringLiterals;
+
+class TestLists : public QObject
+{
+    Q_OBJECT
+private slots:
+    void linesAndSubItems()
+    {
+        ListView view;
+        view.setColumnCount(2);
+        for (const QString &text : {u"one"_s, u"two"_s, u"three"_s})
+            view.ListItems().Add(text).AddListSubItem();
+        ListItem &third = view.ListItems(3);
+        QCOMPARE(third.Index(), 3);
+        third.ListSubItems(1).setText(u"50%"_s);
+        third.setBold(true);
+        view.ListItems().Remove(1);
+        QCOMPARE(view.ListItems().Count(), 2);
+        QCOMPARE(third.Index(), 2);
+        QCOMPARE(&view.ListItems(2), &third);
+        QCOMPARE(third.ListSubItems(1).Text(), u"50%"_s);
+        QVERIFY(third.Bold() && !third.ListSubItems(1).Bold() && !view.ListItems(1).Bold());
+
+        QVERIFY_THROWS_EXCEPTION(ControlError, view.ListItems(0));
+        QVERIFY_THROWS_EXCEPTION(ControlError, view.ListItems(3));
+        QVERIFY_THROWS_EXCEPTION(ControlError, view.ListItems().Remove(3));
+        QVERIFY_THROWS_EXCEPTION(ControlError, third.ListSubItems(2));
+        QVERIFY_THROWS_EXCEPTION(ControlError, view.ListItems().Add().ListSubItems(1));
+    }
+
+    void tagForgetsAnObjectThatIsGone()
+    {
+        ListView view;
+        ListItem &item = view.ListItems().Add(u"line"_s);
+        auto object = std::make_unique<QObject>();
+        item.setTag(object.get());
+        QCOMPARE(item.Tag(), object.get());
+        object.reset();
+        QCOMPARE(item.Tag(), nullptr);
+    }
+
+    void selectionFollowsTheMouse()
+    {
+        ListView view;
+        view.ListItems().Add(u"one"_s);
+        view.ListItems().Add(QString(1'000'000, u'x')); // a title as long as pages can make it
+        view.resize(300, 200);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QCOMPARE(view.SelectedItem(), nullptr);
+        const QPoint second = view.visualItemRect(view.topLevelItem(1)).center();
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, {20, second.y()});
+        QCOMPARE(view.SelectedItem(), &view.ListItems(2));
+        QVERIFY(view.ListItems(2).Selected() && !view.ListItems(1).Selected());
+        QCOMPARE(view.ListItems(2).Text().size(), 1'000'000);
+    }
+
+    /// A line of two device pixels' width must stay one at each ratio, not be a stretched small picture.
+    void picturesAreSharpAndKeepTheirNumbers()
+    {
+        QTemporaryDir folder;
+        const QString file = folder.filePath(u"line.svg"_s);
+        QFile svg(file);
+        QVERIFY(svg.open(QIODevice::WriteOnly));
+        svg.write("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 16 16'>"
+                  "<rect x='8' width='8' height='16' fill='#000'/></svg>");
+        svg.close();
+
+        ImageList images(16);
+        QCOMPARE(images.add(folder.filePath(u"absent.svg"_s)), 0);
+        QCOMPARE(images.add(file), 1);
+        QVERIFY(images.icon(0).isNull() && images.icon(-1).isNull() && images.icon(2).isNull());
+        QVERIFY(images.pixmap(0, 1).isNull());
+        for (const qreal ratio : {1.0, 1.5, 2.0}) {
+            const QImage image = images.pixmap(1, ratio).toImage();
+            QCOMPARE(image.size(), QSize(16, 16) * ratio);
+            const int edge = image.width() / 2;
+            QCOMPARE(qAlpha(image.pixel(edge - 1, 5)), 0);
+            QCOMPARE(qAlpha(image.pixel(edge, 5)), 255);
+        }
+
+        ListView view;
+        view.setImageList(&images);
+        view.ListItems().Add(u"a"_s, 2);
+        view.ListItems().Add(u"b"_s);
+        QVERIFY(!view.topLevelItem(0)->icon(0).isNull());
+        QVERIFY(view.topLevelItem(1)->icon(0).isNull());
+    }
+
+    /// The program's own pictures: all there, none empty, no two alike.
+    void shippedPictures_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<int>("count");
+        QTest::newRow("tab states") << u":/icons/tabs"_s << 12;
+        QTest::newRow("status bar") << u":/icons/status"_s << 6;
+    }
+    void shippedPictures()
+    {
+        QFETCH(QString, folder);
+        QFETCH(int, count);
+        ImageList images(16);
+        QList<QImage> seen;
+        for (int i = 0; i < count; ++i) {
+            images.add(u"%1/%2.svg"_s.arg(folder).arg(i, 2, 10, QChar(u'0')));
+            const QImage image = images.pixmap(i, 2).toImage();
+            QVERIFY2(!image.isNull(), qPrintable(QString::number(i)));
+            QVERIFY2(!seen.contains(image), qPrintable(QString::number(i)));
+            seen << image;
+        }
+    }
+};
+
+QTEST_MAIN(TestLists)
+#include "tst_lists.moc"

@@ -1,0 +1,124 @@
+#include "base/step.h"
+#include "controls/StatusBar.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace controls;
+using namespace Qt::StringLiterals;
+
+/// The program's seven panels, and a note of what is painted.
+class Bar : public StatusBar
+{
+public:
+    Bar()
+    {
+        AddPanel(0, {}, -1, 145, true, u"Item1"_s);
+        AddPanel(0, {}, -1, 145, false, u"Item2"_s);
+        for (const QString &key : {u"Item3"_s, u"Item4"_s, u"Item5"_s})
+            AddPanel(kNoBorders | kToolTips, {}, -1, 16, false, key);
+        AddPanel(kOwnerDraw, {}, -1, 172, false, u"Item6"_s);
+        AddPanel(kNoBorders, {}, -1, 16, false, u"Item7"_s);
+        resize(900, sizeHint().height());
+        show();
+    }
+    QRegion painted;
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        painted += event->region();
+        StatusBar::paintEvent(event);
+    }
+};
+
+class TestStatusBar : public QObject
+{
+    Q_OBJECT
+private slots:
+    void panelsAreLaidOut()
+    {
+        Bar bar;
+        QVERIFY(bar.height() >= 22);
+        QCOMPARE(bar.PanelCount(), 7);
+        QCOMPARE(bar.PanelRect(2).width(), 145);
+        QCOMPARE(bar.PanelRect(6).width(), 172);
+        for (int index = 2; index <= 7; ++index)
+            QVERIFY(bar.PanelRect(index).left() > bar.PanelRect(index - 1).right());
+        const int spring = bar.PanelRect(1).width();
+        bar.resize(1000, bar.height());
+        QCOMPARE(bar.PanelRect(1).width(), spring + 100);
+        QCOMPARE(bar.PanelRect(6).width(), 172);
+        QVERIFY(bar.rect().contains(bar.PanelRect(7)));
+        bar.resize(100, bar.height()); // less than the fixed panels take
+        QVERIFY(bar.PanelRect(1).width() <= 0);
+
+        bar.setPanelText(u"Item2"_s, QString(60, u'8'));
+        QVERIFY(bar.PanelRect(2).width() > bar.fontMetrics().horizontalAdvance(QString(60, u'8')));
+    }
+
+    void panelsByKeyAndIndex()
+    {
+        Bar bar;
+        bar.setPanelText(1, u"Done"_s);
+        QCOMPARE(bar.PanelText(u"Item1"_s), u"Done"_s);
+        bar.setPanelToolTip(u"Item4"_s, u"tip"_s);
+        QCOMPARE(bar.PanelToolTip(u"Item4"_s), u"tip"_s);
+        QCOMPARE(bar.PanelIcon(u"Item5"_s), -1);
+        QCOMPARE(bar.PanelIndex(u"Item6"_s), 6);
+        QVERIFY_THROWS_EXCEPTION(ControlError, bar.setPanelText(8, {}));
+        QVERIFY_THROWS_EXCEPTION(ControlError, bar.setPanelIcon(u"Item8"_s, 1));
+        QVERIFY_THROWS_EXCEPTION(ControlError, bar.RedrawPanel(u"item1"_s));
+        QVERIFY_THROWS_EXCEPTION(ControlError, bar.PanelRect(0));
+    }
+
+    void onlyWhatChangedIsPainted()
+    {
+        Bar bar;
+        QVERIFY(QTest::qWaitForWindowExposed(&bar));
+        QTRY_VERIFY(!bar.painted.isEmpty());
+        const auto paintedBy = [&](auto change) {
+            QCoreApplication::processEvents();
+            bar.painted = {};
+            change();
+            QCoreApplication::processEvents();
+            return bar.painted;
+        };
+        QCOMPARE(paintedBy([&] { bar.setPanelText(1, u"text"_s); }), QRegion(bar.PanelRect(1)));
+        QCOMPARE(paintedBy([&] { bar.setPanelText(1, u"text"_s); }), QRegion());
+        QCOMPARE(paintedBy([&] { bar.setPanelIcon(u"Item4"_s, 3); }), QRegion(bar.PanelRect(4)));
+        QCOMPARE(paintedBy([&] { bar.setPanelIcon(u"Item4"_s, 3); }), QRegion());
+        QCOMPARE(paintedBy([&] { bar.RedrawPanel(u"Item6"_s); }), QRegion(bar.PanelRect(6)));
+        QCOMPARE(paintedBy([&] { bar.setPanelText(1, QString(1'000'000, u'w')); }), QRegion(bar.PanelRect(1)));
+    }
+
+    void ownerDrawCannotLeaveItsPanel()
+    {
+        Bar bar;
+        connect(&bar, &StatusBar::ownerDraw, this, [](QPainter *painter, int index, const QRect &rect) {
+            QCOMPARE(index, 6);
+            painter->fillRect(rect.adjusted(-50, -50, 100, 50), Qt::red);
+        });
+        const QImage image = bar.grab().toImage();
+        const QRect rect = bar.PanelRect(6);
+        QCOMPARE(image.pixelColor(rect.topLeft()), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(rect.bottomRight()), QColor(Qt::red));
+        QVERIFY(image.pixelColor(rect.right() + 1, rect.center().y()) != QColor(Qt::red));
+        QVERIFY(image.pixelColor(rect.left() - 1, rect.center().y()) != QColor(Qt::red));
+    }
+
+    void doubleClicksNameTheirPanel()
+    {
+        Bar bar;
+        QSignalSpy clicks(&bar, &StatusBar::panelDoubleClick);
+        QTest::mouseDClick(&bar, Qt::LeftButton, {}, bar.PanelRect(4).center());
+        QTest::mouseDClick(&bar, Qt::RightButton, {}, bar.PanelRect(4).center());
+        QTest::mouseDClick(&bar, Qt::LeftButton, {}, {bar.PanelRect(4).right() + 2, 10}); // between two panels
+        QCOMPARE(clicks, (QList<QVariantList>{{4}}));
+    }
+};
+
+QTEST_MAIN(TestStatusBar)
+#include "tst_statusbar.moc"
