@@ -158,14 +158,14 @@ void tst_SettingsStore::whatTheProgramDoesNotKnowSurvives()
     QDir().mkpath(QFileInfo(m_file).path());
     QVERIFY(writeFileWhole(m_file, "Alone=1\n"
                                    "[Other program/Deep/Section]\nFuture=a, b\n"
-                                   "[Corvane/General]\n; written by hand\nNewKey=2\n???\nLoadAction=1\n"));
+                                   "[Corvane/General]\n; written by hand\nNewKey=2\n???\na/b=c\nLoadAction=1\n"));
     {
         SettingsStore store(m_file);
         save(store, u"LoadAction"_s, u"3"_s);
     }
     const QByteArray content = readFile(m_file).value_or(QByteArray());
-    for (const char *line : {"Alone=1\n", "[Other program/Deep/Section]\nFuture=a, b\n", "; written by hand\n???\n",
-                             "NewKey=2\n", "LoadAction=3\n"})
+    for (const char *line : {"Alone=1\n", "[Other program/Deep/Section]\nFuture=a, b\n",
+                             "; written by hand\n???\na/b=c\n", "NewKey=2\n", "LoadAction=3\n"})
         QVERIFY2(content.contains(line), content.constData());
     QVERIFY(!content.contains("LoadAction=1"));
 }

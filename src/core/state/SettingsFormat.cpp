@@ -107,6 +107,12 @@ QString mapKey(const QString &section, QStringView name)
     return section.isEmpty() ? name.toString() : section + u'/' + name.toString();
 }
 
+/// Whether a name typed by hand can stand as a key: written and read again it must be the same.
+bool isName(QStringView name)
+{
+    return !name.isEmpty() && !QStringView(u";#[\u0001").contains(name.front()) && !name.contains(u'/');
+}
+
 } // namespace
 
 std::optional<Map> read(const QByteArray &content)
@@ -126,11 +132,12 @@ std::optional<Map> read(const QByteArray &content)
         if (line.isEmpty())
             continue;
         const qsizetype equals = line.indexOf(u'=');
+        const QStringView name = line.first(qMax<qsizetype>(equals, 0)).trimmed();
         if (line.front() == u'[' && line.back() == u']') {
             section = line.sliced(1, line.size() - 2).trimmed().toString();
-        } else if (equals > 0 && line.front() != u';' && line.front() != u'#') {
+        } else if (isName(name)) {
             const QStringView value = line.sliced(equals + 1).trimmed();
-            map.insert(mapKey(section, line.first(equals).trimmed()), unquoted(value).value_or(value.toString()));
+            map.insert(mapKey(section, name), unquoted(value).value_or(value.toString()));
         } else {
             map.insert(mapKey(section, kLineMark + u"%1"_s.arg(++others, 6, 10, QChar(u'0'))), line.toString());
         }

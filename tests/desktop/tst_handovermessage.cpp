@@ -8,7 +8,7 @@
 using namespace Qt::StringLiterals;
 
 /// The message itself and the texts that go into it; no process and no socket.
-class tst_HandOver : public QObject
+class tst_HandOverMessage : public QObject
 {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ private slots:
     void commandLines();
 };
 
-void tst_HandOver::messages_data()
+void tst_HandOverMessage::messages_data()
 {
     QTest::addColumn<QByteArray>("commandLine");
     QTest::addColumn<QByteArray>("bytes");
@@ -38,7 +38,7 @@ void tst_HandOver::messages_data()
     QTest::newRow("last character of several bytes") << QByteArray("\"a\xF0\x9F\x98\x80") << QByteArray("a") << 1U;
 }
 
-void tst_HandOver::messages()
+void tst_HandOverMessage::messages()
 {
     QFETCH(QByteArray, commandLine);
     const instance::CopyData message = instance::handOverMessage(commandLine.toStdString());
@@ -46,7 +46,7 @@ void tst_HandOver::messages()
     QTEST(message.dwData, "length");
 }
 
-void tst_HandOver::wire()
+void tst_HandOverMessage::wire()
 {
     const std::string bytes = instance::serialize({0x01020304, "xyz"});
     QCOMPARE(QByteArray::fromStdString(bytes), QByteArray("\x04\x03\x02\x01\x03\0\0\0xyz", 11));
@@ -59,7 +59,7 @@ void tst_HandOver::wire()
     QCOMPARE(QByteArray::fromStdString(message.bytes), "xyz");
 }
 
-void tst_HandOver::decoding_data()
+void tst_HandOverMessage::decoding_data()
 {
     QTest::addColumn<QByteArray>("header");
     QTest::addColumn<bool>("refused");
@@ -70,7 +70,7 @@ void tst_HandOver::decoding_data()
     QTest::newRow("text") << QByteArray("GET / HTTP/1.1\r\n") << true;
 }
 
-void tst_HandOver::decoding()
+void tst_HandOverMessage::decoding()
 {
     QFETCH(QByteArray, header);
     QFETCH(bool, refused);
@@ -79,7 +79,7 @@ void tst_HandOver::decoding()
              refused ? instance::Decoded::Refused : instance::Decoded::Incomplete);
 }
 
-void tst_HandOver::commandLines()
+void tst_HandOverMessage::commandLines()
 {
     QTemporaryDir folder;
     const QString before = QDir::currentPath();
@@ -103,5 +103,5 @@ void tst_HandOver::commandLines()
     QDir::setCurrent(before);
 }
 
-QTEST_GUILESS_MAIN(tst_HandOver)
-#include "tst_handover.moc"
+QTEST_GUILESS_MAIN(tst_HandOverMessage)
+#include "tst_handovermessage.moc"
