@@ -182,7 +182,8 @@ class Home:
         result.update(DISPLAY=display, QT_QPA_PLATFORM="xcb", QT_SCALE_FACTOR=str(scale), LC_ALL="C.UTF-8",
                       HOME=str(self.folder), CORVANE_HOME=str(self.folder), XDG_RUNTIME_DIR=str(runtime),
                       # A bus that is not there, so that none is started for it.
-                      DBUS_SESSION_BUS_ADDRESS=f"unix:path={runtime}/no-bus")
+                      DBUS_SESSION_BUS_ADDRESS=f"unix:path={runtime}/no-bus",
+                      QT_LOGGING_RULES="qt.webenginecontext=false")
         if os.geteuid() == 0:
             result["QTWEBENGINE_DISABLE_SANDBOX"] = "1"
         return result
