@@ -6,6 +6,10 @@
 
 namespace controls {
 
+namespace {
+Q_LOGGING_CATEGORY(log, "corvane.controls")
+} // namespace
+
 int ImageList::add(const QString &svgFile)
 {
     // QIcon reads and renders the file when a picture is first asked for, and once more for each other pixel ratio.
@@ -13,7 +17,7 @@ int ImageList::add(const QString &svgFile)
     if (QFileInfo(svgFile).isReadable())
         icon.addFile(svgFile, QSize(m_size, m_size));
     else
-        qCInfo(QLoggingCategory("corvane.controls")) << "no picture in" << svgFile;
+        qCInfo(log) << "no picture in" << svgFile;
     m_icons.push_back(icon);
     return count() - 1;
 }

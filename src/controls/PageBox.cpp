@@ -78,6 +78,7 @@ PageBox::PageBox(QWidget *page, const Content &content, Reply reply)
 
 PageBox::~PageBox()
 {
+    disconnect(qApp, nullptr, this, nullptr); // the lines and buttons lose the focus when they end
     if (m_reply)
         std::exchange(m_reply, nullptr)(false, {}, {});
 }

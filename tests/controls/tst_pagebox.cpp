@@ -28,6 +28,7 @@ public:
         show();
         activateWindow();
     }
+    ~Window() override { delete page; } // its boxes answer while the note of answers is still there
     PageBox *ask(const PageBox::Content &content)
     {
         return new PageBox(page, content, [this](bool accepted, const QString &text, const QString &password) {
@@ -46,7 +47,7 @@ public:
     }
 
     QLineEdit *address;
-    QWidget *page;
+    QPointer<QWidget> page;
     QStringList answers;
 };
 
