@@ -157,7 +157,7 @@ void tst_Opening::closingKeepsPositionsInStep()
         f.open(url);
     for (const int position : closed) {
         // The close button of a tab removes the tab before its document hears of it.
-        const bool byButton = position == 3;
+        const bool byButton = position == 2;
         if (byButton)
             f.tabs.Tabs().Remove(position);
         f.document(position).setTabAlreadyDeleted(byButton);
