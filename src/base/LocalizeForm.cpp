@@ -97,8 +97,7 @@ void localizeControl(QWidget *control)
 /// The controls of one form: what lies inside windows of their own (documents, dialogs) belongs to those.
 void localizeControlsOf(QObject *owner)
 {
-    const QObjectList children = owner->children();
-    for (QObject *child : children) {
+    for (QObject *child : owner->findChildren<QObject *>(QString(), Qt::FindDirectChildrenOnly)) {
         if (auto *action = qobject_cast<QAction *>(child)) {
             localizeAction(action);
         } else if (auto *control = qobject_cast<QWidget *>(child)) {
