@@ -1,0 +1,135 @@
+#include "EngineFixture.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QVBoxLayout>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+RecordedBrowser::RecordedBrowser(engine::Engine &engine, const LoopbackSite &site)
+    : m_host(site.address(QString()))
+    , m_browser(engine.createBrowser(&m_window))
+{
+    auto *all = new QVBoxLayout(&m_window);
+    all->setContentsMargins({});
+    all->addWidget(m_browser);
+    m_window.resize(500, 400);
+    m_window.show();
+    m_browser->setEventSink(this);
+    m_browser->setMessageSink(this);
+}
+
+QString RecordedBrowser::local(QString url) const
+{
+    return url.startsWith(m_host) ? url.mid(m_host.size()) : url;
+}
+
+bool RecordedBrowser::waitForEnd(int times) const
+{
+    return QTest::qWaitFor([&] { return count(u"end"_s) >= times; }, 15'000);
+}
+
+bool RecordedBrowser::open(const QString &url)
+{
+    const int before = count(u"end"_s);
+    m_browser->Navigate2(url);
+    return waitForEnd(before + 1);
+}
+
+void RecordedBrowser::click(const QPoint &at)
+{
+    // The page receives what its innermost widget receives; it is another one after each change of process.
+    QWidget *view = m_browser->focusProxy();
+    QVERIFY(QTest::qWaitFor([&] { return view->focusProxy() != nullptr; }));
+    QTest::mouseClick(view->focusProxy(), Qt::LeftButton, {}, at);
+}
+
+bool RecordedBrowser::press(const QString &caption)
+{
+    QAbstractButton *found = nullptr;
+    const bool isThere = QTest::qWaitFor([&] {
+        for (QAbstractButton *button : m_window.findChildren<QAbstractButton *>()) {
+            if (button->isVisible() && button->text().remove(u'&') == caption)
+                found = button;
+        }
+        return found != nullptr;
+    });
+    if (isThere)
+        found->click();
+    return isThere;
+}
+
+void RecordedBrowser::WebBro_BeforeNavigate2(const QString &URL, bool isMainFrame, bool &Cancel)
+{
+    events << (isMainFrame ? u"navigate "_s : u"frame "_s) + local(URL);
+    if (refuses && refuses(URL))
+        Cancel = true;
+}
+
+void RecordedBrowser::WebBro_NewWindow2(engine::WebBrowser *&ppDisp, bool &Cancel)
+{
+    events << u"window"_s;
+    if (takesWindow)
+        ppDisp = takesWindow();
+    Cancel = !ppDisp;
+}
+
+void RecordedBrowser::WebBro_ProgressChange(int, int ProgressMax)
+{
+    if (ProgressMax == 0)
+        events << u"end"_s;
+    else if (events.isEmpty() || events.last() != u"progress"_s)
+        events << u"progress"_s;
+}
+
+void RecordedBrowser::WebBro_SetSecureLockIcon(int SecureLockIcon)
+{
+    events << u"lock %1"_s.arg(SecureLockIcon);
+}
+
+TestEngine::TestEngine()
+    : engine(engine::makeWebEngine(config()))
+{}
+
+engine::EngineConfig TestEngine::config() const
+{
+    return {folder.filePath(u"profile"_s), folder.filePath(u"cache"_s), folder.filePath(u"visits.db"_s),
+            folder.filePath(u"downloads"_s)};
+}
+
+namespace {
+
+int parentOf(int process)
+{
+    QFile status(u"/proc/%1/status"_s.arg(process));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("PPid:"))
+            return line.mid(5).trimmed().toInt();
+    }
+    return 0;
+}
+
+bool isOurs(int process)
+{
+    while (process > 1 && process != QCoreApplication::applicationPid())
+        process = parentOf(process);
+    return process == QCoreApplication::applicationPid();
+}
+
+} // namespace
+
+int killRenderers()
+{
+    int killed = 0;
+    for (const QString &name : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+        QFile line(u"/proc/%1/cmdline"_s.arg(name));
+        if (name.toInt() > 0 && line.open(QIODevice::ReadOnly) && line.readAll().contains("--type=renderer") &&
+            isOurs(name.toInt()))
+            killed += ::kill(name.toInt(), SIGKILL) == 0;
+    }
+    return killed;
+}

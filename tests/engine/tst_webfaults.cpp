@@ -1,0 +1,201 @@
+#include "EngineFixture.h"
+
+#include "controls/PageBox.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+/// What stands in for a page when something goes wrong or asks for the user, the program's own site, and downloads.
+class WebFaults : public QObject
+{
+    Q_OBJECT
+
+    LoopbackSite m_site;
+    LoopbackSite m_secure{LoopbackSite::Security::SelfSigned};
+    TestEngine m_test;
+
+    QString at(const QString &path) const { return m_site.address(path); }
+
+private slots:
+    void init()
+    {
+        m_site.clearRequests();
+        m_site.page("/plain", "Plain");
+    }
+
+    void endedProcessIsToldAndReloadedOnDemand()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(at(u"/plain"_s)));
+        QVERIFY(killRenderers() > 0);
+        QWidget *notice = nullptr;
+        QVERIFY(QTest::qWaitFor([&] { return (notice = browser->findChild<QWidget *>(u"Overlay"_s)) != nullptr; }));
+        QCOMPARE(notice->geometry(), browser->rect());
+        QVERIFY(notice->accessibleDescription().contains(at(u"/plain"_s)));
+        QCOMPARE(m_site.count("/plain"), 1);
+        QCOMPARE(browser->LocationURL(), at(u"/plain"_s));
+
+        QVERIFY(browser.press(u"Reload"_s));
+        QVERIFY(browser.waitForEnd(2));
+        QCOMPARE(m_site.count("/plain"), 2);
+        QTRY_VERIFY(!browser->findChild<QWidget *>(u"Overlay"_s));
+    }
+
+    void hungPageIsClosedAtOnce()
+    {
+        m_site.page("/hung", "Hung",
+                    "<script>onload = () => setTimeout(() => { fetch('/hanging'); for (;;); }, 0)</script>");
+        auto browser = std::make_unique<RecordedBrowser>(*m_test.engine, m_site);
+        QVERIFY(browser->open(at(u"/hung"_s)));
+        QElapsedTimer time;
+        time.start();
+        browser.reset();
+        // The bound is the promise to the user, far above what it takes.
+        QVERIFY(time.elapsed() < 2000);
+        RecordedBrowser next(*m_test.engine, m_site);
+        QVERIFY(next.open(at(u"/plain"_s)));
+    }
+
+    void badCertificateIsTheUsersChoice()
+    {
+        m_secure.page("/plain", "Secret");
+        RecordedBrowser browser(*m_test.engine, m_secure);
+        QVERIFY(browser.open(at(u"/plain"_s)));
+        const QString address = m_secure.address(u"/plain"_s, u"localhost"_s);
+        QVERIFY(browser.open(address));
+        QCOMPARE(m_secure.count("/plain"), 0);
+        QVERIFY(browser.press(u"Continue anyway"_s));
+        QVERIFY(browser.waitForEnd(3));
+        QTRY_COMPARE(browser->LocationName(), u"Secret"_s);
+        QVERIFY(!browser->findChild<QWidget *>(u"Overlay"_s));
+        // Accepted is not secure.
+        QVERIFY(browser.events.filter(u"lock"_s).isEmpty());
+
+        // Parts of other pages are refused without a word, and another host name is asked about anew.
+        m_site.page("/mixed", "Mixed", "<img src=" + m_secure.address(u"/image"_s).toLatin1() + ">");
+        QVERIFY(browser.open(at(u"/mixed"_s)));
+        QVERIFY(!browser->findChild<QWidget *>(u"Overlay"_s));
+        QCOMPARE(m_secure.count("/image"), 0);
+        QVERIFY(browser.open(m_secure.address(u"/plain"_s)));
+        QVERIFY(browser->findChild<QWidget *>(u"Overlay"_s));
+    }
+
+    void passwordsAreAskedForInThePage()
+    {
+        m_site.locked("/vault", "me", "secret", {"<title>Inside</title>"});
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(at(u"/vault"_s)));
+        const auto answer = [&](const QString &password) {
+            controls::PageBox *box = nullptr;
+            if (!QTest::qWaitFor([&] { return (box = browser->findChild<controls::PageBox *>()) != nullptr; }))
+                return false;
+            const auto lines = box->findChildren<QLineEdit *>();
+            if (lines.size() != 2)
+                return false;
+            lines[0]->setText(u"me"_s);
+            lines[1]->setText(password);
+            return browser.press(u"Sign in"_s);
+        };
+        // Wrong ones are asked for again, right ones are remembered for this run.
+        QVERIFY(answer(u"wrong"_s));
+        QVERIFY(browser.waitForEnd(2));
+        QCOMPARE(browser->LocationName(), u"Locked"_s);
+        QVERIFY(answer(u"secret"_s));
+        QTRY_COMPARE(browser->LocationName(), u"Inside"_s);
+        RecordedBrowser other(*m_test.engine, m_site);
+        QVERIFY(other.open(at(u"/vault"_s)));
+        QCOMPARE(other->LocationName(), u"Inside"_s);
+    }
+
+    void ownSite_data()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<bool>("isThere");
+        QTest::newRow("page") << u"corvane://www/index.html"_s << true;
+        QTest::newRow("folder") << u"corvane://www/"_s << true;
+        QTest::newRow("other case") << u"corvane://www/INDEX.html"_s << true;
+        QTest::newRow("missing") << u"corvane://www/none.html"_s << false;
+        QTest::newRow("outside") << u"corvane://www/%2e%2e/strings/strings.txt"_s << false;
+    }
+
+    void ownSite()
+    {
+        QFETCH(QString, address);
+        QFETCH(bool, isThere);
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(address));
+        QTRY_COMPARE(browser->LocationName() != u"There is no such page"_s, isThere);
+        QVERIFY(!browser->LocationName().isEmpty());
+    }
+
+    void wordsOfferASearch()
+    {
+        m_test.engine->setSearchAddress(at(u"/search?q=%s"_s));
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(u"two & words"_s));
+        QCOMPARE(browser.events.first(), u"navigate two & words"_s);
+        QCOMPARE(browser->LocationURL(), u"two & words"_s);
+        QTRY_COMPARE(browser->LocationName(), u"This is not an address"_s);
+        // Pages cannot put words of theirs where addresses stand.
+        m_site.page("/forger", "Forger", "<script>location = 'corvane://words/?w=https://bank.example'</script>");
+        QVERIFY(browser.open(at(u"/forger"_s)));
+        QVERIFY(browser.open(at(u"/plain"_s)));
+        QVERIFY(browser.events.filter(u"bank"_s).isEmpty());
+    }
+
+    void flashLinkReachesTheDocumentOnly()
+    {
+        m_site.page("/flash", "Flash", "<script>onload = () => location = 'corvane://flash/ENABLEFLASH'</script>");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(at(u"/flash"_s)));
+        QTRY_COMPARE(browser.count(u"navigate corvane://flash/ENABLEFLASH"_s), 1);
+        QVERIFY(browser.open(at(u"/plain"_s)));
+    }
+
+    void downloadsKeepTheirNamesApartAndOutliveTheirPage()
+    {
+        LoopbackSite::Answer held{"late content", "application/octet-stream"};
+        held.headers = {{"Content-Disposition", "attachment; filename=data.tar.gz"}};
+        held.delay = 300;
+        m_site.add("/late", held);
+        m_site.download("/file", "data.tar.gz", "first");
+        {
+            RecordedBrowser browser(*m_test.engine, m_site);
+            QVERIFY(browser.open(at(u"/file"_s)));
+            QTRY_VERIFY(browser.statuses.filter(u"Saved data.tar.gz"_s).size() == 1);
+            QVERIFY(browser.open(at(u"/late"_s)));
+        }
+        const QDir folder(m_test.config().downloadFolder);
+        QTRY_COMPARE(folder.entryList(QDir::Files), (QStringList{u"data (2).tar.gz"_s, u"data.tar.gz"_s}));
+        QFile late(folder.filePath(u"data (2).tar.gz"_s));
+        QVERIFY(late.open(QIODevice::ReadOnly));
+        QCOMPARE(late.readAll(), "late content"_ba);
+    }
+
+    void secondProgramGetsAProfileOfItsOwn()
+    {
+        m_test.engine->warmUp();
+        {
+            const auto second = engine::makeWebEngine(m_test.config());
+            RecordedBrowser browser(*second, m_site);
+            QVERIFY(browser.open(at(u"/plain"_s)));
+            const QFileInfo own(m_test.config().profileFolder + u"-2"_s);
+            QVERIFY(own.isDir());
+            QCOMPARE(own.permissions() & QFile::Permissions(0x77), QFile::Permissions());
+        }
+        // Its place is free again when it has gone.
+        const auto third = engine::makeWebEngine(m_test.config());
+        third->warmUp();
+        QVERIFY(!QFileInfo::exists(m_test.config().profileFolder + u"-3"_s));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runEngineTests<WebFaults>(argc, argv);
+}
+#include "tst_webfaults.moc"

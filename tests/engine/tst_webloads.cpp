@@ -1,0 +1,265 @@
+#include "EngineFixture.h"
+
+#include "base/step.h"
+
+#include <QTcpServer>
+
+using namespace Qt::StringLiterals;
+
+/// What a browser reports of loads, over the real engine and a real server.
+class WebLoads : public QObject
+{
+    Q_OBJECT
+
+    LoopbackSite m_site;
+    TestEngine m_test;
+
+    int closedPort() const
+    {
+        QTcpServer server;
+        server.listen(QHostAddress::LocalHost);
+        return server.serverPort();
+    }
+
+private slots:
+    void init()
+    {
+        m_site.clearRequests();
+        m_site.page("/plain", "Plain", "<p id=low>text</p>");
+        m_site.page("/other", "Other");
+        m_site.redirect("/moved", "/plain");
+        m_site.add("/failing", {"<title>Broken</title>", "text/html", 500});
+        m_site.add("/empty", {"", "text/html", 204});
+        LoopbackSite::Answer cut{"<title>Half</title>half"};
+        cut.ending = LoopbackSite::Ending::CutOff;
+        m_site.add("/cut", cut);
+        m_site.download("/file", "data.bin", QByteArray(5000, 'x'));
+    }
+
+    void orderOfEvents_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QStringList>("expected");
+
+        // A page without a title before it shows its address until its own title has come.
+        QTest::newRow("page") << u"/plain"_s << u"/plain"_s
+                              << QStringList{u"navigate /plain"_s, u"title /plain"_s, u"title Plain"_s, u"end"_s};
+        QTest::newRow("redirect") << u"/moved"_s << u"/plain"_s
+                                  << QStringList{u"navigate /moved"_s, u"navigate /plain"_s, u"title /plain"_s,
+                                                 u"title Plain"_s, u"end"_s};
+        QTest::newRow("missing") << u"/missing"_s << u"/missing"_s
+                                 << QStringList{u"navigate /missing"_s, u"title /missing"_s, u"title Missing"_s,
+                                                u"end"_s};
+        QTest::newRow("cut off") << u"/cut"_s << u"/cut"_s
+                                 << QStringList{u"navigate /cut"_s, u"title /cut"_s, u"title Half"_s, u"end"_s};
+        QTest::newRow("no content") << u"/empty"_s << u"/empty"_s
+                                    << QStringList{u"navigate /empty"_s, u"title /empty"_s, u"end"_s};
+        QTest::newRow("download") << u"/file"_s << u"/file"_s
+                                  << QStringList{u"navigate /file"_s, u"title /file"_s, u"end"_s};
+        QTest::newRow("blank") << u"about:blank"_s << u"about:blank"_s
+                               << QStringList{u"navigate about:blank"_s, u"title about:blank"_s, u"end"_s};
+    }
+
+    void orderOfEvents()
+    {
+        QFETCH(QString, path);
+        QFETCH(QStringList, expected);
+        QFETCH(QString, address);
+        const auto full = [&](const QString &text) { return text.startsWith(u'/') ? m_site.address(text) : text; };
+
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(full(path)));
+        QCOMPARE(browser.events.at(1), u"progress"_s);
+        // How often the engine reports progress in between is its own affair.
+        QStringList events = browser.events.replaceInStrings(u"title "_s + m_site.address(QString()), u"title "_s);
+        events.removeAll(u"progress"_s);
+        QCOMPARE(events, expected);
+        QCOMPARE(browser->LocationURL(), full(address));
+
+        // A second end of the first load would come within the time of the next one.
+        QVERIFY(browser.open(m_site.address(u"/other"_s)));
+        QCOMPARE(browser.count(u"end"_s), 2);
+    }
+
+    void failuresShowAnErrorPageAndEnd()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        const QString refused = u"http://127.0.0.1:%1/"_s.arg(closedPort());
+        QVERIFY(browser.open(refused));
+        QCOMPARE(browser->LocationURL(), refused);
+        QVERIFY(browser.open(m_site.address(u"/failing"_s)));
+        QCOMPARE(browser.count(u"end"_s), 2);
+        // Neither is a visit.
+        for (const auto &visit : m_test.engine->visits().visits({}, QDateTime::currentDateTime().addDays(1)))
+            QVERIFY2(!visit.address.startsWith(refused) && !visit.address.contains(u"failing"_s),
+                     qPrintable(visit.address));
+    }
+
+    void slowPageKeepsTheRequestedAddress()
+    {
+        LoopbackSite::Answer held{"<title>Late</title>"};
+        held.ending = LoopbackSite::Ending::Held;
+        m_site.add("/held", held);
+        RecordedBrowser browser(*m_test.engine, m_site);
+        browser->Navigate2(m_site.address(u"/held"_s).mid(7));
+        QCOMPARE(browser->LocationURL(), m_site.address(u"/held"_s));
+        QVERIFY(browser.events.isEmpty());
+        QVERIFY(m_site.waitFor("/held"));
+        QCOMPARE(browser->LocationName(), m_site.address(u"/held"_s));
+        QCOMPARE(browser.count(u"end"_s), 0);
+        browser->Stop();
+        QVERIFY(browser.waitForEnd());
+        QCOMPARE(browser->LocationURL(), m_site.address(u"/held"_s));
+        // Refreshing what never came asks for it again.
+        browser->Refresh2(engine::REFRESH_COMPLETELY);
+        QVERIFY(m_site.waitFor("/held", 2));
+        m_site.release("/held");
+        QVERIFY(browser.waitForEnd(2));
+        QCOMPARE(browser->LocationName(), u"Late"_s);
+    }
+
+    void refusedNavigations()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/plain"_s)));
+        browser.refuses = [](const QString &url) { return url.endsWith(u"/other"_s); };
+        browser.events.clear();
+        QVERIFY(browser.open(m_site.address(u"/other"_s)));
+        QCOMPARE(browser.events, (QStringList{u"navigate /other"_s, u"end"_s}));
+        QCOMPARE(m_site.count("/other"), 0);
+        QCOMPARE(browser->LocationURL(), m_site.address(u"/plain"_s));
+        // Refused while a page still loads: that load ends with one event too.
+        m_site.page("/leaving", "Leaving", "<script>location='/other'</script>");
+        browser.events.clear();
+        QVERIFY(browser.open(m_site.address(u"/leaving"_s)));
+        QVERIFY(browser.open(m_site.address(u"/plain"_s)));
+        QCOMPARE(browser.count(u"end"_s), 2);
+        QCOMPARE(m_site.count("/other"), 0);
+    }
+
+    void framesOfARestingPageEndOnce()
+    {
+        m_site.page("/frames", "Frames",
+                    "<iframe name=f src=/plain></iframe><script>addEventListener('message', e => {"
+                    " f.location = e.data })</script>");
+        m_site.page("/inner", "Inner", "<script>onload = () => fetch('/inner-loaded')</script>");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/frames"_s)));
+        QCOMPARE(browser.count(u"frame /plain"_s), 1);
+        QCOMPARE(browser.count(u"end"_s), 1);
+
+        for (const QString &path : {u"/inner"_s, u"/refused"_s}) {
+            browser.events.clear();
+            browser.refuses = [](const QString &url) { return url.endsWith(u"/refused"_s); };
+            m_site.page("/mover", "Mover",
+                        "<iframe name=f src=/plain></iframe><script>onload = () => setTimeout(() => {"
+                        " f.location = '" +
+                            path.toLatin1() + "' }, 300)</script>");
+            QVERIFY(browser.open(m_site.address(u"/mover"_s)));
+            QVERIFY(browser.waitForEnd(2));
+            QCOMPARE(browser.count(u"frame "_s + path), 1);
+            // The end follows the frame's own and is no time-out.
+            QVERIFY(browser.open(m_site.address(u"/plain"_s)));
+            QCOMPARE(browser.count(u"end"_s), 3);
+        }
+        QCOMPARE(m_site.count("/refused"), 0);
+    }
+
+    void jumpsInsideThePage()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/plain"_s)));
+        browser.events.clear();
+        QVERIFY(browser.open(m_site.address(u"/plain#low"_s)));
+        QCOMPARE(browser.events, (QStringList{u"navigate /plain#low"_s, u"location /plain#low"_s, u"end"_s}));
+        // The same again changes nothing and ends all the same.
+        browser.events.clear();
+        QVERIFY(browser.open(m_site.address(u"/plain#low"_s)));
+        QCOMPARE(browser.events, (QStringList{u"navigate /plain#low"_s, u"end"_s}));
+        browser.refuses = [](const QString &) { return true; };
+        browser.events.clear();
+        QVERIFY(browser.open(m_site.address(u"/plain#refused"_s)));
+        QCOMPARE(browser->LocationURL(), m_site.address(u"/plain#low"_s));
+        // What the page does to its address by itself is no navigation.
+        browser.refuses = nullptr;
+        m_site.page("/pushing", "Pushing",
+                    "<script>onload = () => setTimeout(() => history.pushState(0, '', '/pushed'), 300)</script>");
+        QVERIFY(browser.open(m_site.address(u"/pushing"_s)));
+        browser.events.clear();
+        QTRY_COMPARE(browser.events, QStringList{u"location /pushed"_s});
+        QCOMPARE(browser->LocationURL(), m_site.address(u"/pushed"_s));
+    }
+
+    void titlesAreNotReplacedByAddresses()
+    {
+        m_site.add("/late",
+                   {"<title></title><p>x</p><script>setTimeout(() => { document.title = 'Late' }, 100)</script>"});
+        m_site.add("/untitled", {"<p>nothing</p>"});
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/plain"_s)));
+        QTRY_COMPARE(browser->LocationName(), u"Plain"_s);
+        browser.events.clear();
+        QVERIFY(browser.open(m_site.address(u"/untitled"_s)));
+        QTRY_COMPARE(browser.events.filter(u"title"_s), QStringList{u"title "_s + m_site.address(u"/untitled"_s)});
+        QVERIFY(browser.open(m_site.address(u"/late"_s)));
+        QTRY_COMPARE(browser->LocationName(), u"Late"_s);
+        // The title that came after the end still reaches the file of visits.
+        QTRY_COMPARE(m_test.engine->visits().find(u"/late"_s, 1).at(0).title, u"Late"_s);
+    }
+
+    void historyLists()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY_THROWS_EXCEPTION(ControlError, browser->GoBack());
+        for (const QString &path : {u"/plain"_s, u"/other"_s, u"/failing"_s})
+            QVERIFY(browser.open(m_site.address(path)));
+        QVERIFY_THROWS_EXCEPTION(ControlError, browser->GoForward());
+        const auto back = browser->backEntries();
+        QCOMPARE(back.size(), 2u);
+        QCOMPARE(back[0].title, u"Other"_s);
+        QCOMPARE(back[1].address, m_site.address(u"/plain"_s));
+        browser->GoBack();
+        QVERIFY(browser.waitForEnd(4));
+        QCOMPARE(browser->LocationName(), u"Other"_s);
+        QCOMPARE(browser->forwardEntries().size(), 1u);
+        QCOMPARE(browser->forwardEntries()[0].title, u"Broken"_s);
+    }
+
+    void textSizeAndScriptErrors()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QCOMPARE(browser->ExecWB(engine::OLECMDID_ZOOM, engine::OLECMDEXECOPT_DONTPROMPTUSER, {}).toInt(), 2);
+        browser->ExecWB(engine::OLECMDID_ZOOM, engine::OLECMDEXECOPT_DONTPROMPTUSER, 4);
+        m_site.page("/sized", "Sized",
+                    "<script>document.title = getComputedStyle(document.body).fontSize; nothingHere()</script>");
+        QVERIFY(browser.open(m_site.address(u"/sized"_s)));
+        QCOMPARE(browser->LocationName(), u"24px"_s);
+        QCOMPARE(browser->ExecWB(engine::OLECMDID_ZOOM, engine::OLECMDEXECOPT_DONTPROMPTUSER, {}).toInt(), 4);
+        QVERIFY_THROWS_EXCEPTION(ControlError, browser->ExecWB(engine::OLECMDID_ZOOM, 0, 5));
+        QTRY_VERIFY(browser.statuses.contains(u"Error on page (1)"_s));
+        browser->setSilent(true);
+        browser.statuses.clear();
+        QVERIFY(browser.open(m_site.address(u"/sized"_s)));
+        QVERIFY(browser.open(m_site.address(u"/plain"_s)));
+        QVERIFY(browser.statuses.filter(u"Error"_s).isEmpty());
+    }
+
+    void coveredPagesAreHiddenFromTheirScripts()
+    {
+        m_site.page("/seen", "Seen",
+                    "<script>document.onvisibilitychange = () => document.title = document.visibilityState</script>");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/seen"_s)));
+        browser->setExposed(false);
+        QTRY_COMPARE(browser->LocationName(), u"hidden"_s);
+        browser->setExposed(true);
+        QTRY_COMPARE(browser->LocationName(), u"visible"_s);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runEngineTests<WebLoads>(argc, argv);
+}
+#include "tst_webloads.moc"
