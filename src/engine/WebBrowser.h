@@ -10,6 +10,11 @@
 
 namespace engine {
 
+class FindFacet;
+class InfoFacet;
+class PrintFacet;
+class SaveFacet;
+
 /// Ambient properties and standard command numbers that the rules use, by their published values.
 inline constexpr int DISPID_AMBIENT_DLCONTROL = -5512;
 inline constexpr int DISPID_AMBIENT_USERAGENT = -5513;
@@ -89,6 +94,16 @@ public:
 
     /// A covered page costs nothing: false stops its rendering and throttles its timers.
     virtual void setExposed(bool exposed) = 0;
+
+    // --- what the commands need of the page (PageFacets.h); null where a browser does not offer it ---
+    virtual PrintFacet *printFacet() { return nullptr; }
+    virtual SaveFacet *saveFacet() { return nullptr; }
+    virtual FindFacet *findFacet() { return nullptr; }
+    virtual InfoFacet *infoFacet() { return nullptr; }
+
+signals:
+    /// IDM_OPTIONS: the user wants the engine's own settings.
+    void optionsRequested();
 
 private:
     int m_hostFlags = 0;

@@ -1,8 +1,13 @@
 #include "base/step.h"
 #include "engine/webengine/WebBrowserControl.h"
+#include "engine/webengine/WebEngine.h"
 
+#include <QKeyEvent>
 #include <QWebEngineSettings>
+#include <QWebEngineView>
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace engine {
 
@@ -20,6 +25,8 @@ QVariant WebBrowserControl::ExecWB(int cmdid, int, const QVariant &invar)
 {
     if (cmdid == OLECMDID_ZOOM)
         return textSize(invar);
+    if (m_tools && m_tools->run(cmdid))
+        return {};
     throw ControlError("unknown command");
 }
 
@@ -31,6 +38,9 @@ void WebBrowserControl::Exec(int command, int, int)
         return;
     case IDM_VIEWSOURCE:
         m_page->triggerAction(QWebEnginePage::ViewSource);
+        return;
+    case IDM_OPTIONS:
+        emit optionsRequested();
         return;
     default:
         throw ControlError("unknown command");
@@ -51,6 +61,64 @@ QVariant WebBrowserControl::textSize(const QVariant &value)
         settings->setFontSize(QWebEngineSettings::DefaultFixedFontSize, qRound(kDefaultFixedFont * kTextSizes[size]));
     }
     return m_textSize;
+}
+
+// --- the page's tools ---
+
+void WebBrowserControl::makeTools()
+{
+    m_tools = std::make_unique<PageTools>(
+        *this, *m_page, m_engine.pageMemory(), [this](PageInfo &info) { describe(info); },
+        [this](const QString &text) { tellStatus(text); });
+    connect(m_tools.get(), &PageTools::roomChanged, this, &WebBrowserControl::layOut);
+}
+
+void WebBrowserControl::describe(PageInfo &info) const
+{
+    info.title = LocationName();
+    info.address = LocationURL();
+    if (info.url.scheme() != "https"_L1 || m_isErrorPage)
+        return;
+    info.security =
+        m_engine.isExcepted(info.url.host()) ? PageInfo::Security::Excepted : PageInfo::Security::Secure;
+}
+
+void WebBrowserControl::layOut()
+{
+    if (m_view && m_tools)
+        m_view->setGeometry(m_tools->layOut(rect()));
+}
+
+/// Keys that the page has not used come back to here.
+void WebBrowserControl::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_tools || !m_tools->keyPressed(*event))
+        WebBrowser::keyPressEvent(event);
+}
+
+bool WebBrowserControl::takesDownload(QWebEngineDownloadRequest &download)
+{
+    return m_tools && m_tools->takes(download);
+}
+
+PrintFacet *WebBrowserControl::printFacet()
+{
+    return m_tools ? &m_tools->print() : nullptr;
+}
+
+SaveFacet *WebBrowserControl::saveFacet()
+{
+    return m_tools ? &m_tools->save() : nullptr;
+}
+
+FindFacet *WebBrowserControl::findFacet()
+{
+    return m_tools.get();
+}
+
+InfoFacet *WebBrowserControl::infoFacet()
+{
+    return m_tools ? &m_tools->info() : nullptr;
 }
 
 } // namespace engine

@@ -8,7 +8,7 @@ namespace {
 /// ever.
 constexpr int kNoSignMs = 4000;
 /// A jump to where the page is already gives no sign at all.
-constexpr int kJumpMs = 250;
+constexpr int kJumpMs = 1000;
 } // namespace
 
 LoadReports::LoadReports(Report report)

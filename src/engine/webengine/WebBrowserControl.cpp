@@ -32,6 +32,7 @@ WebBrowserControl::WebBrowserControl(WebEngine &engine, QWidget *parent)
     setFocusProxy(m_view.get());
     m_engine.channel().join(*m_page, *this, PageChannel::WindowClose::Ignored);
     connectPage();
+    makeTools();
 }
 
 WebBrowserControl::~WebBrowserControl()
@@ -45,6 +46,7 @@ void WebBrowserControl::shutDown()
     setMessageSink(nullptr);
     m_boxes.setLeaving(true);
     m_engine.channel().leave(*this);
+    m_tools.reset();
     m_view.reset();
     m_page.reset();
 }
@@ -52,8 +54,7 @@ void WebBrowserControl::shutDown()
 void WebBrowserControl::resizeEvent(QResizeEvent *event)
 {
     WebBrowser::resizeEvent(event);
-    if (m_view)
-        m_view->setGeometry(rect());
+    layOut();
 }
 
 void WebBrowserControl::Navigate2(const QString &url)

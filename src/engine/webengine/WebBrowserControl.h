@@ -7,6 +7,7 @@
 #include "engine/webengine/Page.h"
 #include "engine/webengine/PageBoxes.h"
 #include "engine/webengine/PageChannel.h"
+#include "engine/webengine/PageTools.h"
 
 #include <QDeadlineTimer>
 #include <QHash>
@@ -18,6 +19,7 @@
 
 class QAuthenticator;
 class QWebEngineCertificateError;
+class QWebEngineDownloadRequest;
 class QWebEngineLoadingInfo;
 class QWebEngineNewWindowRequest;
 class QWebEngineView;
@@ -56,16 +58,23 @@ public:
     std::vector<HistoryEntry> backEntries() const override;
     std::vector<HistoryEntry> forwardEntries() const override;
     void setExposed(bool exposed) override;
+    PrintFacet *printFacet() override;
+    SaveFacet *saveFacet() override;
+    FindFacet *findFacet() override;
+    InfoFacet *infoFacet() override;
 
     /// The user has acted in the page.
     void noteUserAct();
     bool isShowing(const QWebEnginePage *page) const;
     void tellStatus(const QString &text);
+    /// Whether the download is this document being saved; then it is taken care of.
+    bool takesDownload(QWebEngineDownloadRequest &download);
     /// Deletes the page. Nothing works afterwards but destruction.
     void shutDown();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     // What the engine asks while it waits for the answer.
@@ -103,6 +112,9 @@ private:
 
     // ControlCommands.cpp
     QVariant textSize(const QVariant &value);
+    void makeTools();
+    void describe(PageInfo &info) const;
+    void layOut();
 
     void leavePage();
     std::vector<HistoryEntry> entries(int step) const;
@@ -110,6 +122,7 @@ private:
     WebEngine &m_engine;
     std::unique_ptr<Page> m_page;
     std::unique_ptr<QWebEngineView> m_view;
+    std::unique_ptr<PageTools> m_tools;
     PageBoxes m_boxes;
     LoadReports m_load;
     QPointer<Overlay> m_notice;

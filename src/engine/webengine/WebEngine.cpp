@@ -3,6 +3,7 @@
 #include "engine/webengine/WebBrowserControl.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QLocale>
 #include <QWebEngineSettings>
 
@@ -37,6 +38,7 @@ QString acceptedLanguages()
 WebEngine::WebEngine(const EngineConfig &config)
     : m_config(config)
     , m_visits(config.visitFile)
+    , m_pageMemory(QFileInfo(config.visitFile).dir().filePath(u"page-setup"_s))
     , m_site(*this)
 {}
 
@@ -89,8 +91,18 @@ QWebEngineProfile &WebEngine::profile()
                     browser->tellStatus(text);
             }
         });
-    connect(m_profile.get(), &QWebEngineProfile::downloadRequested, m_downloads.get(), &Downloads::start);
+    connect(m_profile.get(), &QWebEngineProfile::downloadRequested, this, &WebEngine::startDownload);
     return *m_profile;
+}
+
+/// A page that is being saved is a download too, and its document's own affair.
+void WebEngine::startDownload(QWebEngineDownloadRequest *download)
+{
+    for (const auto &browser : m_browsers) {
+        if (browser && browser->takesDownload(*download))
+            return;
+    }
+    m_downloads->start(download);
 }
 
 WebBrowser *WebEngine::createBrowser(QWidget *parent)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Engine.h"
+#include "engine/PageSetup.h"
 #include "engine/VisitLog.h"
 #include "engine/webengine/ClickWatch.h"
 #include "engine/webengine/Downloads.h"
@@ -33,6 +34,7 @@ public:
 
     QWebEngineProfile &profile();
     PageChannel &channel() { return m_channel; }
+    PageMemory &pageMemory() { return m_pageMemory; }
 
     /// Hosts whose certificate the user has accepted in spite of its faults, until the program ends.
     bool isExcepted(const QString &host) const { return m_excepted.contains(host); }
@@ -48,8 +50,11 @@ public:
     static QString keyOf(const QUrl &url, const QString &realm);
 
 private:
+    void startDownload(QWebEngineDownloadRequest *download);
+
     EngineConfig m_config;
     VisitLog m_visits;
+    PageMemory m_pageMemory;
     PageChannel m_channel;
     OwnSite m_site;
     ClickWatch m_clicks;

@@ -4,12 +4,16 @@
 #include "engine/webengine/PageChannel.h"
 #include "engine/webengine/WebEngine.h"
 
+#include <QCoreApplication>
 #include <QWebEngineUrlScheme>
 
 namespace engine {
 
 void registerSchemes()
 {
+    // The engine paints through the application's graphics context, which has to be shared from the beginning.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+
     QWebEngineUrlScheme site(OwnSite::kScheme);
     site.setSyntax(QWebEngineUrlScheme::Syntax::Host);
     site.setFlags(QWebEngineUrlScheme::SecureScheme | QWebEngineUrlScheme::ViewSourceAllowed);
