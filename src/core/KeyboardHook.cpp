@@ -24,8 +24,7 @@ KeyboardHook::KeyboardHook(ProcessFlags &flags, Actions actions, QObject *parent
     : QObject(parent)
     , m_flags(flags)
     , m_actions(std::move(actions))
-{
-}
+{}
 
 void KeyboardHook::install()
 {

@@ -7,14 +7,15 @@
 struct ProcessFlags;
 class QKeyEvent;
 
-/// The global shortcuts of the main window. Sees every key event of the program before the window that has the focus does,
-/// and swallows those that it takes.
+/// The global shortcuts of the main window. Sees every key event of the program before the window that has the focus
+/// does, and swallows those that it takes.
 class KeyboardHook : public QObject
 {
     Q_OBJECT
 public:
     /// What the keys do.
-    struct Actions {
+    struct Actions
+    {
         std::function<void()> focusAddressBar;
         std::function<void()> stop;
         std::function<void(bool backwards)> stepThroughTabs;
@@ -36,8 +37,8 @@ public:
     void install();
     void uninstall();
 
-    /// One key event: `virtualKey` in the numbers of the classic keyboard table, `shiftDown` and `ctrlDown` the state of
-    /// those keys at the event. Returns 1 for a swallowed key, else 0. A `code` below 0 passes.
+    /// One key event: `virtualKey` in the numbers of the classic keyboard table, `shiftDown` and `ctrlDown` the state
+    /// of those keys at the event. Returns 1 for a swallowed key, else 0. A `code` below 0 passes.
     int KeyboardHookProc(int code, int virtualKey, uint32_t bits, bool ctrlDown, bool shiftDown);
 
 protected:

@@ -11,7 +11,9 @@
 
 using namespace Qt::StringLiterals;
 
-AddressBarRules::AddressBarRules(const Parts &parts, QObject *parent) : QObject(parent), m_parts(parts)
+AddressBarRules::AddressBarRules(const Parts &parts, QObject *parent)
+    : QObject(parent)
+    , m_parts(parts)
 {
     using controls::ComboBox;
     ComboBox *bar = &m_parts.AddressBar;
@@ -19,8 +21,7 @@ AddressBarRules::AddressBarRules(const Parts &parts, QObject *parent) : QObject(
     connect(bar, &ComboBox::lostFocus, this, [this] { m_focus = false; });
     connect(bar, &ComboBox::beginEdit, this, [this] { m_bAddressEditing = true; });
     connect(bar, &ComboBox::endEdit, this, [this] { m_bAddressEditing = false; });
-    connect(bar, &ComboBox::textChanged, this,
-            [this] { m_parts.Go.setEnabled(!m_parts.AddressBar.Text().isEmpty()); });
+    connect(bar, &ComboBox::textChanged, this, [this] { m_parts.Go.setEnabled(!m_parts.AddressBar.Text().isEmpty()); });
     connect(bar, &ComboBox::key, this, &AddressBarRules::AddressBar_Key);
     connect(bar, &ComboBox::listItemPicked, this, &AddressBarRules::AddressBar_Click);
     connect(&m_parts.Go, &QAbstractButton::clicked, this, &AddressBarRules::Go_Click);

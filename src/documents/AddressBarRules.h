@@ -13,12 +13,14 @@ namespace engine {
 class VisitLog;
 }
 
-/// The address bar: how an address that is typed or picked reaches a document, and how the list of typed addresses grows.
+/// The address bar: how an address that is typed or picked reaches a document, and how the list of typed addresses
+/// grows.
 class AddressBarRules : public QObject
 {
     Q_OBJECT
 public:
-    struct Parts {
+    struct Parts
+    {
         MainWindow &frmMain;
         const ProcessFlags &flags;
         controls::ComboBox &AddressBar;

@@ -13,8 +13,8 @@ namespace engine {
 class VisitLog;
 }
 
-/// Suggestions below the address bar while the user types: entries of the list first, then pages that were visited. They
-/// never touch the text that Enter sends; only a picked suggestion does.
+/// Suggestions below the address bar while the user types: entries of the list first, then pages that were visited.
+/// They never touch the text that Enter sends; only a picked suggestion does.
 class AddressCompletion : public QObject
 {
     Q_OBJECT

@@ -27,7 +27,9 @@ void showAtCursor(controls::PopupMenu &menu)
 
 } // namespace
 
-TabStrip::TabStrip(const Parts &parts, QObject *parent) : QObject(parent), m_parts(parts)
+TabStrip::TabStrip(const Parts &parts, QObject *parent)
+    : QObject(parent)
+    , m_parts(parts)
 {
     const auto &tabs = m_parts.vbalDTabControl1;
     connect(&tabs, &controls::TabControl::tabClick, this, &TabStrip::vbalDTabControl1_TabClick);

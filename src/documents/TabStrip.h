@@ -29,7 +29,8 @@ class TabStrip : public QObject
 {
     Q_OBJECT
 public:
-    struct Parts {
+    struct Parts
+    {
         MainWindow &frmMain;
         const Settings &settings;
         controls::MdiFrame &mdi;
@@ -48,8 +49,8 @@ public:
     void vbalDTabControl1_BarClick(int iButton, int Shift, double x, double y);
     void m_cTabMenu_Click(int ItemNumber);
 
-    /// Ctrl+Tab: selects the next (or previous) tab, round the end, and runs the left click rule on it. Does nothing with
-    /// fewer than two tabs.
+    /// Ctrl+Tab: selects the next (or previous) tab, round the end, and runs the left click rule on it. Does nothing
+    /// with fewer than two tabs.
     void stepThroughTabs(bool backwards);
 
     void ShrinkAll();
