@@ -40,7 +40,8 @@ void GlyphButton::paintEvent(QPaintEvent *)
     line.setAlphaF(hot ? 1.0F : 0.7F);
     // The sign stands in a square with an odd number of pixels, so that it has a middle one.
     const int side = (m_edge / 2) | 1;
-    const QRectF box(width() / 2 - side / 2 + 0.5, height() / 2 - side / 2 + 0.5, side - 1, side - 1);
+    const QPoint corner(width() / 2 - side / 2, height() / 2 - side / 2);
+    const QRectF box(corner.x() + 0.5, corner.y() + 0.5, side - 1, side - 1);
     painter.setPen(QPen(line, m_glyph == Glyph::Close ? 1.3 : 1.0, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.setBrush(Qt::NoBrush);
     switch (m_glyph) {

@@ -72,7 +72,7 @@ void MdiChild::closeEvent(QCloseEvent *event)
 // and coming into sight is no reason.
 void MdiChild::showEvent(QShowEvent *event)
 {
-    QWidget::showEvent(event);
+    QWidget::showEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 bool MdiChild::eventFilter(QObject *object, QEvent *event)

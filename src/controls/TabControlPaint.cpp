@@ -8,6 +8,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 namespace controls {
 
@@ -25,7 +26,7 @@ constexpr int kCaptionLimit = 120;
 
 QColor mixed(const QColor &a, const QColor &b, double partOfB)
 {
-    const auto mix = [&](int x, int y) { return static_cast<int>(x + (y - x) * partOfB + 0.5); };
+    const auto mix = [&](int x, int y) { return static_cast<int>(std::lround(x + (y - x) * partOfB)); };
     return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 

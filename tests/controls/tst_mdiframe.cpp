@@ -138,7 +138,7 @@ private slots:
 
         delete c; // by its maker, without a word to the frame
         QCOMPARE(window.takeLog(), (QStringList{u"off -"_s, u"on -"_s}));
-        window.settle();
+        Window::settle();
         QVERIFY(window.frame->forms().isEmpty());
         QVERIFY(window.frame->subWindowList().isEmpty());
     }
@@ -186,7 +186,7 @@ private slots:
             QTest::keyClick(b->edit(), static_cast<Qt::Key>(key), Qt::ControlModifier);
             QTest::keyClick(b->edit(), static_cast<Qt::Key>(key), Qt::ControlModifier | Qt::ShiftModifier);
         }
-        window.settle();
+        Window::settle();
         QCOMPARE(window.takeLog(), QStringList());
         QCOMPARE(window.frame->forms(), (QList<QWidget *>{a, b}));
         const QList<QAction *> actions = window.frame->subWindowList().first()->systemMenu()->actions();
@@ -208,21 +208,21 @@ private slots:
         QVERIFY(window.told.contains(u"covered a"_s) && window.told.contains(u"covered b"_s));
 
         window.frame->activateForm(a);
-        window.settle();
+        Window::settle();
         for (Form *form : {a, b, c})
             form->resizes = form->paints = 0;
         window.frame->activateForm(b); // has never been seen in this size
-        window.settle();
+        Window::settle();
         QCOMPARE(b->resizes, 1);
         QCOMPARE(b->size(), window.frame->viewport()->size());
         window.frame->activateForm(a);
-        window.settle();
+        Window::settle();
         QCOMPARE(a->resizes + b->resizes + c->resizes, 1);
         QVERIFY(a->hasFocus() || a->isAncestorOf(QApplication::focusWidget()));
 
         window.resize(1000, 700);
         QTRY_COMPARE(a->size(), window.frame->viewport()->size());
-        window.settle();
+        Window::settle();
         QCOMPARE(b->resizes, 1); // covered: learns of it when it comes up
         QCOMPARE(c->resizes, 0);
         QCOMPARE(c->paints, 0);

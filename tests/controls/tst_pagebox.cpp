@@ -74,7 +74,7 @@ private slots:
         Window window;
         QVERIFY(QTest::qWaitForWindowActive(&window));
         window.page->setFocus();
-        PageBox::Content content = window.confirm();
+        PageBox::Content content = Window::confirm();
         content.wantsText = content.wantsPassword = true;
         content.defaultText = u"default"_s;
         QPointer<PageBox> box = window.ask(content);
@@ -108,7 +108,7 @@ private slots:
         Window window;
         QVERIFY(QTest::qWaitForWindowActive(&window));
         window.address->setFocus();
-        PageBox *box = window.ask(window.confirm());
+        PageBox *box = window.ask(Window::confirm());
         QVERIFY(window.address->hasFocus()); // who types there goes on typing
         window.page->setFocus();
         auto *accept = box->findChild<QPushButton *>(u"accept"_s);
@@ -124,7 +124,7 @@ private slots:
     void coversItsPageAndShowsAllOfTheText()
     {
         Window window;
-        PageBox::Content content = window.confirm();
+        PageBox::Content content = Window::confirm();
         content.rejectCaption.clear();
         content.text = u"<b>line</b>\n"_s.repeated(200);
         PageBox *box = window.ask(content);
