@@ -117,12 +117,6 @@ constexpr WindowKey kWindowKeys[] = {
     {"QSearchSearchListCount", Type::Integer, "0"},
 };
 
-constexpr NumberedKey kNumberedKeys[] = {
-    {"Settings", "HistorySite", 1, "0"},       {"Settings", "Document", 1, nullptr},
-    {"Settings", "CustomFormField", 0, ""},    {"Settings", "QSearchSearchListItem", 1, ""},
-    {"CustomLinks", "CustomLinksName", 1, ""}, {"CustomLinks", "CustomLinksURL", 1, ""},
-};
-
 QString latin1(const char *text)
 {
     return QString::fromLatin1(text);
@@ -212,9 +206,4 @@ void writeKey(SettingsStore &store, const SettingKey &key, const Settings &setti
 std::span<const WindowKey> windowKeys()
 {
     return kWindowKeys;
-}
-
-std::span<const NumberedKey> numberedKeys()
-{
-    return kNumberedKeys;
 }

@@ -47,15 +47,3 @@ struct WindowKey
     const char *defaultText;
 };
 std::span<const WindowKey> windowKeys();
-
-/// Texts under a stem followed by a decimal number (HistorySite1, HistorySite2, ...).
-struct NumberedKey
-{
-    const char *section;
-    const char *stem;
-    /// Number of the first.
-    int first;
-    /// Null: the value of SitesHome1.
-    const char *defaultText;
-};
-std::span<const NumberedKey> numberedKeys();
