@@ -38,6 +38,8 @@ void readKey(const SettingsStore &store, const desktop::Paths &paths, const Sett
 void writeKey(SettingsStore &store, const SettingKey &key, const Settings &settings);
 
 /// Keys of section "Settings" that belong to a window or a control rather than to a value in memory: type and default.
+/// Texts that are counted have a number behind their name (HistorySite1, Document1, CustomLinksName1, ...) and belong
+/// to the routines that count them.
 struct WindowKey
 {
     enum class Type { Boolean, Integer, Single, Text };
