@@ -3,7 +3,8 @@
 #include <cstdint>
 
 /// Process-wide values of MainCode. One object, a member of MainCode, handed by reference to whoever needs it.
-struct ProcessFlags {
+struct ProcessFlags
+{
     bool IsNT = false;
     bool IsXP = false;
     /// Page that the options dialog opens on, 1 to 10.

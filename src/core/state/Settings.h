@@ -7,7 +7,8 @@
 
 /// The values in memory of the keys of the settings store, one for each key, under the key's name. They start as False,
 /// 0 or empty, not as the key's default: a stored text that does not convert leaves its value as it was.
-struct Settings {
+struct Settings
+{
     // Section "Settings"
     bool MainMaximized = false;
 
@@ -47,7 +48,8 @@ struct Settings {
     int16_t HistRefresh = 0;
 
     // Section "CustomLinks": entries 1 to count, index 0 unused.
-    struct Links {
+    struct Links
+    {
         int16_t Count = 0;
         std::array<QString, 11> Names;
         std::array<QString, 11> URLs;
