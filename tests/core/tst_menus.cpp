@@ -68,7 +68,7 @@ void tst_Menus::everyKeyHasAnEntry()
                              &main.m_cRefresh, &main.m_cStop})
         walk(**menu, 0);
     QCOMPARE(missing, QStringList());
-    QCOMPARE(items, 104 + 10 + 5 + 7 + 16 + 1 + 1);
+    QCOMPARE(items, 100 + 10 + 5 + 7 + 16 + 1 + 1);
     QVERIFY(!Commands::knows(u"mnuFile"_s));
     for (int i = 0; i < main.Toolbar1->ButtonCount(); ++i)
         QVERIFY(main.Toolbar1->ButtonKey(i).isEmpty() || Commands::knows(main.Toolbar1->ButtonKey(i)));
