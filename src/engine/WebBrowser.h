@@ -33,7 +33,8 @@ inline constexpr int IDM_OPTIONS = 2135;
 inline constexpr int IDM_VIEWSOURCE = 2139;
 
 /// One line of the back or forward list.
-struct HistoryEntry {
+struct HistoryEntry
+{
     QString title;
     QString address;
 };

@@ -79,8 +79,7 @@ void WebBrowserControl::describe(PageInfo &info) const
     info.address = LocationURL();
     if (info.url.scheme() != "https"_L1 || m_isErrorPage)
         return;
-    info.security =
-        m_engine.isExcepted(info.url.host()) ? PageInfo::Security::Excepted : PageInfo::Security::Secure;
+    info.security = m_engine.isExcepted(info.url.host()) ? PageInfo::Security::Excepted : PageInfo::Security::Secure;
 }
 
 void WebBrowserControl::layOut()

@@ -1,0 +1,46 @@
+#include "engine/webengine/PageFinder.h"
+
+#include <QPointer>
+#include <QWebEngineFindTextResult>
+#include <QWebEnginePage>
+
+namespace engine {
+
+namespace {
+
+/// While somebody types the engine goes on from the present hit; once the marks are gone it would go on behind it.
+constexpr int kTypingMs = 700;
+
+} // namespace
+
+PageFinder::PageFinder(QWebEnginePage &page)
+    : m_page(page)
+{
+    m_unmark.setSingleShot(true);
+    connect(&m_unmark, &QTimer::timeout, this, &PageFinder::endFind);
+}
+
+void PageFinder::find(const QString &text, const FindOptions &options, std::function<void(FindHits)> done)
+{
+    m_unmark.stop();
+    QWebEnginePage::FindFlags flags;
+    flags.setFlag(QWebEnginePage::FindBackward, options.backward);
+    flags.setFlag(QWebEnginePage::FindCaseSensitively, options.matchCase);
+    const QPointer<PageFinder> guard(this);
+    m_page.findText(text, flags, [guard, options, done](const QWebEngineFindTextResult &result) {
+        if (!guard)
+            return;
+        const FindHits hits{result.activeMatch(), result.numberOfMatches()};
+        if (!options.highlightAll && hits.count > 0)
+            guard->m_unmark.start(options.typing ? kTypingMs : 0);
+        QTimer::singleShot(0, guard, [done, hits] { done(hits); });
+    });
+}
+
+void PageFinder::endFind()
+{
+    m_unmark.stop();
+    m_page.findText({});
+}
+
+} // namespace engine

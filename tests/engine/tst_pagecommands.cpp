@@ -1,0 +1,314 @@
+#include "EngineFixture.h"
+
+#include "base/Strings.h"
+#include "base/step.h"
+#include "engine/FindBar.h"
+#include "engine/PageFacets.h"
+#include "engine/PropertiesDialog.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QDir>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPdfDocument>
+#include <QPdfSelection>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+using namespace engine;
+
+/// The commands that the browser carries out itself, over the real engine.
+class PageCommandsTest : public QObject
+{
+    Q_OBJECT
+
+    LoopbackSite m_site;
+    TestEngine m_test;
+
+    template <typename T>
+    static std::optional<T> answered(const std::function<void(std::function<void(T)>)> &ask)
+    {
+        auto answer = std::make_shared<std::optional<T>>();
+        ask([answer](const T &given) { *answer = given; });
+        // Not from inside the call: the answer may open windows.
+        if (answer->has_value() || !QTest::qWaitFor([&] { return answer->has_value(); }, 20'000))
+            return std::nullopt;
+        return *answer;
+    }
+    static bool save(RecordedBrowser &browser, const QString &path, SaveFormat format)
+    {
+        return answered<bool>([&](auto done) { browser->saveFacet()->save(path, format, done); }).value_or(false);
+    }
+    static FindHits find(RecordedBrowser &browser, const QString &text, const FindOptions &options = {})
+    {
+        return answered<FindHits>([&](auto done) { browser->findFacet()->find(text, options, done); })
+            .value_or(FindHits{-1, -1});
+    }
+    static PageInfo info(RecordedBrowser &browser)
+    {
+        return answered<PageInfo>([&](auto done) { browser->infoFacet()->read(done); }).value_or(PageInfo());
+    }
+    static QByteArray content(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    /// Text of each page.
+    static QStringList textsOf(const QByteArray &pdf)
+    {
+        QBuffer buffer;
+        buffer.setData(pdf);
+        buffer.open(QIODevice::ReadOnly);
+        QPdfDocument document;
+        document.load(&buffer);
+        QStringList texts;
+        for (int page = 0; page < document.pageCount(); ++page)
+            texts << document.getAllText(page).text().simplified();
+        return texts;
+    }
+
+private slots:
+    void init()
+    {
+        QByteArray png;
+        QBuffer buffer(&png);
+        buffer.open(QIODevice::WriteOnly);
+        QImage red(40, 30, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        red.save(&buffer, "PNG");
+        m_site.add("/red.png", {png, "image/png"});
+        m_site.add("/style.css", {"p { color: green }", "text/css"});
+        m_site.page("/long", "Long",
+                    "<link rel=stylesheet href=/style.css><img src=/red.png onload='document.title = \"Long \" + "
+                    "naturalWidth'><p>First apple</p><p style='break-before: page'>Second Apple</p>"
+                    "<p style='break-before: page'>Third apple</p>");
+    }
+
+    void savesAndOpensAgain_data()
+    {
+        QTest::addColumn<int>("format");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("complete") << static_cast<int>(SaveFormat::Complete) << u"a page.html"_s << u"Long 40"_s;
+        QTest::newRow("single file") << static_cast<int>(SaveFormat::SingleFile) << u"a page.mhtml"_s << u"Long 40"_s;
+        QTest::newRow("HTML only") << static_cast<int>(SaveFormat::HtmlOnly) << u"a page.html"_s << u"Long"_s;
+    }
+
+    void savesAndOpensAgain()
+    {
+        QFETCH(const int, format);
+        QFETCH(const QString, name);
+        QFETCH(const QString, title);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(name);
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/long"_s)));
+        QTRY_COMPARE(browser->LocationName(), u"Long 40"_s);
+        // The second time there is something to replace, with a part that the page no longer has.
+        for (int time = 0; time < 2; ++time) {
+            QVERIFY(save(browser, path, static_cast<SaveFormat>(format)));
+            const QStringList expected = format == static_cast<int>(SaveFormat::Complete)
+                                             ? QStringList{name, u"a page_files"_s}
+                                             : QStringList{name};
+            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), expected);
+            QFile(folder.filePath(u"a page_files/old.js"_s)).open(QIODevice::WriteOnly);
+        }
+        m_site.clearRequests();
+        QVERIFY(browser.open(path));
+        QTRY_VERIFY(browser->LocationName().startsWith(title));
+        QVERIFY(m_site.requests().empty() || format == static_cast<int>(SaveFormat::HtmlOnly));
+        QCOMPARE(find(browser, u"apple"_s).count, 3);
+    }
+
+    void keepsWhatCannotBeReplaced()
+    {
+        const QTemporaryDir folder;
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/long"_s)));
+        QVERIFY(!save(browser, folder.filePath(u"missing/a.html"_s), SaveFormat::SingleFile));
+        QVERIFY(!save(browser, u"/proc/a.mhtml"_s, SaveFormat::SingleFile));
+        QDir(folder.path()).mkdir(u"taken.html"_s);
+        QVERIFY(!save(browser, folder.filePath(u"taken.html"_s), SaveFormat::HtmlOnly));
+
+        QFile old(folder.filePath(u"old.html"_s));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.write("old");
+        old.close();
+        QVERIFY(killRenderers() > 0);
+        QTRY_VERIFY(browser.press(u"Reload"_s));
+        QVERIFY(killRenderers() > 0);
+        QVERIFY(!save(browser, old.fileName(), SaveFormat::Complete));
+        QCOMPARE(content(old.fileName()), QByteArray("old"));
+    }
+
+    void savesPicturesAsTheyAre()
+    {
+        const QTemporaryDir folder;
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/red.png"_s)));
+        QVERIFY(!info(browser).isHtml());
+        QVERIFY(save(browser, folder.filePath(u"kept.png"_s), SaveFormat::Original));
+        QCOMPARE(QImage(folder.filePath(u"kept.png"_s)).size(), QSize(40, 30));
+        QVERIFY(!QFile::exists(m_test.config().downloadFolder + u"/red.png"_s));
+    }
+
+    void printsToPdf()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/long"_s)));
+        PageSetup wide;
+        wide.layout.setOrientation(QPageLayout::Landscape);
+        QPageRanges second;
+        second.addPage(2);
+        // The engine would answer only one of two orders that come at once.
+        std::vector<QByteArray> made;
+        browser->printFacet()->makePdf({}, {}, [&](const QByteArray &pdf) { made.push_back(pdf); });
+        browser->printFacet()->makePdf(wide, second, [&](const QByteArray &pdf) { made.push_back(pdf); });
+        QVERIFY(QTest::qWaitFor([&] { return made.size() == 2; }, 20'000));
+        QCOMPARE(textsOf(made[0]), QStringList({u"First apple"_s, u"Second Apple"_s, u"Third apple"_s}));
+        QCOMPARE(textsOf(made[1]), QStringList(u"Second Apple"_s));
+
+        browser->printFacet()->makePdf({}, {}, [&](const QByteArray &pdf) { made.push_back(pdf); });
+        QVERIFY(killRenderers() > 0);
+        QVERIFY(QTest::qWaitFor([&] { return made.size() == 3; }, 20'000));
+        QVERIFY(made[2].isEmpty());
+    }
+
+    void finds()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/long"_s)));
+        const auto active = [&](const FindOptions &options = {}) { return find(browser, u"apple"_s, options).active; };
+        FindOptions back;
+        back.backward = true;
+        QCOMPARE(find(browser, u"apple"_s).count, 3);
+        QCOMPARE(active(), 2);
+        QCOMPARE(active(back), 1);
+        QCOMPARE(active(back), 3);
+        QCOMPARE(active(), 1);
+        FindOptions exact;
+        exact.matchCase = true;
+        QCOMPARE(find(browser, u"apple"_s, exact).count, 2);
+        QCOMPARE(find(browser, u"pear"_s).count, 0);
+
+        // Without the marks the next hit still is the next one.
+        FindOptions plain;
+        plain.highlightAll = false;
+        browser->findFacet()->endFind();
+        QVERIFY(browser.open(m_site.address(u"/long"_s)));
+        QList<int> order;
+        for (int i = 0; i < 3; ++i) {
+            order << active(plain);
+            QTest::qWait(50);
+        }
+        QCOMPARE(order, QList<int>({1, 2, 3}));
+    }
+
+    void findBarOpensByKey()
+    {
+        m_site.page("/own", "Own",
+                    "<p>one two two</p><script>addEventListener('keydown', e => { if (e.key == 'f' && e.ctrlKey &&"
+                    "location.hash == '#own') { e.preventDefault(); document.title = 'Page found'; } })</script>");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/own"_s)));
+        browser->setFocus();
+        const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+            if (QWidget *focused = QApplication::focusWidget())
+                QTest::keyClick(focused, key, modifiers);
+        };
+        const auto bar = [&] { return browser->findChild<FindBar *>(); };
+        QTRY_VERIFY(browser->focusProxy()->focusProxy());
+        QTRY_VERIFY((press(Qt::Key_F, Qt::ControlModifier), bar() && bar()->isVisible()));
+        QTRY_COMPARE(QApplication::focusWidget()->objectName(), u"txtFind"_s);
+        QCOMPARE(browser->focusProxy()->geometry().bottom() + 1, bar()->geometry().top());
+
+        QTest::keyClicks(QApplication::focusWidget(), u"two"_s);
+        const auto *hits = bar()->findChild<QLabel *>(u"lblHits"_s);
+        QTRY_COMPARE(hits->text(), u"1 of 2"_s);
+        press(Qt::Key_F3);
+        QTRY_COMPARE(hits->text(), u"2 of 2"_s);
+        press(Qt::Key_Escape);
+        QVERIFY(bar()->isHidden());
+        QTRY_VERIFY(browser->focusProxy()->isAncestorOf(QApplication::focusWidget()));
+        QCOMPARE(browser->focusProxy()->geometry(), browser->rect());
+
+        // A page with a find of its own keeps the key.
+        QVERIFY(browser.open(m_site.address(u"/own#own"_s)));
+        QTRY_VERIFY((press(Qt::Key_F, Qt::ControlModifier), browser->LocationName() == u"Page found"_s));
+        QVERIFY(bar()->isHidden());
+    }
+
+    void properties()
+    {
+        LoopbackSite::Answer dated{"<title>Dated</title>abc", "text/html;charset=iso-8859-2"};
+        dated.headers = {{"Last-Modified", "Wed, 05 Jun 2019 10:20:30 GMT"}};
+        m_site.add("/dated", dated);
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/dated"_s)));
+        const PageInfo told = info(browser);
+        QCOMPARE(told.title, u"Dated"_s);
+        QCOMPARE(told.address, m_site.address(u"/dated"_s));
+        QCOMPARE(told.contentType, u"text/html"_s);
+        QCOMPARE(told.encoding, u"ISO-8859-2"_s);
+        QCOMPARE(told.protocol, u"http/1.1"_s);
+        QCOMPARE(told.size, dated.body.size());
+        QCOMPARE(told.modified.toUTC(), QDateTime({2019, 6, 5}, {10, 20, 30}, Qt::UTC));
+        QVERIFY(std::abs(told.loaded.secsTo(QDateTime::currentDateTime())) < 60);
+        QCOMPARE(told.security, PageInfo::Security::Open);
+
+        QVERIFY(browser.open(m_site.address(u"/long"_s)));
+        QVERIFY(!info(browser).modified.isValid());
+        // A page whose process has ended still has an address.
+        QVERIFY(killRenderers() > 0);
+        QCOMPARE(info(browser).address, m_site.address(u"/long"_s));
+    }
+
+    void certificateOfAnExceptedSite()
+    {
+        LoopbackSite secure(LoopbackSite::Security::SelfSigned);
+        secure.page("/", "Secret");
+        RecordedBrowser browser(*m_test.engine, secure);
+        QVERIFY(browser.open(secure.address()));
+        QVERIFY(browser.press(u"Continue anyway"_s));
+        QTRY_COMPARE(browser->LocationName(), u"Secret"_s);
+        QVERIFY(browser.waitForEnd(2));
+        browser->ExecWB(OLECMDID_PROPERTIES, OLECMDEXECOPT_DODEFAULT, {});
+        QTRY_VERIFY(browser->findChild<PropertiesDialog *>());
+        auto *dialog = browser->findChild<PropertiesDialog *>();
+        QVERIFY(!dialog->isModal());
+        const auto text = [&](const char *name) {
+            const auto *line = dialog->findChild<QLineEdit *>(QLatin1StringView(name));
+            return line ? line->text() : QString();
+        };
+        QCOMPARE(text("txtSecurity"), LoadResString(20460));
+        QTRY_COMPARE(text("txtFingerprint").size(), 32 * 3 - 1);
+        QVERIFY(!text("txtIssuedTo").isEmpty());
+        QVERIFY(text("txtEncryption").startsWith(u"TLS"_s));
+    }
+
+    void commandsEndWithTheDocument()
+    {
+        auto window = std::make_unique<QWidget>();
+        WebBrowser *browser = m_test.engine->createBrowser(window.get());
+        QSignalSpy options(browser, &WebBrowser::optionsRequested);
+        browser->Exec(IDM_OPTIONS, 0, 0);
+        QCOMPARE(options.count(), 1);
+        QVERIFY_THROWS_EXCEPTION(ControlError, browser->ExecWB(9999, 0, {}));
+        for (const int command :
+             {OLECMDID_SAVEAS, OLECMDID_PRINT, OLECMDID_PRINTPREVIEW, OLECMDID_PAGESETUP, OLECMDID_PROPERTIES})
+            browser->ExecWB(command, OLECMDEXECOPT_DODEFAULT, {});
+        browser->printFacet()->makePdf({}, {}, [](const QByteArray &) { QFAIL("answered after the end"); });
+        window.reset();
+        for (const QWidget *left : QApplication::topLevelWidgets())
+            QVERIFY(!left->isVisible());
+        QTest::qWait(100);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runEngineTests<PageCommandsTest>(argc, argv);
+}
+#include "tst_pagecommands.moc"
