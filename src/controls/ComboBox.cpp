@@ -5,6 +5,7 @@
 #include "controls/VirtualKeys.h"
 
 #include <QAbstractItemView>
+#include <QCompleter>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -160,6 +161,12 @@ void ComboBox::finishEdit()
         emit endEdit();
 }
 
+bool ComboBox::completionShown() const
+{
+    const QCompleter *completer = lineEdit()->completer();
+    return completer && completer->popup() && completer->popup()->isVisible();
+}
+
 void ComboBox::focusInEvent(QFocusEvent *event)
 {
     QComboBox::focusInEvent(event);
@@ -170,7 +177,10 @@ void ComboBox::focusInEvent(QFocusEvent *event)
 void ComboBox::focusOutEvent(QFocusEvent *event)
 {
     QComboBox::focusOutEvent(event);
-    if (event->reason() == Qt::PopupFocusReason || !std::exchange(m_hasFocus, false))
+    // Some platforms activate the window of the list, and tell nothing of a popup.
+    if (event->reason() == Qt::PopupFocusReason || view()->isVisible() || completionShown())
+        return;
+    if (!std::exchange(m_hasFocus, false))
         return;
     const QPointer<ComboBox> alive(this);
     finishEdit();
@@ -205,9 +215,9 @@ void ComboBox::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         QComboBox::keyPressEvent(event);
+        // Not accepted here: a completer that shows its list has to see this key too.
         if (alive)
             finishEdit();
-        event->accept();
         return;
     default:
         QComboBox::keyPressEvent(event);

@@ -58,6 +58,7 @@ protected:
 private:
     void pick(int index);
     void finishEdit();
+    bool completionShown() const;
     void requireItem(int index) const;
     /// Runs a change of the list with the edit field shut against it.
     template <typename Change>

@@ -37,6 +37,8 @@ QImage readStrip(const QString &path)
 void StripImages::load(const QString &path)
 {
     m_icons.clear();
+    if (path.isEmpty())
+        return;
     const QImage strip = readStrip(path);
     if (strip.isNull())
         return;

@@ -88,6 +88,16 @@ void ToolBarButton::dropDown()
     update();
 }
 
+bool ToolBarButton::event(QEvent *event)
+{
+    // A disabled button of the base class swallows the mouse; the toolbar wants to hear a right click there too.
+    if (!isEnabled() && event->type() == QEvent::MouseButtonPress) {
+        event->ignore();
+        return false;
+    }
+    return QToolButton::event(event);
+}
+
 void ToolBarButton::mousePressEvent(QMouseEvent *event)
 {
     if (m_separator || event->button() != Qt::LeftButton) {
