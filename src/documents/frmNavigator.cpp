@@ -341,7 +341,8 @@ void frmNavigator::mouseMoveEvent(QMouseEvent *event)
 
 bool frmNavigator::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == ListView1.viewport() && event->type() == QEvent::MouseMove)
+    // The type first: the list's viewport sends events that late in its end that the list can no longer be asked for it.
+    if (event->type() == QEvent::MouseMove && watched == ListView1.viewport())
         Form_Activate();
     return QWidget::eventFilter(watched, event);
 }
