@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QLoggingCategory>
 #include <QSocketNotifier>
 #include <csignal>
 #include <cstdio>
@@ -76,6 +77,8 @@ void describeApplication()
     QCoreApplication::setApplicationName(u"Corvane"_s);
     QCoreApplication::setApplicationVersion(u"2.0.0025"_s);
     QGuiApplication::setDesktopFileName(u"corvane"_s);
+    // The engine lists its graphics settings at each start otherwise; QT_LOGGING_RULES brings the list back.
+    QLoggingCategory::setFilterRules(u"qt.webenginecontext.info=false\nqt.webenginecontext.debug=false"_s);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 

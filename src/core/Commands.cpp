@@ -324,6 +324,9 @@ void Commands::windowCommand(int itemData)
     case kWindowPrevious:
         mdi.activatePrevious();
         break;
+    case kWindowMore:
+        m_main.showWindows();
+        break;
     default:
         if (QWidget *form = m_main.windowMenuForm(itemData))
             mdi.activateForm(form);

@@ -3,6 +3,8 @@
 #include "core/AllSettings.h"
 #include "core/Commands.h"
 #include "core/KeyboardHook.h"
+#include "core/frmPassword.h"
+#include "core/frmWindows.h"
 
 #include "appearance/cMediaProgress.h"
 #include "base/Strings.h"
@@ -276,6 +278,21 @@ void frmMain::openWindowMenu()
         m_windowMenuForms.emplace_back(form);
     }
     BuildWindowMenu(*m_cMenu, u"mnuWindow"_s, lines);
+}
+
+void frmMain::showWindows()
+{
+    std::vector<frmWindows::Line> lines;
+    int current = -1;
+    for (QWidget *form : mdi->forms()) {
+        if (form == mdi->activeForm())
+            current = static_cast<int>(lines.size());
+        if (const auto *document = qobject_cast<Document *>(form))
+            lines.push_back({document->Caption(), form});
+    }
+    auto *windows = new frmWindows(this, std::move(lines), current, m_mainCode.flags);
+    connect(windows, &frmWindows::chosen, mdi, &controls::MdiFrame::activateForm);
+    windows->open();
 }
 
 QWidget *frmMain::windowMenuForm(int index) const

@@ -26,6 +26,7 @@ class QToolButton;
 class SavedDocuments;
 class cMediaProgress;
 class frmNavigator;
+class frmPassword;
 struct SettingsTargets;
 
 namespace controls {
@@ -125,6 +126,8 @@ public:
     Commands &commands() const { return *m_commands; }
     /// Rebuilds the Window submenu and remembers which document each of its lines stands for.
     void openWindowMenu();
+    /// Offers the list of all documents.
+    void showWindows();
     /// The document that line `index` of the Window menu stood for when the menu opened; null when it has gone.
     QWidget *windowMenuForm(int index) const;
 
@@ -181,5 +184,7 @@ private:
     std::unique_ptr<AddressBarRules> m_addressBarRules;
     std::unique_ptr<TabStrip> m_tabStrip;
     std::vector<QPointer<QWidget>> m_windowMenuForms;
+    /// Made when it is asked for first.
+    std::unique_ptr<frmPassword> m_password;
     QVBoxLayout *m_layout = nullptr;
 };

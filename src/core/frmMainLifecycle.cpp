@@ -4,6 +4,7 @@
 #include "core/Commands.h"
 #include "core/KeyboardHook.h"
 #include "core/frmMain.h"
+#include "core/frmPassword.h"
 
 #include "appearance/ShippedFiles.h"
 #include "appearance/cMediaProgress.h"
@@ -279,8 +280,20 @@ void frmMain::tray_DoubleClick()
     if (m_unloading)
         return;
     const Settings &settings = m_mainCode.settings;
-    if (settings.TrayPassword.isEmpty() || !settings.MinimizeToTray)
+    if (settings.TrayPassword.isEmpty() || !settings.MinimizeToTray) {
         RestoreFromTray();
+        return;
+    }
+    if (!m_password) {
+        m_password =
+            std::make_unique<frmPassword>(this, settings.TrayPassword, m_mainCode.flags, m_mainCode.ground().dialogs);
+        connect(m_password.get(), &frmPassword::passed, this, [this] {
+            RestoreFromTray();
+            // Owns the name again, unless a newer program has it by now.
+            m_mainCode.IsFirstInstance(instance::kMutexName);
+        });
+    }
+    m_password->ask();
 }
 
 void frmMain::closeEvent(QCloseEvent *event)
@@ -335,7 +348,11 @@ void frmMain::MDIForm_Unload()
     trace("UnloadNavigator");
     navigator->setTag(u"1"_s);
     navigator->Unload();
-    // frmTray, frmPassword and frmQSearch
+    if (m_password) {
+        trace("UnloadPassword");
+        m_password.reset();
+    }
+    // frmQSearch
     if (m_mainCode.settings.MinimizeToTray) {
         trace("RemoveTrayIcon");
         m_mainCode.ground().tray.RemoveTrayIcon();

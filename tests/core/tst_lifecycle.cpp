@@ -1,8 +1,10 @@
 #include "MainFixture.h"
 
+#include "core/frmPassword.h"
 #include "documents/frmLoad.h"
 
-#include <QAbstractButton>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTimer>
@@ -28,6 +30,7 @@ private slots:
     void minimisingHidesIntoTheTray_data();
     void minimisingHidesIntoTheTray();
     void trayBringsTheWindowBack();
+    void trayAsksForThePassword();
     void lostScreenBringsTheWindowBack();
     void closeDuringAQuestionEndsIt();
 };
@@ -282,6 +285,38 @@ void tst_Lifecycle::trayBringsTheWindowBack()
     QVERIFY(f.main().isVisible());
     QVERIFY(f.main().navigator->isVisible());
     QVERIFY(!f.main().isMinimized() && !f.main().isMaximized());
+}
+
+void tst_Lifecycle::trayAsksForThePassword()
+{
+    MainFixture f;
+    f.seedQuietStart();
+    f.set(u"General", u"TrayPassword", u"Secret");
+    QVERIFY(f.start());
+    f.main().setWindowState(Qt::WindowMinimized);
+    QTRY_VERIFY(f.main().isHidden());
+    emit f.tray.doubleClicked();
+    auto *question = f.main().findChild<frmPassword *>();
+    QVERIFY(question && question->isVisible());
+    QVERIFY(!f.code->flags.ShortcutsEnabled);
+    for (const QString &wrong : {u"secret"_s, QString()}) {
+        question->txtPassword->setText(wrong);
+        question->cmdOK->click();
+        QVERIFY(question->isVisible() && f.main().isHidden());
+    }
+    QCOMPARE(f.dialogs.messages.size(), 2);
+    QCOMPARE(f.dialogs.styles.first(), desktop::MB_ICONEXCLAMATION);
+    question->cmdCancel->click();
+    QVERIFY(question->isHidden() && f.main().isHidden());
+    QVERIFY(f.code->flags.ShortcutsEnabled);
+
+    emit f.tray.doubleClicked();
+    QCOMPARE(question->txtPassword->text(), QString());
+    question->txtPassword->setText(u"Secret"_s);
+    question->cmdOK->click();
+    QVERIFY(f.main().isVisible() && question->isHidden());
+    instance::Lock other;
+    QVERIFY(!other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName));
 }
 
 void tst_Lifecycle::lostScreenBringsTheWindowBack()

@@ -1,8 +1,11 @@
 #include "MainFixture.h"
 
 #include "core/frmAbout.h"
+#include "core/frmWindows.h"
 
 #include <QClipboard>
+#include <QListWidget>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -141,10 +144,18 @@ void tst_Menus::windowMenuListsDocuments()
         QCOMPARE(captions[1], u"&2) http://1.example/"_s);
     if (documents > 2)
         QCOMPARE(captions[2], u"&3) http://3.example/"_s);
-    if (documents > 10) {
-        QCOMPARE(captions.last(), u"&More Windows..."_s);
-        QCOMPARE(menu.ItemData(items.back()), -8007);
-    }
+    if (documents <= 10)
+        return;
+    QCOMPARE(captions.last(), u"&More Windows..."_s);
+    QCOMPARE(menu.ItemData(items.back()), -8007);
+    emit menu.Click(items.back());
+    auto *windows = f.main().findChild<frmWindows *>();
+    QVERIFY(windows);
+    QCOMPARE(windows->lstWindows->count(), documents);
+    QCOMPARE(windows->lstWindows->currentRow(), 1);
+    windows->lstWindows->setCurrentRow(11);
+    windows->btnOk->click();
+    QCOMPARE(f.main().mdi->activeForm(), f.main().mdi->forms().at(11));
 }
 
 void tst_Menus::windowMenuActivates()
