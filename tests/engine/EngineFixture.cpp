@@ -101,35 +101,40 @@ engine::EngineConfig TestEngine::config() const
 
 namespace {
 
-int parentOf(int process)
+struct Process
 {
-    QFile status(u"/proc/%1/status"_s.arg(process));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
+    int parent = 0;
+    bool isZygote = false;
+};
+
+Process process(int id)
+{
+    QFile status(u"/proc/%1/status"_s.arg(id));
+    QFile arguments(u"/proc/%1/cmdline"_s.arg(id));
+    if (!status.open(QIODevice::ReadOnly) || !arguments.open(QIODevice::ReadOnly))
+        return {};
+    Process found;
     for (const QByteArray &line : status.readAll().split('\n')) {
         if (line.startsWith("PPid:"))
-            return line.mid(5).trimmed().toInt();
+            found.parent = line.mid(5).trimmed().toInt();
     }
-    return 0;
-}
-
-bool isOurs(int process)
-{
-    while (process > 1 && process != QCoreApplication::applicationPid())
-        process = parentOf(process);
-    return process == QCoreApplication::applicationPid();
+    found.isZygote = arguments.readAll().contains("--type=zygote");
+    return found;
 }
 
 } // namespace
 
+/// Page processes are copies of the "zygote" that the program has started, and keep its command line.
 int killRenderers()
 {
     int killed = 0;
     for (const QString &name : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
-        QFile line(u"/proc/%1/cmdline"_s.arg(name));
-        if (name.toInt() > 0 && line.open(QIODevice::ReadOnly) && line.readAll().contains("--type=renderer") &&
-            isOurs(name.toInt()))
-            killed += ::kill(name.toInt(), SIGKILL) == 0;
+        const int id = name.toInt();
+        if (id == 0)
+            continue;
+        const Process parent = process(process(id).parent);
+        if (parent.isZygote && parent.parent == QCoreApplication::applicationPid())
+            killed += ::kill(id, SIGKILL) == 0;
     }
     return killed;
 }

@@ -23,6 +23,9 @@ PageFinder::PageFinder(QWebEnginePage &page)
 void PageFinder::find(const QString &text, const FindOptions &options, std::function<void(FindHits)> done)
 {
     m_unmark.stop();
+    // The engine goes on with the same text as it began, whatever the flags say.
+    if (std::exchange(m_matchedCase, options.matchCase) != options.matchCase)
+        endFind();
     QWebEnginePage::FindFlags flags;
     flags.setFlag(QWebEnginePage::FindBackward, options.backward);
     flags.setFlag(QWebEnginePage::FindCaseSensitively, options.matchCase);

@@ -24,6 +24,7 @@ private:
     /// Takes the marks of all hits away where only the present one is wanted: the engine always marks them all, and
     /// leaves the present one selected when it stops.
     QTimer m_unmark;
+    bool m_matchedCase = false;
 };
 
 } // namespace engine

@@ -56,7 +56,7 @@ void PageSaver::save(const QString &path, SaveFormat format, std::function<void(
     const QFileInfo target(path);
     auto folder = std::make_unique<QTemporaryDir>(target.dir().filePath(u".saving-XXXXXX"_s));
     const bool isBlocked = target.exists() && (target.isDir() || !target.isWritable());
-    if (m_job || !folder->isValid() || isBlocked) {
+    if (m_job || !folder->isValid() || isBlocked || m_page.renderProcessPid() == 0) {
         QTimer::singleShot(0, this, [done] { done(false); });
         return;
     }
