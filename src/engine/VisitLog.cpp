@@ -35,6 +35,12 @@ QString keptAddress(const QString &address)
     return url.toString(QUrl::FullyEncoded | QUrl::RemovePassword);
 }
 
+/// Never a null text, which the file would refuse as a missing value.
+QString keptTitle(const QString &title)
+{
+    return title.isEmpty() ? u""_s : title.left(kLongestTitle);
+}
+
 /// What `find` compares: SQLite itself folds the case of ASCII letters only.
 QString folded(const QString &address, const QString &title)
 {
@@ -162,7 +168,7 @@ void VisitLog::addVisit(const QString &address, const QString &title)
     const QString kept = keptAddress(address);
     if (kept.isEmpty())
         return;
-    d->waiting.push_back({{kept, title.left(kLongestTitle), QDateTime::currentDateTime()}});
+    d->waiting.push_back({{kept, keptTitle(title), QDateTime::currentDateTime()}});
     if (!d->gather.isActive())
         d->gather.start();
 }
@@ -174,11 +180,11 @@ void VisitLog::setTitle(const QString &address, const QString &title)
         return;
     for (auto entry = d->waiting.rbegin(); entry != d->waiting.rend(); ++entry) {
         if (entry->visit.address == kept) {
-            entry->visit.title = title.left(kLongestTitle);
+            entry->visit.title = keptTitle(title);
             return;
         }
     }
-    d->waiting.push_back({{kept, title.left(kLongestTitle), {}}, true});
+    d->waiting.push_back({{kept, keptTitle(title), {}}, true});
     if (!d->gather.isActive())
         d->gather.start();
 }

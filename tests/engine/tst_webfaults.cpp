@@ -158,22 +158,25 @@ private slots:
 
     void downloadsKeepTheirNamesApartAndOutliveTheirPage()
     {
-        LoopbackSite::Answer held{"late content", "application/octet-stream"};
-        held.headers = {{"Content-Disposition", "attachment; filename=data.tar.gz"}};
-        held.delay = 300;
-        m_site.add("/late", held);
+        // Long enough for the engine to start before it has all.
+        LoopbackSite::Answer late{QByteArray(100'000, 'x'), "application/octet-stream"};
+        late.headers = {{"Content-Disposition", "attachment; filename=data.tar.gz"}};
+        late.ending = LoopbackSite::Ending::Halved;
+        m_site.add("/late", late);
         m_site.download("/file", "data.tar.gz", "first");
         {
             RecordedBrowser browser(*m_test.engine, m_site);
             QVERIFY(browser.open(at(u"/file"_s)));
             QTRY_VERIFY(browser.statuses.filter(u"Saved data.tar.gz"_s).size() == 1);
             QVERIFY(browser.open(at(u"/late"_s)));
+            QTRY_VERIFY(!browser.statuses.filter(u"Saving data (2).tar.gz"_s).isEmpty());
         }
+        m_site.release("/late");
         const QDir folder(m_test.config().downloadFolder);
         QTRY_COMPARE(folder.entryList(QDir::Files), (QStringList{u"data (2).tar.gz"_s, u"data.tar.gz"_s}));
-        QFile late(folder.filePath(u"data (2).tar.gz"_s));
-        QVERIFY(late.open(QIODevice::ReadOnly));
-        QCOMPARE(late.readAll(), "late content"_ba);
+        QFile second(folder.filePath(u"data (2).tar.gz"_s));
+        QVERIFY(second.open(QIODevice::ReadOnly));
+        QCOMPARE(second.readAll(), late.body);
     }
 
     void secondProgramGetsAProfileOfItsOwn()

@@ -38,44 +38,38 @@ private slots:
 
     void orderOfEvents_data()
     {
-        QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("title");
         QTest::addColumn<QStringList>("expected");
 
-        // A page without a title before it shows its address until its own title has come.
-        QTest::newRow("page") << u"/plain"_s << u"/plain"_s
-                              << QStringList{u"navigate /plain"_s, u"title /plain"_s, u"title Plain"_s, u"end"_s};
-        QTest::newRow("redirect") << u"/moved"_s << u"/plain"_s
-                                  << QStringList{u"navigate /moved"_s, u"navigate /plain"_s, u"title /plain"_s,
-                                                 u"title Plain"_s, u"end"_s};
-        QTest::newRow("missing") << u"/missing"_s << u"/missing"_s
-                                 << QStringList{u"navigate /missing"_s, u"title /missing"_s, u"title Missing"_s,
-                                                u"end"_s};
-        QTest::newRow("cut off") << u"/cut"_s << u"/cut"_s
-                                 << QStringList{u"navigate /cut"_s, u"title /cut"_s, u"title Half"_s, u"end"_s};
-        QTest::newRow("no content") << u"/empty"_s << u"/empty"_s
-                                    << QStringList{u"navigate /empty"_s, u"title /empty"_s, u"end"_s};
-        QTest::newRow("download") << u"/file"_s << u"/file"_s
-                                  << QStringList{u"navigate /file"_s, u"title /file"_s, u"end"_s};
-        QTest::newRow("blank") << u"about:blank"_s << u"about:blank"_s
-                               << QStringList{u"navigate about:blank"_s, u"title about:blank"_s, u"end"_s};
+        const auto row = [](const char *name, const QString &path, const QString &title, const QStringList &before) {
+            QTest::newRow(name) << path << title << (QStringList(before) << u"navigate "_s + path << u"end"_s);
+        };
+        row("page", u"/plain"_s, u"Plain"_s, {});
+        row("redirect", u"/plain"_s, u"Plain"_s, {u"navigate /moved"_s});
+        row("missing", u"/missing"_s, u"Missing"_s, {});
+        row("cut off", u"/cut"_s, u"Half"_s, {});
+        row("no content", u"/empty"_s, u"/empty"_s, {});
+        row("download", u"/file"_s, u"/file"_s, {});
+        row("blank", u"about:blank"_s, u"about:blank"_s, {});
     }
 
     void orderOfEvents()
     {
-        QFETCH(QString, path);
-        QFETCH(QStringList, expected);
         QFETCH(QString, address);
+        QFETCH(QString, title);
+        QFETCH(QStringList, expected);
         const auto full = [&](const QString &text) { return text.startsWith(u'/') ? m_site.address(text) : text; };
 
         RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(full(path)));
+        QVERIFY(browser.open(full(expected.first().section(u' ', 1))));
         QCOMPARE(browser.events.at(1), u"progress"_s);
-        // How often the engine reports progress in between is its own affair.
-        QStringList events = browser.events.replaceInStrings(u"title "_s + m_site.address(QString()), u"title "_s);
-        events.removeAll(u"progress"_s);
+        QStringList events = browser.events;
+        // How often the engine reports progress in between is its own affair, and a title may come after the end.
+        events.removeIf([](const QString &event) { return event == u"progress"_s || event.startsWith(u"title "_s); });
         QCOMPARE(events, expected);
         QCOMPARE(browser->LocationURL(), full(address));
+        QTRY_COMPARE(browser.events.filter(u"title "_s).last(), u"title "_s + full(title));
 
         // A second end of the first load would come within the time of the next one.
         QVERIFY(browser.open(m_site.address(u"/other"_s)));
@@ -173,10 +167,7 @@ private slots:
         browser.events.clear();
         QVERIFY(browser.open(m_site.address(u"/plain#low"_s)));
         QCOMPARE(browser.events, (QStringList{u"navigate /plain#low"_s, u"location /plain#low"_s, u"end"_s}));
-        // The same again changes nothing and ends all the same.
-        browser.events.clear();
-        QVERIFY(browser.open(m_site.address(u"/plain#low"_s)));
-        QCOMPARE(browser.events, (QStringList{u"navigate /plain#low"_s, u"end"_s}));
+        QCOMPARE(m_site.count("/plain"), 1);
         browser.refuses = [](const QString &) { return true; };
         browser.events.clear();
         QVERIFY(browser.open(m_site.address(u"/plain#refused"_s)));
@@ -201,7 +192,7 @@ private slots:
         QTRY_COMPARE(browser->LocationName(), u"Plain"_s);
         browser.events.clear();
         QVERIFY(browser.open(m_site.address(u"/untitled"_s)));
-        QTRY_COMPARE(browser.events.filter(u"title"_s), QStringList{u"title "_s + m_site.address(u"/untitled"_s)});
+        QTRY_COMPARE(browser.events.filter(u"title "_s), QStringList{u"title "_s + m_site.address(u"/untitled"_s)});
         QVERIFY(browser.open(m_site.address(u"/late"_s)));
         QTRY_COMPARE(browser->LocationName(), u"Late"_s);
         // The title that came after the end still reaches the file of visits.

@@ -73,10 +73,14 @@ void LoopbackSite::download(const QByteArray &path, const QByteArray &fileName, 
 void LoopbackSite::release(const QByteArray &path)
 {
     for (const Held &held : std::exchange(m_held, {})) {
-        if (held.path != path)
+        if (held.path != path) {
             m_held.push_back(held);
-        else if (held.socket)
+        } else if (held.socket && held.answer.ending == Ending::Halved) {
+            held.socket->write(held.answer.body.mid(held.answer.body.size() / 2));
+            held.socket->disconnectFromHost();
+        } else if (held.socket) {
             send(held.socket, held.answer);
+        }
     }
 }
 
@@ -157,6 +161,9 @@ void LoopbackSite::reply(QTcpSocket *socket, const Request &request)
     if (answer.ending == Ending::Held) {
         answer.ending = Ending::Complete;
         m_held.push_back({path, socket, answer});
+    } else if (answer.ending == Ending::Halved) {
+        m_held.push_back({path, socket, answer});
+        send(socket, answer);
     } else if (answer.delay > 0) {
         QTimer::singleShot(answer.delay, socket, [socket, answer] { send(socket, answer); });
     } else {
@@ -176,6 +183,10 @@ void LoopbackSite::send(QTcpSocket *socket, const Answer &answer)
     case Ending::Complete:
         socket->write(head + "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n" + answer.body);
         socket->disconnectFromHost();
+        return;
+    case Ending::Halved:
+        socket->write(head + "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n" +
+                      answer.body.left(answer.body.size() / 2));
         return;
     case Ending::CutOff:
         socket->write(head + "Content-Length: " + QByteArray::number(answer.body.size() + 1000) + "\r\n\r\n" +

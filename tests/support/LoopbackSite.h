@@ -36,6 +36,8 @@ public:
         CutOff,
         /// Nothing at all until release(), and then the answer.
         Held,
+        /// The first half, and the rest at release().
+        Halved,
     };
 
     struct Answer

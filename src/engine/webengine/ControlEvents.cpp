@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QAuthenticator>
+#include <QDeadlineTimer>
 #include <QWebEngineCertificateError>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
@@ -18,9 +19,6 @@ namespace engine {
 
 namespace {
 
-/// A page that asks for more windows than this in that time, without the user acting in it, is out to harm.
-constexpr std::size_t kMostWindows = 20;
-constexpr int kWindowsWithinMs = 10'000;
 /// How long a page without a title keeps the one of the page before it, so that an address does not flash in between.
 constexpr int kStandInMs = 500;
 
@@ -107,7 +105,8 @@ bool WebBrowserControl::hasNoRequest(const QUrl &url) const
 {
     if (url.scheme() == "about"_L1)
         return true;
-    return url.hasFragment() && m_hasPage && !m_isErrorPage && !m_load.isLoading() &&
+    // To the very address that is there the engine does not jump, it loads it again.
+    return url.hasFragment() && m_hasPage && !m_isErrorPage && !m_load.isLoading() && url != m_page->url() &&
            url.adjusted(QUrl::RemoveFragment) == m_page->url().adjusted(QUrl::RemoveFragment);
 }
 
@@ -248,7 +247,7 @@ void WebBrowserControl::openWindow(QWebEngineNewWindowRequest &request)
     const bool isCommand = url.scheme() == "view-source"_L1;
     if (isCommand)
         ++m_userClicks;
-    else if (isFlood())
+    else if (!m_windowRequests.passes(QDeadlineTimer::current().deadline()))
         return;
 
     WebBrowser *taker = nullptr;
@@ -257,16 +256,6 @@ void WebBrowserControl::openWindow(QWebEngineNewWindowRequest &request)
     auto *control = qobject_cast<WebBrowserControl *>(taker);
     if (!cancel && control && &control->m_engine == &m_engine)
         control->adopt(request);
-}
-
-bool WebBrowserControl::isFlood()
-{
-    while (!m_windowRequests.empty() && m_windowRequests.front().hasExpired())
-        m_windowRequests.pop_front();
-    if (m_windowRequests.size() >= kMostWindows)
-        return true;
-    m_windowRequests.emplace_back(kWindowsWithinMs);
-    return false;
 }
 
 /// Takes the window that a page asked for, with its opener and its name.

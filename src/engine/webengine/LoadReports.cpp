@@ -7,7 +7,7 @@ namespace {
 /// error pages or nothing at all tell nothing. Long enough for slow sites, short enough that no tab seems to load for
 /// ever.
 constexpr int kNoSignMs = 4000;
-/// A jump to where the page is already gives no sign at all.
+/// A jump shows by the changed address, at once unless the page is busy.
 constexpr int kJumpMs = 1000;
 } // namespace
 

@@ -183,7 +183,7 @@ void WebBrowserControl::setExposed(bool exposed)
 void WebBrowserControl::noteUserAct()
 {
     ++m_userClicks;
-    m_windowRequests.clear();
+    m_windowRequests.reset();
 }
 
 bool WebBrowserControl::isShowing(const QWebEnginePage *page) const

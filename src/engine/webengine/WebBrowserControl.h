@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/PageBox.h"
+#include "engine/RequestLimit.h"
 #include "engine/WebBrowser.h"
 #include "engine/webengine/LoadReports.h"
 #include "engine/webengine/Overlay.h"
@@ -9,11 +10,9 @@
 #include "engine/webengine/PageChannel.h"
 #include "engine/webengine/PageTools.h"
 
-#include <QDeadlineTimer>
 #include <QHash>
 #include <QSet>
 #include <QTimer>
-#include <deque>
 #include <memory>
 #include <optional>
 
@@ -89,7 +88,6 @@ private:
     bool reportNavigation(const QUrl &url, bool isMainFrame);
     bool hasNoRequest(const QUrl &url) const;
     void openWindow(QWebEngineNewWindowRequest &request);
-    bool isFlood();
     void adopt(QWebEngineNewWindowRequest &request);
     void loadChanged(const QWebEngineLoadingInfo &info);
     void loadEnded(const QWebEngineLoadingInfo &info);
@@ -147,7 +145,8 @@ private:
     /// A page opened this window, so that its script may close it.
     bool m_openedByPage = false;
     bool m_isFirstLoad = true;
-    std::deque<QDeadlineTimer> m_windowRequests;
+    /// A page that asks for more windows than 20 in 10 seconds, without the user acting in it, is out to harm.
+    RequestLimit m_windowRequests{20, 10'000};
 
     int m_userClicks = 0;
     int m_scriptErrors = 0;
