@@ -42,6 +42,8 @@ FindBar::FindBar(FindFacet &find, QWidget *parent)
     setObjectName(u"FindBar"_s);
     setAccessibleName(LoadResString(20472));
     setAutoFillBackground(true);
+    // The page around it is filled like paper.
+    setBackgroundRole(QPalette::Window);
     txtFind->setObjectName(u"txtFind"_s);
     txtFind->setPlaceholderText(LoadResString(20472));
     txtFind->setAccessibleName(LoadResString(20472));

@@ -126,7 +126,8 @@ void PageCommands::print()
         return;
     }
     const PageInfo info = m_facets.info.known();
-    m_print = new PrintJob(m_page, m_facets.print, m_memory.setup(), info.title, fileNameFor(info), m_tell);
+    const QString file = QDir(m_memory.folder()).filePath(fileNameFor(info));
+    m_print = new PrintJob(m_page, m_facets.print, m_memory.setup(), info.title, file, m_tell);
     connect(m_print, &QObject::destroyed, this, [this] { m_sincePrint.start(); });
     m_print->ask();
 }

@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 
+#include <QDir>
 #include <QHash>
 #include <QLocale>
 #include <QPageSize>
@@ -115,7 +116,10 @@ void PageMemory::setSetup(const PageSetup &setup)
 
 QString PageMemory::folder() const
 {
-    return m_folder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) : m_folder;
+    if (!m_folder.isEmpty())
+        return m_folder;
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
 } // namespace engine

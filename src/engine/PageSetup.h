@@ -42,7 +42,7 @@ public:
     const PageSetup &setup();
     void setSetup(const PageSetup &setup);
 
-    /// The user's documents before the first time.
+    /// The user's documents before the first time, or the home folder where there are none.
     QString folder() const;
     void setFolder(const QString &folder) { m_folder = folder; }
 

@@ -7,7 +7,6 @@
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QSaveFile>
-#include <QStandardPaths>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -21,8 +20,8 @@ constexpr int kResolution = 300;
 
 } // namespace
 
-PrintJob::PrintJob(QWidget &page, PrintFacet &facet, const PageSetup &setup, const QString &title,
-                   const QString &fileName, Tell tell)
+PrintJob::PrintJob(QWidget &page, PrintFacet &facet, const PageSetup &setup, const QString &title, const QString &file,
+                   Tell tell)
     : QObject(&page)
     , m_page(page)
     , m_facet(facet)
@@ -37,10 +36,8 @@ PrintJob::PrintJob(QWidget &page, PrintFacet &facet, const PageSetup &setup, con
     m_printer.setResolution(kResolution);
     m_printer.setPageLayout(setup.layout);
     m_printer.setFullPage(true);
-    if (m_printer.outputFormat() == QPrinter::PdfFormat) {
-        const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-        m_printer.setOutputFileName(folder.filePath(fileName + ".pdf"_L1));
-    }
+    if (m_printer.outputFormat() == QPrinter::PdfFormat)
+        m_printer.setOutputFileName(file + ".pdf"_L1);
 }
 
 PrintJob::~PrintJob()

@@ -22,8 +22,9 @@ class PrintJob : public QObject
 public:
     using Tell = std::function<void(const QString &text)>;
 
-    /// `page` owns job and dialog; `tell` says in its status text how things stand.
-    PrintJob(QWidget &page, PrintFacet &facet, const PageSetup &setup, const QString &title, const QString &fileName,
+    /// `page` owns job and dialog; `tell` says in its status text how things stand. `file` is proposed, with the ending
+    /// ".pdf", where no printer is installed.
+    PrintJob(QWidget &page, PrintFacet &facet, const PageSetup &setup, const QString &title, const QString &file,
              Tell tell);
     ~PrintJob() override;
 

@@ -50,7 +50,8 @@ QString sizeText(qint64 size)
     if (size < 0)
         return LoadResString(kNotKnown);
     const QLocale locale;
-    return LoadResString(20457).arg(locale.formattedDataSize(size), locale.toString(size));
+    return LoadResString(20457).arg(locale.formattedDataSize(size, 1, QLocale::DataSizeTraditionalFormat),
+                                    locale.toString(size));
 }
 
 QString timeText(const QDateTime &time)

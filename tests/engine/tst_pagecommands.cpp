@@ -175,6 +175,26 @@ private slots:
         QVERIFY(made->at(2).isEmpty());
     }
 
+    void printsBackgroundsAsSetUp()
+    {
+        m_site.page("/red", "Red", "<body style='background: red; height: 90vh'>");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(m_site.address(u"/red"_s)));
+        for (const bool isPrinted : {false, true, false}) {
+            PageSetup setup;
+            setup.background = isPrinted;
+            QBuffer pdf;
+            pdf.setData(answered<QByteArray>([&](auto done) {
+                            browser->printFacet()->makePdf(setup, {}, done);
+                        }).value_or(QByteArray()));
+            pdf.open(QIODevice::ReadOnly);
+            QPdfDocument document;
+            document.load(&pdf);
+            const QColor middle = document.render(0, {100, 140}).pixelColor(50, 30);
+            QCOMPARE(middle.alpha() > 0 && middle.green() < 100, isPrinted);
+        }
+    }
+
     void finds()
     {
         RecordedBrowser browser(*m_test.engine, m_site);

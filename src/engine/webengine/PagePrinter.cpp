@@ -34,13 +34,24 @@ void PagePrinter::makePdf(const PageSetup &setup, const QPageRanges &ranges,
 void PagePrinter::begin()
 {
     const int number = ++m_number;
+    m_patience.start();
+    m_page.settings()->setAttribute(QWebEngineSettings::PrintElementBackgrounds, m_orders.front().setup.background);
+    // The engine tells its pages of a setting with the next turn of the event loop.
+    QTimer::singleShot(0, this, [this, number] {
+        if (m_number == number)
+            make();
+    });
+}
+
+void PagePrinter::make()
+{
+    // The engine dies of an order for a page whose process has ended.
     if (m_page.renderProcessPid() == 0) {
-        QTimer::singleShot(0, this, [this] { finish({}); });
+        finish({});
         return;
     }
     const Order &order = m_orders.front();
-    m_page.settings()->setAttribute(QWebEngineSettings::PrintElementBackgrounds, order.setup.background);
-    m_patience.start();
+    const int number = m_number;
     const QPointer<PagePrinter> guard(this);
     m_page.printToPdf(
         [guard, number](const QByteArray &pdf) {

@@ -29,6 +29,7 @@ private:
         std::function<void(const QByteArray &)> done;
     };
     void begin();
+    void make();
     void finish(const QByteArray &pdf);
 
     QWebEnginePage &m_page;
