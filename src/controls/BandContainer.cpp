@@ -95,9 +95,24 @@ struct BandContainer::Private
             throw ControlError("no such band");
         return bands[static_cast<size_t>(index)];
     }
-    int captionWidth(const Band &band, const QFontMetrics &metrics) const
+    /// Grip and caption.
+    int leftOfChild(const Band &band, const QFontMetrics &metrics) const
     {
-        return band.caption.isEmpty() ? 0 : metrics.horizontalAdvance(band.caption) + 6;
+        const int caption = band.caption.isEmpty() ? 0 : metrics.horizontalAdvance(band.caption) + 6;
+        return (band.fixedSize ? 0 : kGrip) + caption;
+    }
+    BandNeed needOf(const Band &band, const QFontMetrics &metrics) const
+    {
+        const QSize ideal = band.idealSize();
+        const int left = leftOfChild(band, metrics);
+        BandNeed need;
+        need.visible = band.visible && band.child;
+        need.fixedSize = band.fixedSize;
+        need.height = std::max(ideal.height(), band.minHeight) + 2 * kPadding;
+        need.width = left + std::max(ideal.width(), band.minWidth);
+        need.minWidth = left + std::max(band.minWidth, std::min(kLeastChild, ideal.width())) +
+                        (band.wantsIdealWidth() ? kChevron : 0);
+        return need;
     }
     int gripAt(QPoint pos) const
     {
@@ -218,55 +233,17 @@ void BandContainer::RecalculateLayout()
     d->dirty = false;
     d->laidWidth = width();
 
-    const QFontMetrics metrics = fontMetrics();
     std::vector<BandNeed> needs;
     needs.reserve(d->bands.size());
-    for (const Band &band : d->bands) {
-        const QSize ideal = band.idealSize();
-        const int around = (band.fixedSize ? 0 : kGrip) + d->captionWidth(band, metrics);
-        BandNeed need;
-        need.visible = band.visible && band.child;
-        need.fixedSize = band.fixedSize;
-        need.height = std::max(ideal.height(), band.minHeight) + 2 * kPadding;
-        need.width = around + std::max(ideal.width(), band.minWidth);
-        need.minWidth = around + std::max(band.minWidth, std::min(kLeastChild, ideal.width())) +
-                        (band.wantsIdealWidth() ? kChevron : 0);
-        needs.push_back(need);
-    }
+    for (const Band &band : d->bands)
+        needs.push_back(d->needOf(band, fontMetrics()));
     const int oldHeight = std::exchange(d->height, d->rows.layOut(needs, width()));
 
     std::vector<int> changed;
-    for (size_t i = 0; i < d->bands.size(); ++i) {
-        Band &band = d->bands[i];
-        if (!needs[i].visible)
-            continue;
-        const int left = (band.fixedSize ? 0 : kGrip) + d->captionWidth(band, metrics);
-        QRect inner = needs[i].rect.adjusted(left, kPadding, 0, -kPadding);
-        const bool cut = !band.fixedSize && band.wantsIdealWidth() && inner.width() < band.idealSize().width();
-        if (cut) {
-            if (!band.chevron) {
-                band.chevron = new ChevronButton(this);
-                band.chevron->setAccessibleName(ownText(20230));
-                band.chevron->setToolTip(ownText(20230));
-                connect(band.chevron, &QAbstractButton::clicked, this, [this, index = static_cast<int>(i)] {
-                    const QWidget *button = d->at(index).chevron;
-                    const QPoint corner = button->mapToGlobal(QPoint(0, 0));
-                    emit ChevronPushed(index, QRectF(toTwips(corner.x()), toTwips(corner.y()), toTwips(button->width()),
-                                                     toTwips(button->height())));
-                });
-            }
-            inner.setWidth(std::max(0, inner.width() - kChevron));
-            band.chevron->setGeometry(inner.right() + 1, inner.top(), kChevron, inner.height());
-        }
-        if (band.chevron)
-            band.chevron->setVisible(cut);
-        const int height = std::min(inner.height(), std::max(band.idealSize().height(), band.minHeight));
-        const QRect childRect(inner.left(), inner.top() + (inner.height() - height) / 2, inner.width(), height);
-        if (band.rect == needs[i].rect && band.childRect == childRect)
-            continue;
-        band.rect = needs[i].rect;
-        band.childRect = childRect;
-        changed.push_back(static_cast<int>(i));
+    for (int i = 0; i < BandCount(); ++i) {
+        const BandNeed &need = needs[static_cast<size_t>(i)];
+        if (need.visible && placeBand(i, need.rect))
+            changed.push_back(i);
     }
     // Events only now: their handlers may ask for anything, and find the layout whole.
     for (const int index : changed)
@@ -282,6 +259,43 @@ void BandContainer::RecalculateLayout()
         if (index < BandCount())
             emit BandChildResize(index, d->at(index).rect, d->at(index).childRect);
     }
+}
+
+bool BandContainer::placeBand(int index, const QRect &rect)
+{
+    Band &band = d->at(index);
+    const QSize ideal = band.idealSize();
+    QRect inner = rect.adjusted(d->leftOfChild(band, fontMetrics()), kPadding, 0, -kPadding);
+    const bool cut = !band.fixedSize && band.wantsIdealWidth() && inner.width() < ideal.width();
+    if (cut) {
+        inner.setWidth(std::max(0, inner.width() - kChevron));
+        chevronOf(index).setGeometry(inner.right() + 1, inner.top(), kChevron, inner.height());
+    }
+    if (band.chevron)
+        band.chevron->setVisible(cut);
+    const int height = std::min(inner.height(), std::max(ideal.height(), band.minHeight));
+    const QRect childRect(inner.left(), inner.top() + (inner.height() - height) / 2, inner.width(), height);
+    const bool changed = band.rect != rect || band.childRect != childRect;
+    band.rect = rect;
+    band.childRect = childRect;
+    return changed;
+}
+
+QWidget &BandContainer::chevronOf(int index)
+{
+    Band &band = d->at(index);
+    if (!band.chevron) {
+        band.chevron = new ChevronButton(this);
+        band.chevron->setAccessibleName(ownText(20230));
+        band.chevron->setToolTip(ownText(20230));
+        connect(band.chevron, &QAbstractButton::clicked, this, [this, index] {
+            const QWidget *button = d->at(index).chevron;
+            const QPoint corner = button->mapToGlobal(QPoint(0, 0));
+            emit ChevronPushed(index, QRectF(toTwips(corner.x()), toTwips(corner.y()), toTwips(button->width()),
+                                             toTwips(button->height())));
+        });
+    }
+    return *band.chevron;
 }
 
 int BandContainer::BarHeight() const

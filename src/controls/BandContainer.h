@@ -65,6 +65,10 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    /// Gives a band its rectangle, with a chevron when it needs one; true when that changes anything.
+    bool placeBand(int index, const QRect &rect);
+    QWidget &chevronOf(int index);
+
     struct Private;
     std::unique_ptr<Private> d;
 };
