@@ -59,6 +59,7 @@ bool MainCode::Main(const QString &command)
     splash.show();
     QCoreApplication::processEvents();
     // The engine's processes start while the window is built.
+    trace(u"WarmUpEngine"_s);
     m_ground.engine.warmUp();
     trace(u"LoadMain"_s);
     m_frmMain->Load();

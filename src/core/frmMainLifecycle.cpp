@@ -27,12 +27,14 @@
 #include "documents/SavedDocuments.h"
 #include "documents/frmLoad.h"
 #include "documents/frmNavigator.h"
+#include "engine/Engine.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QScreen>
 #include <QToolButton>
+#include <QUrl>
 #include <QWindow>
 #include <algorithm>
 
@@ -52,6 +54,14 @@ constexpr int kProgressWidth = 172;
 
 /// Part of the window that has to lie on a screen, so that the user can get hold of it.
 constexpr QSize kReachable(120, 40);
+
+/// Where the search site takes a query, "%s" in its place: all the large ones take it there. Empty for no web site.
+QString searchAddress(const QString &site)
+{
+    const QUrl url(site);
+    const bool isWeb = url.scheme() == u"https"_s || url.scheme() == u"http"_s;
+    return isWeb ? url.resolved(QUrl(u"/search"_s)).toString() + u"?q=%s"_s : QString();
+}
 
 } // namespace
 
@@ -119,6 +129,7 @@ SettingsTargets frmMain::settingsTargets()
 void frmMain::loadAllSettings()
 {
     LoadAllSettings(settingsTargets());
+    m_mainCode.ground().engine.setSearchAddress(searchAddress(m_mainCode.settings.SitesSearch));
 }
 
 void frmMain::saveAllSettings()

@@ -40,10 +40,10 @@ void tst_Lifecycle::startAndCloseRunTheirStepsInOrder()
     MainFixture f;
     f.set(u"History", u"CleanAddress", u"True");
     QVERIFY(f.start());
-    QCOMPARE(f.trace, (QStringList{u"IsFirstInstance"_s, u"ShowSplash"_s, u"LoadMain"_s, u"LocalizeForm"_s,
-                                   u"SubclassMainWindow"_s, u"InstallKeyboardHook"_s, u"InitInterface"_s,
-                                   u"LoadAllSettings"_s, u"EnableClock"_s, u"OpenFirstDocument"_s, u"MarkMainWindow"_s,
-                                   u"ShowMain"_s, u"UnloadSplash"_s}));
+    QCOMPARE(f.trace, (QStringList{u"IsFirstInstance"_s, u"ShowSplash"_s, u"WarmUpEngine"_s, u"LoadMain"_s,
+                                   u"LocalizeForm"_s, u"SubclassMainWindow"_s, u"InstallKeyboardHook"_s,
+                                   u"InitInterface"_s, u"LoadAllSettings"_s, u"EnableClock"_s, u"OpenFirstDocument"_s,
+                                   u"MarkMainWindow"_s, u"ShowMain"_s, u"UnloadSplash"_s}));
     QVERIFY(f.main().isVisible());
     QVERIFY(f.main().Clock->isActive());
     QVERIFY(f.code->flags.ShortcutsEnabled);
