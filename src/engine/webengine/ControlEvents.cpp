@@ -51,8 +51,7 @@ void WebBrowserControl::connectPage()
     });
     connect(page, &QWebEnginePage::certificateError, this, &WebBrowserControl::certificateRefused);
     connect(page, &QWebEnginePage::authenticationRequired, this, &WebBrowserControl::authenticate);
-    connect(page, &QWebEnginePage::proxyAuthenticationRequired, this,
-            [](const QUrl &, QAuthenticator *authenticator, const QString &) { *authenticator = QAuthenticator(); });
+    connect(page, &QWebEnginePage::proxyAuthenticationRequired, this, &WebBrowserControl::authenticateProxy);
     connect(page, &QWebEnginePage::renderProcessTerminated, this,
             [this](QWebEnginePage::RenderProcessTerminationStatus status, int) {
                 if (status != QWebEnginePage::NormalTerminationStatus)

@@ -73,52 +73,82 @@ void WebBrowserControl::showCertificateNotice()
 
 /// The engine wants its answer at once. So it gets what the user has given before, or a refusal; then the user is asked
 /// in the page, and an answer loads the page again.
-void WebBrowserControl::authenticate(const QUrl &url, QAuthenticator *authenticator)
+bool WebBrowserControl::useCredentials(const QString &key, QAuthenticator &authenticator)
 {
-    const QString key = WebEngine::keyOf(url, authenticator->realm());
     const auto known = m_engine.credentials().constFind(key);
     if (known != m_engine.credentials().constEnd() && !m_triedCredentials.contains(key)) {
         m_triedCredentials.insert(key);
-        authenticator->setUser(known->user);
-        authenticator->setPassword(known->password);
-        return;
+        authenticator.setUser(known->user);
+        authenticator.setPassword(known->password);
+        return true;
     }
     m_engine.credentials().remove(key);
+    authenticator = QAuthenticator();
+    return false;
+}
+
+bool WebBrowserControl::isOfShownSite(const QUrl &url) const
+{
+    constexpr auto kSite = QUrl::FullyEncoded | QUrl::RemoveUserInfo;
+    return url.authority(kSite) == m_mainRequest.authority(kSite);
+}
+
+void WebBrowserControl::authenticate(const QUrl &url, QAuthenticator *authenticator)
+{
     const QString realm = authenticator->realm();
-    *authenticator = QAuthenticator();
+    if (useCredentials(WebEngine::keyOf(url, realm), *authenticator))
+        return;
     // Only the site that the user sees may ask: an image of another one would be an easy way to fish for passwords.
-    if (url.authority(QUrl::FullyEncoded | QUrl::RemoveUserInfo) ==
-        m_mainRequest.authority(QUrl::FullyEncoded | QUrl::RemoveUserInfo))
+    if (isOfShownSite(url))
         QTimer::singleShot(0, this, [this, url, realm] { askForPassword(url, realm); });
+}
+
+void WebBrowserControl::authenticateProxy(const QUrl &url, QAuthenticator *authenticator, const QString &host)
+{
+    // No address of a site looks like this.
+    const QString key = u"proxy\n"_s + host;
+    if (!useCredentials(key, *authenticator) && isOfShownSite(url))
+        QTimer::singleShot(0, this, [this, key, host] { askForProxyPassword(key, host); });
 }
 
 void WebBrowserControl::askForPassword(const QUrl &url, const QString &realm)
 {
-    if (m_passwordBox)
-        return;
     const QString site = url.toString(QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment |
                                       QUrl::RemoveUserInfo | QUrl::StripTrailingSlash);
-    QStringList lines = {LoadResString(20118).arg(site)};
+    QStringList lines = {LoadResString(20118)};
     if (!realm.isEmpty())
         lines << LoadResString(20124).arg(realm.left(200));
     if (url.scheme() != "https"_L1)
         lines << LoadResString(20123);
+    askForCredentials(WebEngine::keyOf(url, realm), site, lines.join(u'\n'));
+}
 
+void WebBrowserControl::askForProxyPassword(const QString &key, const QString &host)
+{
+    const QString text = LoadResString(20573).arg(host) + u'\n' + LoadResString(20123);
+    askForCredentials(key, host, text, m_engine.settings().proxyUser());
+}
+
+void WebBrowserControl::askForCredentials(const QString &key, const QString &from, const QString &text,
+                                          const QString &user)
+{
+    if (m_passwordBox)
+        return;
     controls::PageBox::Content content;
     content.title = LoadResString(20119);
-    content.from = site;
-    content.text = lines.join(u'\n');
+    content.from = from;
+    content.text = text;
     content.acceptCaption = LoadResString(20119);
     content.rejectCaption = LoadResString(112);
     content.wantsText = true;
+    content.defaultText = user;
     content.wantsPassword = true;
     const QPointer<WebBrowserControl> guard(this);
-    const QString key = WebEngine::keyOf(url, realm);
     m_passwordBox =
-        new controls::PageBox(this, content, [guard, key](bool accepted, const QString &user, const QString &password) {
+        new controls::PageBox(this, content, [guard, key](bool accepted, const QString &name, const QString &password) {
             if (!accepted || !guard)
                 return;
-            guard->m_engine.credentials().insert(key, {user, password});
+            guard->m_engine.credentials().insert(key, {name, password});
             guard->m_passwordBox = nullptr;
             QTimer::singleShot(0, guard, [guard] { guard->Refresh2(0); });
         });

@@ -21,6 +21,8 @@ public:
     Downloads(const QString &folder, Status status);
 
     void start(QWebEngineDownloadRequest *download);
+    /// For what starts from now on.
+    void setFolder(const QString &folder) { m_folder = folder; }
 
 private:
     struct Entry

@@ -104,7 +104,12 @@ private:
     void certificateRefused(const QWebEngineCertificateError &error);
     void showCertificateNotice();
     void authenticate(const QUrl &url, QAuthenticator *authenticator);
+    void authenticateProxy(const QUrl &url, QAuthenticator *authenticator, const QString &host);
+    bool useCredentials(const QString &key, QAuthenticator &authenticator);
+    bool isOfShownSite(const QUrl &url) const;
     void askForPassword(const QUrl &url, const QString &realm);
+    void askForProxyPassword(const QString &key, const QString &host);
+    void askForCredentials(const QString &key, const QString &from, const QString &text, const QString &user = {});
     void showNotice(const QString &title, const QString &text, const std::vector<Overlay::Choice> &choices);
     void removeNotice();
 

@@ -4,41 +4,22 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 #include <QWebEngineSettings>
 
 using namespace Qt::StringLiterals;
 
 namespace engine {
 
-namespace {
-
-/// The user's languages in the form of the request header, falling in weight: "de-DE,de;q=0.9,en;q=0.8".
-QString acceptedLanguages()
-{
-    QStringList languages;
-    for (const QString &language : QLocale().uiLanguages()) {
-        if (language == "C"_L1)
-            continue;
-        languages << language;
-        const QString plain = language.section(u'-', 0, 0);
-        if (plain != language)
-            languages << plain;
-    }
-    languages << u"en"_s;
-    languages.removeDuplicates();
-    QString header = languages.first();
-    for (int i = 1; i < std::min<int>(languages.size(), 9); ++i)
-        header += u",%1;q=0.%2"_s.arg(languages[i]).arg(10 - i);
-    return header;
-}
-
-} // namespace
-
 WebEngine::WebEngine(const EngineConfig &config)
     : m_config(config)
     , m_visits(config.visitFile)
     , m_pageMemory(QFileInfo(config.visitFile).dir().filePath(u"page-setup"_s))
+    , m_settings({config.profileFolder.isEmpty() ? QString() : config.profileFolder + "/engine.ini"_L1,
+                  config.downloadFolder, m_visits,
+                  [this](const QString &folder) {
+                      if (m_downloads)
+                          m_downloads->setFolder(folder);
+                  }})
     , m_site(*this)
 {}
 
@@ -51,7 +32,9 @@ WebEngine::~WebEngine()
     }
     // Running downloads report to what is about to go.
     m_downloads.reset();
+    m_settings.detach();
     m_profile.reset();
+    m_settings.finishFolder();
 }
 
 void WebEngine::warmUp()
@@ -64,6 +47,7 @@ QWebEngineProfile &WebEngine::profile()
     if (m_profile)
         return *m_profile;
     m_folder = ProfileFolder::take(m_config.profileFolder);
+    m_settings.prepareFolder(m_folder ? m_folder->path() : QString());
     if (m_folder) {
         const QString cache = m_folder->number() == 1 ? m_config.cacheFolder
                                                       : u"%1-%2"_s.arg(m_config.cacheFolder).arg(m_folder->number());
@@ -75,7 +59,7 @@ QWebEngineProfile &WebEngine::profile()
         // No folder to write to: everything works and nothing is kept.
         m_profile = std::make_unique<QWebEngineProfile>();
     }
-    m_profile->setHttpAcceptLanguage(acceptedLanguages());
+    m_settings.attach(*m_profile);
     m_profile->installUrlSchemeHandler(OwnSite::kScheme, &m_site);
     m_profile->installUrlSchemeHandler(PageChannel::kScheme, &m_channel);
 
@@ -85,7 +69,7 @@ QWebEngineProfile &WebEngine::profile()
     settings->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
 
     m_downloads =
-        std::make_unique<Downloads>(m_config.downloadFolder, [this](QWebEnginePage *page, const QString &text) {
+        std::make_unique<Downloads>(m_settings.downloadFolder(), [this](QWebEnginePage *page, const QString &text) {
             for (const auto &browser : m_browsers) {
                 if (page && browser && browser->isShowing(page))
                     browser->tellStatus(text);
@@ -110,6 +94,8 @@ WebBrowser *WebEngine::createBrowser(QWidget *parent)
     std::erase_if(m_browsers, [](const auto &browser) { return !browser; });
     auto *browser = new WebBrowserControl(*this, parent);
     m_browsers.push_back(browser);
+    connect(browser, &WebBrowser::optionsRequested, this,
+            [this, browser] { m_settings.showDialog(browser->window()); });
     return browser;
 }
 

@@ -8,6 +8,7 @@
 #include "engine/webengine/OwnSite.h"
 #include "engine/webengine/PageChannel.h"
 #include "engine/webengine/ProfileFolder.h"
+#include "engine/webengine/ProfileSettings.h"
 #include "engine/webengine/WebEngineFactory.h"
 
 #include <QHash>
@@ -35,6 +36,7 @@ public:
     QWebEngineProfile &profile();
     PageChannel &channel() { return m_channel; }
     PageMemory &pageMemory() { return m_pageMemory; }
+    ProfileSettings &settings() { return m_settings; }
 
     /// Hosts whose certificate the user has accepted in spite of its faults, until the program ends.
     bool isExcepted(const QString &host) const { return m_excepted.contains(host); }
@@ -55,6 +57,7 @@ private:
     EngineConfig m_config;
     VisitLog m_visits;
     PageMemory m_pageMemory;
+    ProfileSettings m_settings;
     PageChannel m_channel;
     OwnSite m_site;
     ClickWatch m_clicks;

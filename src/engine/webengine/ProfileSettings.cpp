@@ -1,0 +1,216 @@
+#include "engine/webengine/ProfileSettings.h"
+
+#include "engine/VisitLog.h"
+#include "engine/webengine/SiteData.h"
+
+#include <QDir>
+#include <QNetworkProxy>
+#include <QWebEngineCookieStore>
+#include <QWebEngineProfile>
+#include <QWebEngineUrlRequestInterceptor>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+constexpr int kMegabyte = 1024 * 1024;
+
+/// Asks every site not to track the user.
+class TrackingRefusal : public QWebEngineUrlRequestInterceptor
+{
+public:
+    void interceptRequest(QWebEngineUrlRequestInfo &info) override
+    {
+        info.setHttpHeader("DNT", "1");
+        info.setHttpHeader("Sec-GPC", "1");
+    }
+};
+
+} // namespace
+
+ProfileSettings::ProfileSettings(Surroundings surroundings)
+    : m_surroundings(std::move(surroundings))
+{
+    // The engine writes cookies every half minute.
+    m_cookiesGoing.setInterval(60'000);
+    m_cookiesGoing.setSingleShot(true);
+    m_cookiesGoing.callOnTimeout(&m_cookiesGoing, [this] { noteCookiesGone(); });
+}
+
+ProfileSettings::~ProfileSettings()
+{
+    delete m_dialog;
+}
+
+void ProfileSettings::prepareFolder(const QString &profileFolder)
+{
+    if (!std::exchange(m_isLoaded, true))
+        m_settings = EngineSettings::load(m_surroundings.file);
+    m_profileFolder = profileFolder;
+    if (profileFolder.isEmpty())
+        return;
+    if (m_settings.forgetAtExit)
+        removeSiteData(profileFolder);
+    else
+        finishPending(profileFolder);
+}
+
+void ProfileSettings::attach(QWebEngineProfile &profile)
+{
+    m_profile = &profile;
+    m_ownAgent = profile.httpUserAgent();
+    applyProxy();
+    applyCache();
+    applyCookies();
+    applyRequests();
+}
+
+void ProfileSettings::detach()
+{
+    delete m_dialog;
+    if (m_profile)
+        m_profile->setUrlRequestInterceptor(nullptr);
+    m_profile = nullptr;
+}
+
+void ProfileSettings::finishFolder()
+{
+    if (m_profileFolder.isEmpty())
+        return;
+    if (m_settings.forgetAtExit)
+        removeSiteData(m_profileFolder);
+    else
+        noteCookiesGone();
+}
+
+/// Cookies that come later are to stay, whatever ends the program.
+void ProfileSettings::noteCookiesGone() const
+{
+    if (pending(m_profileFolder) == Pending::Everything)
+        setPending(m_profileFolder, Pending::Storage);
+}
+
+QString ProfileSettings::downloadFolder() const
+{
+    return m_settings.downloadFolder.isEmpty() ? m_surroundings.systemDownloadFolder : m_settings.downloadFolder;
+}
+
+void ProfileSettings::showDialog(QWidget *window)
+{
+    if (m_dialog) {
+        m_dialog->raise();
+        m_dialog->activateWindow();
+        return;
+    }
+    m_dialog = new InternetOptions(*this, window);
+    m_dialog->open();
+}
+
+bool ProfileSettings::apply(const EngineSettings &settings)
+{
+    const EngineSettings old = std::exchange(m_settings, settings);
+    // Every one of these costs the engine its open connections or more, so only what is new is set.
+    if (std::tie(old.proxy, old.proxyType, old.proxyHost, old.proxyPort) !=
+        std::tie(settings.proxy, settings.proxyType, settings.proxyHost, settings.proxyPort))
+        applyProxy();
+    if (old.cache != settings.cache || old.cacheMegabytes != settings.cacheMegabytes)
+        applyCache();
+    if (old.cookies != settings.cookies)
+        applyCookies();
+    applyRequests();
+    m_surroundings.setDownloadFolder(downloadFolder());
+    return settings.store(m_surroundings.file);
+}
+
+/// For the engine and for everything else that connects to a server.
+void ProfileSettings::applyProxy() const
+{
+    if (m_settings.proxy == EngineSettings::Proxy::System) {
+        QNetworkProxy::setApplicationProxy(QNetworkProxy());
+        QNetworkProxyFactory::setUseSystemConfiguration(true);
+        return;
+    }
+    QNetworkProxy proxy(QNetworkProxy::NoProxy);
+    if (m_settings.proxy == EngineSettings::Proxy::Manual) {
+        QString host = m_settings.proxyHost;
+        host.remove(u'[').remove(u']');
+        // Without the user's name: the engine would send it with an empty password and not ask.
+        proxy = QNetworkProxy(m_settings.proxyType == EngineSettings::ProxyType::Socks5 ? QNetworkProxy::Socks5Proxy
+                                                                                        : QNetworkProxy::HttpProxy,
+                              host, m_settings.proxyPort);
+    }
+    QNetworkProxy::setApplicationProxy(proxy);
+}
+
+void ProfileSettings::applyCache()
+{
+    using Cache = EngineSettings::Cache;
+    if (m_settings.cache == Cache::None) {
+        m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
+        m_profile->clearHttpCache();
+        return;
+    }
+    // 0 leaves the size to the engine.
+    m_profile->setHttpCacheMaximumSize(m_settings.cache == Cache::Limited ? m_settings.cacheMegabytes * kMegabyte : 0);
+    if (!m_profile->isOffTheRecord())
+        m_profile->setHttpCacheType(QWebEngineProfile::DiskHttpCache);
+}
+
+void ProfileSettings::applyCookies()
+{
+    using Cookies = EngineSettings::Cookies;
+    QWebEngineCookieStore *store = m_profile->cookieStore();
+    switch (m_settings.cookies) {
+    case Cookies::All:
+        store->setCookieFilter(nullptr);
+        return;
+    case Cookies::NoThirdParties:
+        store->setCookieFilter([](const QWebEngineCookieStore::FilterRequest &request) { return !request.thirdParty; });
+        return;
+    case Cookies::None:
+        store->setCookieFilter([](const QWebEngineCookieStore::FilterRequest &) { return false; });
+        return;
+    }
+}
+
+/// What every request carries.
+void ProfileSettings::applyRequests()
+{
+    const QString languages =
+        acceptedLanguages(m_settings.languages.isEmpty() ? systemLanguages() : m_settings.languages);
+    if (m_profile->httpAcceptLanguage() != languages)
+        m_profile->setHttpAcceptLanguage(languages);
+
+    using Agent = EngineSettings::Agent;
+    const QString agent = m_settings.agent == Agent::Old      ? QString(EngineSettings::kOldAgent)
+                          : m_settings.agent == Agent::Custom ? m_settings.customAgent
+                                                              : m_ownAgent;
+    if (m_profile->httpUserAgent() != agent)
+        m_profile->setHttpUserAgent(agent);
+
+    if (m_settings.doNotTrack == (m_marker != nullptr))
+        return;
+    auto marker = m_settings.doNotTrack ? std::make_unique<TrackingRefusal>() : nullptr;
+    m_profile->setUrlRequestInterceptor(marker.get());
+    m_marker = std::move(marker);
+}
+
+void ProfileSettings::clear(Traces traces)
+{
+    if (traces.testFlag(Trace::TemporaryFiles))
+        m_profile->clearHttpCache();
+    if (traces.testFlag(Trace::Cookies)) {
+        if (!m_profileFolder.isEmpty())
+            setPending(m_profileFolder, Pending::Everything);
+        m_cookiesGoing.start();
+        m_profile->cookieStore()->deleteAllCookies();
+    }
+    if (traces.testFlag(Trace::History)) {
+        m_profile->clearAllVisitedLinks();
+        m_surroundings.visits.clear();
+    }
+}
+
+} // namespace engine

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "engine/EngineSettings.h"
+#include "engine/InternetOptions.h"
+
+#include <QPointer>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+class QWebEngineProfile;
+class QWebEngineUrlRequestInterceptor;
+
+namespace engine {
+
+class VisitLog;
+
+/// The user's settings of the engine: reads them, makes them hold for the one profile and the connections of the whole
+/// program, shows the dialog and clears what was left behind.
+class ProfileSettings final : private OptionsHost
+{
+public:
+    struct Surroundings
+    {
+        /// Keeps the settings.
+        QString file;
+        QString systemDownloadFolder;
+        VisitLog &visits;
+        /// Told where downloads go from now on.
+        std::function<void(const QString &folder)> setDownloadFolder;
+    };
+    explicit ProfileSettings(Surroundings surroundings);
+    ~ProfileSettings() override;
+
+    /// Reads the settings, once. What they decide about a folder is done before an engine opens it: call this first.
+    /// An empty name stands for a profile that keeps nothing.
+    void prepareFolder(const QString &profileFolder);
+    /// From here on the settings hold for `profile`.
+    void attach(QWebEngineProfile &profile);
+    /// Call it before the profile goes and, once it has gone, `finishFolder`.
+    void detach();
+    void finishFolder();
+
+    /// Where downloads go.
+    QString downloadFolder() const;
+    /// The name that a proxy server knows the user by; may be empty.
+    const QString &proxyUser() const { return m_settings.proxyUser; }
+
+    /// Opens the dialog over `window`, or brings the one that is open to the front.
+    void showDialog(QWidget *window);
+    void clear(Traces traces) override;
+
+private:
+    const EngineSettings &settings() const override { return m_settings; }
+    bool apply(const EngineSettings &settings) override;
+    QString ownAgent() const override { return m_ownAgent; }
+    QString systemDownloadFolder() const override { return m_surroundings.systemDownloadFolder; }
+
+    void applyProxy() const;
+    void applyCache();
+    void applyCookies();
+    void applyRequests();
+    void noteCookiesGone() const;
+
+    Surroundings m_surroundings;
+    EngineSettings m_settings;
+    bool m_isLoaded = false;
+    QString m_profileFolder;
+    QString m_ownAgent;
+    QWebEngineProfile *m_profile = nullptr;
+    std::unique_ptr<QWebEngineUrlRequestInterceptor> m_marker;
+    /// Runs until the removal of cookies has reached the disk for certain.
+    QTimer m_cookiesGoing;
+    QPointer<InternetOptions> m_dialog;
+};
+
+} // namespace engine
