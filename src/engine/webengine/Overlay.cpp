@@ -3,8 +3,8 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
-#include <QStyle>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +16,30 @@ namespace {
 /// Width of the text column in pixels: about 70 letters, which reads well.
 constexpr int kColumn = 480;
 
+/// A warning sign that is sharp at every scale, which the styles' own is not everywhere.
+class WarningSign : public QWidget
+{
+public:
+    explicit WarningSign(QWidget *parent)
+        : QWidget(parent)
+    {
+        setFixedSize(32, 32);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(QColor(0xb3, 0x7a, 0x00), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(QColor(0xff, 0xcf, 0x40));
+        painter.drawPolygon(QPolygonF({{16, 3}, {30, 28}, {2, 28}}));
+        painter.setPen(QPen(QColor(0x3d, 0x2c, 0x00), 3, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(QPointF(16, 12), QPointF(16, 19));
+        painter.drawPoint(QPointF(16, 24));
+    }
+};
+
 QWidget *column(QWidget *parent, const QString &title, const QString &text)
 {
     auto *content = new QWidget(parent);
@@ -25,9 +49,7 @@ QWidget *column(QWidget *parent, const QString &title, const QString &text)
 
     auto *heading = new QHBoxLayout;
     heading->setSpacing(12);
-    auto *icon = new QLabel(content);
-    icon->setPixmap(parent->style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(32, 32));
-    heading->addWidget(icon, 0, Qt::AlignTop);
+    heading->addWidget(new WarningSign(content), 0, Qt::AlignTop);
     auto *name = new QLabel(title, content);
     name->setTextFormat(Qt::PlainText);
     name->setWordWrap(true);
