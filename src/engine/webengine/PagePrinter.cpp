@@ -1,15 +1,34 @@
 #include "engine/webengine/PagePrinter.h"
 
+#include <QFile>
 #include <QPointer>
 #include <QWebEnginePage>
+#include <QWebEngineScript>
 #include <QWebEngineSettings>
+
+using namespace Qt::StringLiterals;
 
 namespace engine {
 
 namespace {
 
+/// World of the script that only answers.
+constexpr quint32 kPrinterWorld = QWebEngineScript::UserWorld + 8;
 /// A book of a thousand pages takes a few seconds.
 constexpr int kPatienceMs = 60'000;
+
+/// Whether the process still runs. The engine notices the end of one a moment late, and dies itself of an order to
+/// print that it sends in between.
+bool isRunning(qint64 process)
+{
+    QFile file(u"/proc/%1/stat"_s.arg(process));
+    if (process == 0 || !file.open(QIODevice::ReadOnly))
+        return false;
+    // "pid (name) state ...", where Z is a process that has ended and X one that is ending.
+    const QByteArray stat = file.readAll();
+    const char state = stat.mid(stat.lastIndexOf(')') + 2, 1).append('Z').front();
+    return state != 'Z' && state != 'X';
+}
 
 } // namespace
 
@@ -34,22 +53,27 @@ void PagePrinter::makePdf(const PageSetup &setup, const QPageRanges &ranges,
 void PagePrinter::begin()
 {
     const int number = ++m_number;
+    if (m_page.renderProcessPid() == 0) {
+        QTimer::singleShot(0, this, [this] { finish({}); });
+        return;
+    }
     m_patience.start();
     m_page.settings()->setAttribute(QWebEngineSettings::PrintElementBackgrounds, m_orders.front().setup.background);
-    // The engine tells its pages of a setting with the next turn of the event loop.
-    QTimer::singleShot(0, this, [this, number] {
-        if (m_number == number)
-            make();
+    // The setting is told to the page in a later turn of the event loop. When the page answers it has been told.
+    const QPointer<PagePrinter> guard(this);
+    m_page.runJavaScript(u"1"_s, kPrinterWorld, [guard, number](const QVariant &answer) {
+        // A process that ends leaves its questions behind with an empty answer.
+        if (!guard || answer.toInt() != 1)
+            return;
+        QTimer::singleShot(0, guard, [guard, number] {
+            if (guard->m_number == number && isRunning(guard->m_page.renderProcessPid()))
+                guard->make();
+        });
     });
 }
 
 void PagePrinter::make()
 {
-    // The engine dies of an order for a page whose process has ended.
-    if (m_page.renderProcessPid() == 0) {
-        finish({});
-        return;
-    }
     const Order &order = m_orders.front();
     const int number = m_number;
     const QPointer<PagePrinter> guard(this);
