@@ -60,7 +60,7 @@ std::span<const Commands::Entry> Commands::table()
         {u"mnuEditDecFont", &C::mnuEditDecFont},
         {u"mnuEditResetFont", &C::mnuEditResetFont},
         {u"mnuEditSelectAll", &C::mnuEditSelectAll},
-        {u"mnuEditFind", nullptr},
+        {u"mnuEditFind", &C::mnuEditFind},
 
         {u"mnuViewBrowseToolbar", &C::mnuViewBrowseToolbar},
         {u"mnuViewSitesToolbar", &C::mnuViewSitesToolbar},

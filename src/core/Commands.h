@@ -72,6 +72,7 @@ private:
     void mnuEditIncFont();
     void mnuEditDecFont();
     void mnuEditSelectAll();
+    void mnuEditFind();
     void mnuViewSource();
     void mnuViewInternetOptions();
     // View

@@ -9,6 +9,7 @@
 #include "core/state/Document.h"
 #include "desktop/Dialogs.h"
 #include "documents/frmNavigator.h"
+#include "engine/PageFacets.h"
 #include "engine/WebBrowser.h"
 
 #include <QClipboard>
@@ -213,6 +214,16 @@ void Commands::mnuEditSelectAll()
 {
     if (Document *document = active(); document && document->browser())
         step([&] { document->browser()->Exec(engine::IDM_SELECTALL, 1, 2); });
+}
+
+void Commands::mnuEditFind()
+{
+    Document *document = active();
+    if (!document || !document->browser())
+        return;
+    document->browser()->setFocus();
+    if (engine::FindFacet *find = document->browser()->findFacet())
+        find->showFindBar();
 }
 
 void Commands::mnuViewSource()

@@ -1,6 +1,7 @@
 #include "core/frmMain.h"
 
 #include "core/AllSettings.h"
+#include "core/CaptionShortcuts.h"
 #include "core/Commands.h"
 #include "core/KeyboardHook.h"
 #include "core/frmPassword.h"
@@ -115,6 +116,9 @@ void frmMain::createControls()
     m_layout->addWidget(picHolder);
     m_layout->addWidget(mdi, 1);
     m_layout->addWidget(vbalStatusBar1);
+
+    mdi->childControls()->setParent(Picture6);
+    mdi->childControls()->installEventFilter(this);
 }
 
 void frmMain::createAddressBand()
@@ -189,6 +193,7 @@ void frmMain::wireMenus()
         connect(popup, &controls::PopupMenu::Click, this, [this, popup](int item) { m_commands->Click(*popup, item); });
     }
     connect(m_cMenu.get(), &controls::PopupMenu::InitPopupMenu, this, &frmMain::m_cMenu_InitPopupMenu);
+    addCaptionShortcuts(*this, *m_cMenu, *m_commands, m_mainCode.flags);
     m_tabStrip = std::make_unique<TabStrip>(TabStrip::Parts{*this, m_mainCode.settings, *mdi, navigator->ListView1,
                                                             *vbalDTabControl1, *m_cTabMenu, *m_cNew});
     connect(m_tabStrip.get(), &TabStrip::tabMenuCommand, this, [this](const QString &key) { m_commands->run(key); });
@@ -256,14 +261,30 @@ void frmMain::dockPicHolder(int align)
     m_layout->insertWidget(align == vbAlignBottom ? 1 : 0, picHolder);
 }
 
-/// The tab strip leaves room for the two buttons at its right end.
+/// The tab strip leaves room for the two buttons at its right end, and for those of a maximised document behind them.
 void frmMain::layOutTabBand()
 {
-    const int left = std::max(0, Picture6->width() - 2 * kButtonEdge - kGap);
+    QWidget *child = mdi->childControls();
+    int right = Picture6->width() - kGap;
+    if (!child->isHidden()) {
+        child->resize(child->sizeHint());
+        right -= child->width();
+        child->move(std::max(0, right), (Picture6->height() - child->height()) / 2);
+        right -= kGap;
+    }
+    const int left = std::max(0, right - 2 * kButtonEdge);
     const int top = (Picture6->height() - kButtonEdge) / 2;
     Picture7->move(left, top);
     Picture8->move(left + kButtonEdge, top);
     vbalDTabControl1->resize(std::max(0, left - kGap), Picture6->height());
+}
+
+bool frmMain::eventFilter(QObject *watched, QEvent *event)
+{
+    // They come and go with the maximised state of the documents.
+    if (mdi && watched == mdi->childControls() && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
+        QMetaObject::invokeMethod(this, &frmMain::layOutTabBand, Qt::QueuedConnection);
+    return QWidget::eventFilter(watched, event);
 }
 
 void frmMain::openWindowMenu()
