@@ -1,10 +1,10 @@
 #include "support/LoopbackSite.h"
+#include "support/Wait.h"
 
 #include <QFile>
 #include <QSslCertificate>
 #include <QSslKey>
 #include <QSslSocket>
-#include <QTest>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -92,7 +92,7 @@ int LoopbackSite::count(const QByteArray &path) const
 
 bool LoopbackSite::waitFor(const QByteArray &path, int times, int milliseconds) const
 {
-    return QTest::qWaitFor([&] { return count(path) >= times; }, milliseconds);
+    return waitUntil([&] { return count(path) >= times; }, milliseconds);
 }
 
 void LoopbackSite::incomingConnection(qintptr descriptor)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QTimer>
+
+/// Waits until `isThere()` gives true, at most `milliseconds`; gives whether it does. The event loop runs all the time:
+/// the waits of Qt Test sleep between their looks, which makes a page engine in the same process many times slower.
+template <typename Condition>
+bool waitUntil(Condition isThere, int milliseconds)
+{
+    constexpr int kLookEveryMs = 5;
+    const QDeadlineTimer deadline(milliseconds);
+    QEventLoop loop;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+        if (isThere() || deadline.hasExpired())
+            loop.quit();
+    });
+    look.start(kLookEveryMs);
+    if (!isThere())
+        loop.exec();
+    return isThere();
+}
