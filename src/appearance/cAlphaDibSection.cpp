@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QPainter>
 #include <QRandomGenerator>
+#include <QTime>
 #include <algorithm>
 #include <array>
 #include <cmath>

@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>

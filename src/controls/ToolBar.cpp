@@ -244,8 +244,12 @@ void ToolBar::updateTabStop()
         if (usable(each) && (!stop || each->focusPolicy() != Qt::NoFocus))
             stop = each;
     }
-    for (ToolBarButton *each : d->buttons)
-        each->setFocusPolicy(each == stop ? Qt::TabFocus : Qt::NoFocus);
+    for (ToolBarButton *each : d->buttons) {
+        if (each != stop)
+            each->setFocusPolicy(Qt::NoFocus);
+    }
+    if (stop)
+        stop->setFocusPolicy(Qt::TabFocus);
 }
 
 void ToolBar::keyPressEvent(QKeyEvent *event)

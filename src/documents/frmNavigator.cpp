@@ -341,7 +341,7 @@ void frmNavigator::mouseMoveEvent(QMouseEvent *event)
 
 bool frmNavigator::eventFilter(QObject *watched, QEvent *event)
 {
-    // The type first: the list's viewport sends events that late in its end that the list can no longer be asked for it.
+    // The type first: the viewport sends events so late in the list's end that the list can no longer be asked for it.
     if (event->type() == QEvent::MouseMove && watched == ListView1.viewport())
         Form_Activate();
     return QWidget::eventFilter(watched, event);

@@ -40,7 +40,8 @@ enum class MessageButtons {
 };
 
 /// A message box that a page asks for.
-struct PageMessage {
+struct PageMessage
+{
     /// Plain text.
     QString Prompt;
     MessageButtons buttons = MessageButtons::Ok;

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QLocale>
 #include <QPageSize>
+#include <QRectF>
 #include <QStandardPaths>
 #include <utility>
 

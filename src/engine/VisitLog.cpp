@@ -109,8 +109,8 @@ bool VisitLog::Private::prepare(bool &damaged)
         return false;
     for (const char *statement :
          {"PRAGMA journal_mode=WAL", "PRAGMA synchronous=NORMAL", "PRAGMA secure_delete=ON",
-          "CREATE TABLE IF NOT EXISTS visits (id INTEGER PRIMARY KEY, address TEXT NOT NULL, title TEXT NOT NULL,"
-          " time INTEGER NOT NULL, folded TEXT NOT NULL)",
+          ("CREATE TABLE IF NOT EXISTS visits (id INTEGER PRIMARY KEY, address TEXT NOT NULL, title TEXT NOT NULL,"
+           " time INTEGER NOT NULL, folded TEXT NOT NULL)"),
           "CREATE INDEX IF NOT EXISTS visits_time ON visits (time)",
           "CREATE INDEX IF NOT EXISTS visits_address ON visits (address)", "SELECT id FROM visits LIMIT 1"}) {
         QSqlQuery query(base);

@@ -8,7 +8,8 @@
 
 namespace engine {
 
-struct Visit {
+struct Visit
+{
     QString address;
     QString title;
     QDateTime time;
