@@ -1,0 +1,92 @@
+#pragma once
+
+#include "Surroundings.h"
+
+#include "core/MainCode.h"
+#include "core/frmMain.h"
+#include "core/state/SettingsStore.h"
+#include "desktop/Paths.h"
+#include "desktop/TrayIcon.h"
+#include "engine/Engine.h"
+#include "engine/webengine/WebEngineFactory.h"
+#include "support/RecordingDialogs.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTest>
+#include <memory>
+
+class Document;
+
+/// A desktop without a tray.
+class NoTray : public desktop::TrayIcon
+{
+public:
+    bool isAvailable() const override { return false; }
+    void AddTrayIcon(const QString &) override {}
+    void RemoveTrayIcon() override {}
+};
+
+/// The whole program in this process: the real main window over the real engine, with a home of its own. Tests work it
+/// by mouse and keys and look at what its window shows. It can be started again after end().
+class BrowserFixture
+{
+public:
+    BrowserFixture();
+    ~BrowserFixture();
+    BrowserFixture(const BrowserFixture &) = delete;
+
+    void set(const QString &section, const QString &key, const QString &value);
+    /// Starts as in a later run of a user, with a window of ordinary size. False when no window came up.
+    bool start(const QString &command = {});
+    /// Starts as the settings say.
+    bool startAsStored(const QString &command = {});
+    /// Closes the window as its user does, and ends the engine.
+    void end();
+
+    frmMain &main() { return *m_code->mainWindow(); }
+    int count();
+    Document &document(int position);
+    /// What the window shows of a document, in its tab and in the Navigator.
+    QString caption(int position);
+    QString toolTip(int position);
+    int icon(int position);
+    QString line(int position);
+    QString state(int position);
+    QString address();
+    /// Empty when tabs, Navigator and documents agree about every position, else what does not.
+    QString disorder();
+
+    /// Waits until a document shows a page of this title and loads no longer.
+    bool waitForPage(int position, const QString &title);
+    /// Types into the address bar and presses Enter.
+    void enterAddress(const QString &text);
+    void clickTab(int position);
+    void clickPage(const QPoint &at = QPoint(60, 60));
+    /// The widget of the active page that receives the user's input; another one after some navigations.
+    QWidget *page();
+    /// A visible button anywhere in the window, by its text without the mnemonic; null when there is none.
+    QAbstractButton *button(const QString &text);
+    /// Chooses an entry of the main menu; false when it is out of service.
+    bool choose(const QString &menuKey);
+
+private:
+    QTemporaryDir m_home;
+    desktop::Paths m_paths;
+    std::unique_ptr<SettingsStore> m_store;
+    std::unique_ptr<engine::Engine> m_engine;
+    RecordingDialogs m_dialogs;
+    NoTray m_tray;
+    std::unique_ptr<MainCode> m_code;
+};
+
+template <typename Tests>
+int runBrowserTests(int argc, char **argv)
+{
+    allowRoot();
+    engine::registerSchemes();
+    QApplication app(argc, argv);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    Tests tests;
+    return QTest::qExec(&tests, argc, argv);
+}
