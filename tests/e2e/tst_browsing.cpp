@@ -148,7 +148,7 @@ void tst_Browsing::keysReachThePage()
 {
     m_site.page("/form", "Form",
                 "<form action=/search><input name=q style='width: 400px; height: 300px' oninput='fetch(\"/typed\")'>"
-                "</form>" +
+                "<p>A page without a text takes no clicks at first.</p></form>" +
                     kTellsWhenPainted);
     m_site.page("/search", "Found");
     BrowserFixture f;
@@ -337,6 +337,7 @@ void tst_Browsing::killedPageComesBackOnDemand()
     BrowserFixture f;
     QVERIFY(f.start(at(u"/a"_s)));
     QVERIFY(f.waitForPage(1, u"Page A"_s));
+    QVERIFY(m_site.waitFor("/painted/a"));
     QVERIFY(killRenderers() > 0);
     QTRY_VERIFY(f.button(u"Reload"_s));
     QCOMPARE(f.caption(1), u"Page A"_s);
