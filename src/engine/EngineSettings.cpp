@@ -31,10 +31,10 @@ constexpr std::array kAgents = {"own", "old", "custom"};
 
 using Values = QHash<QByteArray, QByteArray>;
 
-/// Everything but signs that would end the line or confuse a reader stands as it is.
+/// Blanks too, as they would be lost at the end of a line.
 QByteArray escaped(const QString &value)
 {
-    return QUrl::toPercentEncoding(value, " /:;,()+@");
+    return QUrl::toPercentEncoding(value, "/:;,()+@");
 }
 
 template <typename Enum, std::size_t Count>
@@ -170,6 +170,11 @@ QStringList systemLanguages()
 {
     QStringList languages = QLocale().uiLanguages();
     languages.removeAll(u"C"_s);
+    // "de-Latn-DE" beside "de-DE" says nothing that a site could use.
+    languages.removeIf([all = languages](const QString &code) {
+        const QStringList parts = code.split(u'-');
+        return parts.size() == 3 && all.contains(parts[0] + u'-' + parts[2]);
+    });
     languages << u"en"_s;
     languages.removeDuplicates();
     return languages;

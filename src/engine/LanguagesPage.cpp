@@ -175,7 +175,7 @@ void LanguagesPage::add()
 void LanguagesPage::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && btnAdd->isEnabled() && cmbLanguage->lineEdit()->hasFocus())
+    if (isEnter && btnAdd->isEnabled() && focusWidget() == cmbLanguage)
         add();
     else
         OptionPage::keyPressEvent(event);

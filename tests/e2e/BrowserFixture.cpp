@@ -44,7 +44,7 @@ bool BrowserFixture::startAsStored(const QString &command)
 {
     m_engine =
         engine::makeWebEngine({m_paths.profileFolder, m_paths.cacheFolder, m_paths.visitFile, m_paths.downloadFolder});
-    m_code = std::make_unique<MainCode>(Ground{m_paths, *m_store, *m_engine, m_dialogs, m_tray});
+    m_code = std::make_unique<MainCode>(Ground{m_paths, *m_store, *m_engine, dialogs, m_tray});
     return m_code->Main(command) && QTest::qWaitForWindowActive(&main());
 }
 
@@ -126,6 +126,11 @@ bool BrowserFixture::waitForPage(int position, const QString &title)
     if (!isThere && count() >= position)
         qInfo().noquote() << u"shows %1, %2"_s.arg(document(position).LocationName(), state(position));
     return isThere;
+}
+
+void BrowserFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(main().windowHandle(), key, modifiers);
 }
 
 void BrowserFixture::enterAddress(const QString &text)

@@ -59,6 +59,8 @@ public:
 
     /// Waits until a document shows a page of this title and loads no longer.
     bool waitForPage(int position, const QString &title);
+    /// A key as the desktop sends it to the window.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     /// Types into the address bar and presses Enter.
     void enterAddress(const QString &text);
     void clickTab(int position);
@@ -70,12 +72,14 @@ public:
     /// Chooses an entry of the main menu; false when it is out of service.
     bool choose(const QString &menuKey);
 
+    /// Answers file dialogs of the desktop and keeps what they were asked.
+    RecordingDialogs dialogs;
+
 private:
     QTemporaryDir m_home;
     desktop::Paths m_paths;
     std::unique_ptr<SettingsStore> m_store;
     std::unique_ptr<engine::Engine> m_engine;
-    RecordingDialogs m_dialogs;
     NoTray m_tray;
     std::unique_ptr<MainCode> m_code;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QByteArray>
 #include <unistd.h>
 
 /// How long the tests wait for a page, in milliseconds. Only a failure takes so long.

@@ -1,11 +1,13 @@
 #include "engine/webengine/ProfileSettings.h"
 
 #include "engine/VisitLog.h"
+#include "engine/webengine/SessionCookies.h"
 #include "engine/webengine/SiteData.h"
 
 #include <QDir>
 #include <QNetworkProxy>
 #include <QWebEngineCookieStore>
+#include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineUrlRequestInterceptor>
 
@@ -48,6 +50,7 @@ void ProfileSettings::prepareFolder(const QString &profileFolder)
 {
     if (!std::exchange(m_isLoaded, true))
         m_settings = EngineSettings::load(m_surroundings.file);
+    applyProxy();
     m_profileFolder = profileFolder;
     if (profileFolder.isEmpty())
         return;
@@ -61,8 +64,8 @@ void ProfileSettings::attach(QWebEngineProfile &profile)
 {
     m_profile = &profile;
     m_ownAgent = profile.httpUserAgent();
-    applyProxy();
-    applyCache();
+    m_sessionCookies = std::make_unique<SessionCookies>(*profile.cookieStore());
+    setCache();
     applyCookies();
     applyRequests();
 }
@@ -70,6 +73,9 @@ void ProfileSettings::attach(QWebEngineProfile &profile)
 void ProfileSettings::detach()
 {
     delete m_dialog;
+    m_cookiesGoing.stop();
+    m_probe.reset();
+    m_sessionCookies.reset();
     if (m_profile)
         m_profile->setUrlRequestInterceptor(nullptr);
     m_profile = nullptr;
@@ -113,8 +119,10 @@ bool ProfileSettings::apply(const EngineSettings &settings)
     const EngineSettings old = std::exchange(m_settings, settings);
     // Every one of these costs the engine its open connections or more, so only what is new is set.
     if (std::tie(old.proxy, old.proxyType, old.proxyHost, old.proxyPort) !=
-        std::tie(settings.proxy, settings.proxyType, settings.proxyHost, settings.proxyPort))
+        std::tie(settings.proxy, settings.proxyType, settings.proxyHost, settings.proxyPort)) {
         applyProxy();
+        followProxy();
+    }
     if (old.cache != settings.cache || old.cacheMegabytes != settings.cacheMegabytes)
         applyCache();
     if (old.cookies != settings.cookies)
@@ -144,7 +152,24 @@ void ProfileSettings::applyProxy() const
     QNetworkProxy::setApplicationProxy(proxy);
 }
 
+/// The engine looks for another proxy server when it makes a request, and uses it from the next request on. So a page
+/// of nobody asks for a port that the engine itself refuses, without connecting to anything.
+void ProfileSettings::followProxy()
+{
+    m_probe = std::make_unique<QWebEnginePage>(m_profile);
+    // Not from inside a call of the page itself.
+    QObject::connect(m_probe.get(), &QWebEnginePage::loadFinished, m_probe.get(),
+                     [this] { QTimer::singleShot(0, m_probe.get(), [this] { m_probe.reset(); }); });
+    m_probe->load(QUrl(u"http://127.0.0.1:1/"_s));
+}
+
 void ProfileSettings::applyCache()
+{
+    setCache();
+    m_sessionCookies->restore();
+}
+
+void ProfileSettings::setCache()
 {
     using Cache = EngineSettings::Cache;
     if (m_settings.cache == Cache::None) {
@@ -199,13 +224,16 @@ void ProfileSettings::applyRequests()
 
 void ProfileSettings::clear(Traces traces)
 {
-    if (traces.testFlag(Trace::TemporaryFiles))
-        m_profile->clearHttpCache();
     if (traces.testFlag(Trace::Cookies)) {
+        m_sessionCookies->forget();
         if (!m_profileFolder.isEmpty())
             setPending(m_profileFolder, Pending::Everything);
         m_cookiesGoing.start();
         m_profile->cookieStore()->deleteAllCookies();
+    }
+    if (traces.testFlag(Trace::TemporaryFiles)) {
+        m_profile->clearHttpCache();
+        m_sessionCookies->restore();
     }
     if (traces.testFlag(Trace::History)) {
         m_profile->clearAllVisitedLinks();

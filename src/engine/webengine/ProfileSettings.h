@@ -8,11 +8,13 @@
 #include <functional>
 #include <memory>
 
+class QWebEnginePage;
 class QWebEngineProfile;
 class QWebEngineUrlRequestInterceptor;
 
 namespace engine {
 
+class SessionCookies;
 class VisitLog;
 
 /// The user's settings of the engine: reads them, makes them hold for the one profile and the connections of the whole
@@ -33,7 +35,7 @@ public:
     ~ProfileSettings() override;
 
     /// Reads the settings, once. What they decide about a folder is done before an engine opens it: call this first.
-    /// An empty name stands for a profile that keeps nothing.
+    /// The proxy server has to be known by then too. An empty name stands for a profile that keeps nothing.
     void prepareFolder(const QString &profileFolder);
     /// From here on the settings hold for `profile`.
     void attach(QWebEngineProfile &profile);
@@ -57,7 +59,9 @@ private:
     QString systemDownloadFolder() const override { return m_surroundings.systemDownloadFolder; }
 
     void applyProxy() const;
+    void followProxy();
     void applyCache();
+    void setCache();
     void applyCookies();
     void applyRequests();
     void noteCookiesGone() const;
@@ -69,6 +73,9 @@ private:
     QString m_ownAgent;
     QWebEngineProfile *m_profile = nullptr;
     std::unique_ptr<QWebEngineUrlRequestInterceptor> m_marker;
+    std::unique_ptr<SessionCookies> m_sessionCookies;
+    /// Makes a request that comes to nothing.
+    std::unique_ptr<QWebEnginePage> m_probe;
     /// Runs until the removal of cookies has reached the disk for certain.
     QTimer m_cookiesGoing;
     QPointer<InternetOptions> m_dialog;

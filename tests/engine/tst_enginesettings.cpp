@@ -1,0 +1,118 @@
+#include "base/Files.h"
+#include "engine/EngineSettings.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace engine;
+
+class TestEngineSettings : public QObject
+{
+    Q_OBJECT
+private slots:
+    void comesBackFromItsFile()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(u"engine.ini"_s);
+        QCOMPARE(EngineSettings::load(file), EngineSettings());
+
+        EngineSettings settings;
+        settings.proxy = EngineSettings::Proxy::Manual;
+        settings.proxyType = EngineSettings::ProxyType::Socks5;
+        settings.proxyHost = u"прокси.example"_s;
+        settings.proxyPort = 65535;
+        settings.proxyUser = u"a=b # 100%41"_s;
+        settings.languages = {u"pt-BR"_s, u"de"_s};
+        settings.cookies = EngineSettings::Cookies::NoThirdParties;
+        settings.forgetAtExit = true;
+        settings.doNotTrack = true;
+        settings.cache = EngineSettings::Cache::Limited;
+        settings.cacheMegabytes = 1;
+        settings.downloadFolder = u"/tmp/a\nb=\"ü\";/ c "_s;
+        settings.agent = EngineSettings::Agent::Custom;
+        settings.customAgent = u"Mine/1.0 (x; y) [z]"_s;
+        QVERIFY(settings.store(file));
+        QCOMPARE(EngineSettings::load(file), settings);
+        QCOMPARE(QFileInfo(file).permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteOther),
+                 QFile::Permissions());
+
+        // A text editor may have been at work.
+        QByteArray text = settings.toText();
+        text = "# mine\r\n[engine]\r\n\r\nunknown=1\r\n" + text.replace("=", " = ").replace("\n", "\r\n");
+        QCOMPARE(EngineSettings::fromText(text), settings);
+        QVERIFY(!settings.store(folder.filePath(u"missing/engine.ini"_s)));
+    }
+
+    void damagedFileIsKeptAside_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("no settings") << QByteArray("proxy=manual\nhello");
+        QTest::newRow("zeros") << QByteArray("proxy=none\ncookies=\0\0", 21);
+        QTest::newRow("no name") << QByteArray("=1\n");
+        QTest::newRow("huge") << QByteArray("a=").append(QByteArray(1'000'000, 'x'));
+    }
+
+    void damagedFileIsKeptAside()
+    {
+        QFETCH(const QByteArray, content);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(u"engine.ini"_s);
+        QVERIFY(writeFileWhole(file, content));
+        QCOMPARE(EngineSettings::load(file), EngineSettings());
+        QVERIFY(!QFileInfo::exists(file));
+        QCOMPARE(readFile(file + u".damaged"_s), content);
+    }
+
+    void valuesWithoutSenseLeaveTheStandard()
+    {
+        const auto settings =
+            EngineSettings::fromText("proxy=manual\nproxy-host=a b\nproxy-port=0\ncookies=some\n"
+                                     "cache=limited\ncache-megabytes=2001\nlanguages=de,,x1,../en\n"
+                                     "download-folder=here\nagent=custom\ncustom-agent=a%0D%0AX: b\n");
+        EngineSettings expected;
+        expected.cache = EngineSettings::Cache::Limited;
+        expected.languages = QStringList{u"de"_s};
+        QCOMPARE(settings, expected);
+    }
+
+    void hostNames_data()
+    {
+        QTest::addColumn<bool>("isRight");
+        for (const char *name : {"proxy", "a.example.", "10.0.0.1", "xn--80a_b.example", "::1", "[fe80::1]"})
+            QTest::newRow(name) << true;
+        for (const char *name : {"", ".", "a b", "http://a", "a:80", "a/b", "-a", "a-", "user@a", "[10.0.0.1", "[a]"})
+            QTest::newRow(name) << false;
+    }
+
+    void hostNames()
+    {
+        QFETCH(const bool, isRight);
+        QCOMPARE(isHostName(QString::fromLatin1(QTest::currentDataTag())), isRight);
+    }
+
+    void languageHeader()
+    {
+        QCOMPARE(acceptedLanguages({u"en"_s}), u"en"_s);
+        QCOMPARE(acceptedLanguages({u"de-DE"_s, u"en"_s}), u"de-DE,de;q=0.9,en;q=0.8"_s);
+        // "en" stands where the user has put it.
+        QCOMPARE(acceptedLanguages({u"en-GB"_s, u"fr"_s, u"en"_s}), u"en-GB,fr;q=0.9,en;q=0.8"_s);
+        QStringList many;
+        for (char letter = 'a'; letter < 'p'; ++letter)
+            many << u"x"_s + QLatin1Char(letter);
+        QVERIFY(acceptedLanguages(many).endsWith(u",xk;q=0.1,xl;q=0.1,xm;q=0.1,xn;q=0.1,xo;q=0.1"_s));
+
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Austria));
+        QVERIFY(acceptedLanguages(systemLanguages()).startsWith(u"de-AT,de;q=0.9"_s));
+        QCOMPARE(systemLanguages().last(), u"en"_s);
+        QLocale::setDefault(QLocale::c());
+        QCOMPARE(systemLanguages(), QStringList{u"en"_s});
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEngineSettings)
+#include "tst_enginesettings.moc"

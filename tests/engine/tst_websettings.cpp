@@ -1,0 +1,342 @@
+#include "EngineFixture.h"
+
+#include "base/Strings.h"
+#include "engine/InternetOptions.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSpinBox>
+
+using namespace Qt::StringLiterals;
+using namespace engine;
+
+/// The settings of the engine, chosen in their dialog and seen by a real server.
+class WebSettings : public QObject
+{
+    Q_OBJECT
+
+    LoopbackSite m_site;
+    TestEngine m_test;
+
+    class Dialog
+    {
+    public:
+        explicit Dialog(RecordedBrowser &browser)
+        {
+            browser->Exec(IDM_OPTIONS, 0, 0);
+            m_dialog = browser->window()->findChild<InternetOptions *>();
+        }
+        template <typename T>
+        T &child(const char *name)
+        {
+            T *found = m_dialog ? m_dialog->findChild<T *>(QLatin1StringView(name)) : nullptr;
+            return *(found ? found : (qFatal("no child %s", name), nullptr));
+        }
+        void click(const char *name)
+        {
+            auto &button = child<QAbstractButton>(name);
+            if (!button.isEnabled())
+                qFatal("%s is out of service", name);
+            button.click();
+        }
+        void type(const char *name, const QString &text) { child<QLineEdit>(name).setText(text); }
+
+    private:
+        QPointer<InternetOptions> m_dialog;
+    };
+
+    static void choose(RecordedBrowser &browser, const QList<const char *> &buttons)
+    {
+        Dialog dialog(browser);
+        for (const char *button : buttons)
+            dialog.click(button);
+        dialog.click("btnOk");
+    }
+    static void clear(RecordedBrowser &browser, const char *what) { choose(browser, {what, "btnClear"}); }
+    QByteArray header(const QByteArray &path, const QByteArray &name) const
+    {
+        QByteArray value;
+        for (const LoopbackSite::Request &request : m_site.requests()) {
+            if (request.path() == path)
+                value = request.headers.value(name);
+        }
+        return value;
+    }
+    QString settingsFile() const { return m_test.config().profileFolder + u"/engine.ini"_s; }
+    /// Another run of the program with the same home.
+    void startAgain()
+    {
+        m_test.engine.reset();
+        m_test.engine = makeWebEngine(m_test.config());
+    }
+    bool open(RecordedBrowser &browser, const QString &path) const { return browser.open(m_site.address(path)); }
+
+    void addCookiePages()
+    {
+        const auto giving = [](const QByteArray &body, const QByteArray &type, const QByteArray &cookie) {
+            LoopbackSite::Answer answer{body, type};
+            answer.headers = {{"Set-Cookie", cookie}, {"Cache-Control", "no-store"}};
+            return answer;
+        };
+        const QByteArray third = m_site.address(u"/third"_s, u"localhost"_s).toLatin1();
+        m_site.add("/cookies", giving("<img src='" + third + "'>", "text/html", "first=1; Max-Age=1000"));
+        m_site.add("/third", giving("", "text/plain", "third=1; SameSite=None; Secure; Max-Age=1000"));
+    }
+    bool openCookies(RecordedBrowser &browser)
+    {
+        m_site.clearRequests();
+        return open(browser, u"/cookies"_s) && m_site.waitFor("/third");
+    }
+
+private slots:
+    void init()
+    {
+        startAgain();
+        m_site.clearRequests();
+        m_site.page("/page", "Page");
+    }
+    void cleanup() { QFile::remove(settingsFile()); }
+
+    void requestsTellWhatWasChosen()
+    {
+        LoopbackSite::Answer open{"", "text/plain"};
+        open.headers = {{"Access-Control-Allow-Origin", "*"}};
+        m_site.add("/open", open);
+        m_site.page("/asks", "Asks",
+                    "<script>fetch('" + m_site.address(u"/open"_s, u"localhost"_s).toLatin1() +
+                        "').then(() => document.title = navigator.language + ' ' + navigator.userAgent)</script>");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(this->open(browser, u"/page"_s));
+        const QByteArray own = header("/page", "user-agent");
+        QVERIFY(own.contains("QtWebEngine"));
+        QCOMPARE(header("/page", "accept-language"), acceptedLanguages(systemLanguages()).toLatin1());
+        QVERIFY(header("/page", "dnt").isEmpty());
+        // Only a choice of the user sends it.
+        browser->setAmbientProperty(DISPID_AMBIENT_USERAGENT, QString(EngineSettings::kOldAgent));
+        QVERIFY(this->open(browser, u"/page"_s));
+        QCOMPARE(header("/page", "user-agent"), own);
+
+        Dialog dialog(browser);
+        dialog.click("optAgentOld");
+        dialog.click("chkDoNotTrack");
+        dialog.click("chkSystem");
+        auto &languages = dialog.child<QListWidget>("lstLanguages");
+        while (languages.count() > 0) {
+            languages.setCurrentRow(0);
+            dialog.click("btnRemove");
+        }
+        for (const auto &code : {u"pt-BR"_s, u"fr"_s}) {
+            dialog.child<QComboBox>("cmbLanguage").setEditText(code);
+            dialog.click("btnAdd");
+        }
+        dialog.click("btnOk");
+        QVERIFY(this->open(browser, u"/asks"_s));
+        QTRY_COMPARE(browser->LocationName(), u"pt-BR "_s + EngineSettings::kOldAgent);
+        for (const char *path : {"/asks", "/open"}) {
+            QCOMPARE(header(path, "user-agent"), QByteArray(EngineSettings::kOldAgent.latin1()));
+            QCOMPARE(header(path, "dnt"), "1");
+            QCOMPARE(header(path, "sec-gpc"), "1");
+        }
+        // The engine leaves the weights out until its next start.
+        QVERIFY(header("/asks", "accept-language").startsWith("pt-BR,pt"));
+        // The marks make no other site be asked for leave first.
+        QCOMPARE(m_site.count("/open"), 1);
+
+        choose(browser, {"optAgentOwn", "chkDoNotTrack", "chkSystem"});
+        QVERIFY(this->open(browser, u"/page"_s));
+        QCOMPARE(header("/page", "user-agent"), own);
+        QVERIFY(header("/page", "dnt").isEmpty());
+    }
+
+    void cookies()
+    {
+        addCookiePages();
+        const QByteArray third = m_site.address(u"/third?"_s, u"localhost"_s).toLatin1();
+        m_site.page("/asks-on", "Asks on",
+                    "<script>let n = 0; setInterval(() => { fetch('/cookies'); new Image().src = '" + third +
+                        "' + ++n }, 50)</script>");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(open(browser, u"/asks-on"_s));
+        const auto sent = [&] {
+            m_site.clearRequests();
+            return m_site.waitFor("/cookies", 3) && m_site.waitFor("/third", 3)
+                       ? header("/cookies", "cookie") + '|' + header("/third", "cookie")
+                       : QByteArray("nothing");
+        };
+        QTRY_COMPARE(sent(), "first=1|third=1");
+        // What is there already is not given out either.
+        choose(browser, {"optCookiesNoThirdParties"});
+        QTRY_COMPARE(sent(), "first=1|");
+        choose(browser, {"optCookiesNone"});
+        QTRY_COMPARE(sent(), "|");
+        clear(browser, "chkCookies");
+        choose(browser, {"optCookiesAll"});
+        m_site.clearRequests();
+        QVERIFY(m_site.waitFor("/cookies") && m_site.waitFor("/third"));
+        // Of the first request: the answer brings another cookie.
+        for (const char *path : {"/cookies", "/third"}) {
+            const auto &all = m_site.requests();
+            const auto first =
+                std::find_if(all.begin(), all.end(), [&](const auto &one) { return one.path() == path; });
+            QCOMPARE(first->headers.value("cookie"), QByteArray());
+        }
+        QTRY_COMPARE(sent(), "first=1|third=1");
+    }
+
+    void whatSitesStoreOutlivesTheProgramOrNot_data()
+    {
+        QTest::addColumn<QList<const char *>>("chosen");
+        QTest::addColumn<QByteArray>("cookie");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("kept") << QList<const char *>() << QByteArray("first=1") << u"Stored 1"_s;
+        QTest::newRow("forgotten at the end") << QList<const char *>{"chkForget"} << QByteArray() << u"Stored null"_s;
+        QTest::newRow("cleared") << QList<const char *>{"chkCookies", "btnClear"} << QByteArray() << u"Stored null"_s;
+    }
+
+    void whatSitesStoreOutlivesTheProgramOrNot()
+    {
+        QFETCH(const QList<const char *>, chosen);
+        addCookiePages();
+        m_site.page("/store", "Store", "<script>localStorage.x = 1; document.title = 'Kept'</script>");
+        m_site.page("/stored", "", "<script>document.title = 'Stored ' + localStorage.getItem('x')</script>");
+        {
+            RecordedBrowser browser(*m_test.engine, m_site);
+            QVERIFY(openCookies(browser));
+            QVERIFY(open(browser, u"/store"_s));
+            QTRY_COMPARE(browser->LocationName(), u"Kept"_s);
+            choose(browser, chosen);
+        }
+        startAgain();
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(openCookies(browser));
+        QTEST(header("/cookies", "cookie"), "cookie");
+        QVERIFY(open(browser, u"/stored"_s));
+        QTRY_VERIFY(browser->LocationName().startsWith(u"Stored"_s));
+        QTEST(browser->LocationName(), "stored");
+    }
+
+    void cache()
+    {
+        LoopbackSite::Answer lasting{"text", "text/plain"};
+        lasting.headers = {{"Cache-Control", "max-age=1000"}};
+        m_site.add("/lasting", lasting);
+        m_site.add("/beat", {"", "text/plain"});
+        LoopbackSite::Answer page{
+            "<script>setInterval(() => { fetch('/lasting'); fetch('/beat', {cache: 'no-store'}) }, 50)</script>"};
+        page.headers = {{"Set-Cookie", "session=1; HttpOnly"}};
+        m_site.add("/uses", page);
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(open(browser, u"/uses"_s));
+        const auto waitForBeats = [&] { return m_site.waitFor("/beat", m_site.count("/beat") + 5); };
+        const auto isCached = [&] {
+            const int before = m_site.count("/lasting");
+            return waitForBeats() && m_site.count("/lasting") == before;
+        };
+        // A session outlasts every change of the cache.
+        const auto isSignedIn = [&] { return waitForBeats() && header("/beat", "cookie") == "session=1"; };
+        QVERIFY(isSignedIn());
+        QVERIFY(isCached());
+        QCOMPARE(m_site.count("/lasting"), 1);
+
+        // The engine takes its time for each change, and requests meanwhile may come to nothing.
+        clear(browser, "chkTemp");
+        QTRY_VERIFY(m_site.count("/lasting") > 1);
+        QTRY_VERIFY(isCached());
+        QTRY_VERIFY(isSignedIn());
+        choose(browser, {"optCacheNone"});
+        QTRY_VERIFY(!isCached());
+        QTRY_VERIFY(isSignedIn());
+        QVERIFY(!isCached());
+        choose(browser, {"optCacheLimited"});
+        QTRY_VERIFY(isCached());
+        QTRY_VERIFY(isSignedIn());
+    }
+
+    void historyIsCleared()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(open(browser, u"/page"_s));
+        QTRY_COMPARE(m_test.engine->visits().find(u"page"_s, 9).size(), 1U);
+        clear(browser, "chkHistory");
+        QCOMPARE(m_test.engine->visits().find(u"page"_s, 9).size(), 0U);
+    }
+
+    void proxyServer()
+    {
+        LoopbackSite other;
+        other.page("/page", "Direct");
+        const QString address = other.address(u"/page"_s);
+        const QByteArray target = address.toLatin1();
+        LoopbackSite::Answer refusal{"<title>Locked</title>", "text/html", 407};
+        refusal.headers = {{"Proxy-Authenticate", "Basic realm=\"Gate\""}};
+        m_site.handle(target, [refusal](const LoopbackSite::Request &request) {
+            const bool isKnown =
+                request.headers.value("proxy-authorization") == "Basic " + QByteArray("me:secret").toBase64();
+            return isKnown ? LoopbackSite::Answer{"<title>Through</title>"} : refusal;
+        });
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(address));
+        QCOMPARE(browser->LocationName(), u"Direct"_s);
+        {
+            Dialog dialog(browser);
+            dialog.click("optProxyManual");
+            dialog.type("txtProxyHost", u"127.0.0.1"_s);
+            dialog.child<QSpinBox>("txtProxyPort").setValue(m_site.serverPort());
+            dialog.type("txtProxyUser", u"me"_s);
+            dialog.click("btnOk");
+        }
+        QTRY_VERIFY(browser.open(address) && m_site.count(target) > 0);
+        QLineEdit *password = nullptr;
+        QTRY_VERIFY([&] {
+            for (QLineEdit *line : browser->findChildren<QLineEdit *>()) {
+                if (line->isVisible() && line->echoMode() == QLineEdit::Password)
+                    password = line;
+            }
+            return password != nullptr;
+        }());
+        password->setText(u"secret"_s);
+        QVERIFY(browser.press(LoadResString(20119)));
+        QTRY_COMPARE(browser->LocationName(), u"Through"_s);
+
+        choose(browser, {"optProxyDirect"});
+        QTRY_VERIFY(browser.open(address) && browser->LocationName() == u"Direct"_s);
+    }
+
+    void downloadsGoToTheChosenFolder()
+    {
+        m_site.download("/file", "data.bin", "content");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(open(browser, u"/page"_s));
+        const QString folder = m_test.folder.filePath(u"mine/new"_s);
+        {
+            Dialog dialog(browser);
+            dialog.type("txtFolder", folder);
+            dialog.click("btnOk");
+        }
+        QVERIFY(open(browser, u"/file"_s));
+        QTRY_VERIFY(QFileInfo::exists(folder + u"/data.bin"_s));
+        // The next start knows it too.
+        QCOMPARE(EngineSettings::load(settingsFile()).downloadFolder, folder);
+    }
+
+    void oneDialogAtATime()
+    {
+        RecordedBrowser browser(*m_test.engine, m_site);
+        RecordedBrowser other(*m_test.engine, m_site);
+        for (int i = 0; i < 2; ++i)
+            browser->Exec(IDM_OPTIONS, 0, 0);
+        QCOMPARE(browser->window()->findChildren<InternetOptions *>().size(), 1);
+        // The other documents go on meanwhile.
+        QVERIFY(open(other, u"/page"_s));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runEngineTests<WebSettings>(argc, argv);
+}
+#include "tst_websettings.moc"
