@@ -3,6 +3,9 @@
 #include <QPointer>
 #include <QWebEngineFindTextResult>
 #include <QWebEnginePage>
+#include <QWebEngineScript>
+
+using namespace Qt::StringLiterals;
 
 namespace engine {
 
@@ -24,8 +27,12 @@ void PageFinder::find(const QString &text, const FindOptions &options, std::func
 {
     m_unmark.stop();
     // The engine goes on with the same text as it began, whatever the flags say.
-    if (std::exchange(m_matchedCase, options.matchCase) != options.matchCase)
+    if (std::exchange(m_matchedCase, options.matchCase) != options.matchCase) {
         endFind();
+        // The new search begins at the selection, which is the present hit: before it, so that it can be found again.
+        if (options.typing)
+            m_page.runJavaScript(u"getSelection().collapseToStart()"_s, QWebEngineScript::ApplicationWorld);
+    }
     QWebEnginePage::FindFlags flags;
     flags.setFlag(QWebEnginePage::FindBackward, options.backward);
     flags.setFlag(QWebEnginePage::FindCaseSensitively, options.matchCase);
