@@ -1,4 +1,5 @@
 #include "EngineFixture.h"
+#include "support/Wait.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -28,7 +29,7 @@ QString RecordedBrowser::local(QString url) const
 
 bool RecordedBrowser::waitForEnd(int times) const
 {
-    return QTest::qWaitFor([&] { return count(u"end"_s) >= times; }, 15'000);
+    return waitUntil([&] { return count(u"end"_s) >= times; }, 15'000);
 }
 
 bool RecordedBrowser::open(const QString &url)
@@ -42,14 +43,14 @@ void RecordedBrowser::click(const QPoint &at)
 {
     // The page receives what its innermost widget receives; it is another one after each change of process.
     QWidget *view = m_browser->focusProxy();
-    QVERIFY(QTest::qWaitFor([&] { return view->focusProxy() != nullptr; }));
+    QVERIFY(waitUntil([&] { return view->focusProxy() != nullptr; }, 5000));
     QTest::mouseClick(view->focusProxy(), Qt::LeftButton, {}, at);
 }
 
 bool RecordedBrowser::press(const QString &caption)
 {
     QAbstractButton *found = nullptr;
-    const bool isThere = QTest::qWaitFor([&] {
+    const bool isThere = waitUntil([&] {
         for (QAbstractButton *button : m_window.findChildren<QAbstractButton *>()) {
             if (button->isVisible() && button->text().remove(u'&') == caption)
                 found = button;

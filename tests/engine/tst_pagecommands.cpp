@@ -1,4 +1,5 @@
 #include "EngineFixture.h"
+#include "support/Wait.h"
 
 #include "base/Strings.h"
 #include "base/step.h"
@@ -33,7 +34,7 @@ class PageCommandsTest : public QObject
         auto answer = std::make_shared<std::optional<T>>();
         ask([answer](const T &given) { *answer = given; });
         // Not from inside the call: the answer may open windows.
-        if (answer->has_value() || !QTest::qWaitFor([&] { return answer->has_value(); }, 20'000))
+        if (answer->has_value() || !waitUntil([&] { return answer->has_value(); }, 20'000))
             return std::nullopt;
         return *answer;
     }
@@ -105,7 +106,7 @@ private slots:
         const QString path = folder.filePath(name);
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(browser.open(m_site.address(u"/long"_s)));
-        QTRY_COMPARE(browser->LocationName(), u"Long 40"_s);
+        WAIT_COMPARE(browser->LocationName(), u"Long 40"_s);
         // The second time there is something to replace, with a part that the page no longer has.
         for (int time = 0; time < 2; ++time) {
             QVERIFY(save(browser, path, static_cast<SaveFormat>(format)));
@@ -117,7 +118,7 @@ private slots:
         }
         m_site.clearRequests();
         QVERIFY(browser.open(path));
-        QTRY_VERIFY(browser->LocationName().startsWith(title));
+        WAIT_VERIFY(browser->LocationName().startsWith(title));
         QVERIFY(m_site.requests().empty() || format == static_cast<int>(SaveFormat::HtmlOnly));
         QCOMPARE(find(browser, u"apple"_s).count, 3);
     }
@@ -165,13 +166,13 @@ private slots:
         const auto take = [made](const QByteArray &pdf) { made->push_back(pdf); };
         browser->printFacet()->makePdf({}, {}, take);
         browser->printFacet()->makePdf(wide, second, take);
-        QVERIFY(QTest::qWaitFor([&] { return made->size() == 2; }, 20'000));
+        QVERIFY(waitUntil([&] { return made->size() == 2; }, 20'000));
         QCOMPARE(textsOf(made->at(0)), QStringList({u"First apple"_s, u"Second Apple"_s, u"Third apple"_s}));
         QCOMPARE(textsOf(made->at(1)), QStringList(u"Second Apple"_s));
 
         browser->printFacet()->makePdf({}, {}, take);
         QVERIFY(killRenderers() > 0);
-        QVERIFY(QTest::qWaitFor([&] { return made->size() == 3; }, 20'000));
+        QVERIFY(waitUntil([&] { return made->size() == 3; }, 20'000));
         QVERIFY(made->at(2).isEmpty());
     }
 
@@ -220,7 +221,7 @@ private slots:
         QList<int> order;
         for (int i = 0; i < 3; ++i) {
             order << active(plain);
-            QTest::qWait(50);
+            waitUntil([] { return false; }, 50);
         }
         QCOMPARE(order, QList<int>({1, 2, 3}));
     }
@@ -238,24 +239,24 @@ private slots:
                 QTest::keyClick(focused, key, modifiers);
         };
         const auto bar = [&] { return browser->findChild<FindBar *>(); };
-        QTRY_VERIFY(browser->focusProxy()->focusProxy());
-        QTRY_VERIFY((press(Qt::Key_F, Qt::ControlModifier), bar() && bar()->isVisible()));
-        QTRY_COMPARE(QApplication::focusWidget()->objectName(), u"txtFind"_s);
+        WAIT_VERIFY(browser->focusProxy()->focusProxy());
+        WAIT_VERIFY((press(Qt::Key_F, Qt::ControlModifier), bar() && bar()->isVisible()));
+        WAIT_COMPARE(QApplication::focusWidget()->objectName(), u"txtFind"_s);
         QCOMPARE(browser->focusProxy()->geometry().bottom() + 1, bar()->geometry().top());
 
         QTest::keyClicks(QApplication::focusWidget(), u"two"_s);
         const auto *hits = bar()->findChild<QLabel *>(u"lblHits"_s);
-        QTRY_COMPARE(hits->text(), u"1 of 2"_s);
+        WAIT_COMPARE(hits->text(), u"1 of 2"_s);
         press(Qt::Key_F3);
-        QTRY_COMPARE(hits->text(), u"2 of 2"_s);
+        WAIT_COMPARE(hits->text(), u"2 of 2"_s);
         press(Qt::Key_Escape);
         QVERIFY(bar()->isHidden());
-        QTRY_VERIFY(browser->focusProxy()->isAncestorOf(QApplication::focusWidget()));
+        WAIT_VERIFY(browser->focusProxy()->isAncestorOf(QApplication::focusWidget()));
         QCOMPARE(browser->focusProxy()->geometry(), browser->rect());
 
         // A page with a find of its own keeps the key.
         QVERIFY(browser.open(m_site.address(u"/own#own"_s)));
-        QTRY_VERIFY((press(Qt::Key_F, Qt::ControlModifier), browser->LocationName() == u"Page found"_s));
+        WAIT_VERIFY((press(Qt::Key_F, Qt::ControlModifier), browser->LocationName() == u"Page found"_s));
         QVERIFY(bar()->isHidden());
     }
 
@@ -291,10 +292,10 @@ private slots:
         RecordedBrowser browser(*m_test.engine, secure);
         QVERIFY(browser.open(secure.address()));
         QVERIFY(browser.press(u"Continue anyway"_s));
-        QTRY_COMPARE(browser->LocationName(), u"Secret"_s);
+        WAIT_COMPARE(browser->LocationName(), u"Secret"_s);
         QVERIFY(browser.waitForEnd(2));
         browser->ExecWB(OLECMDID_PROPERTIES, OLECMDEXECOPT_DODEFAULT, {});
-        QTRY_VERIFY(browser->findChild<PropertiesDialog *>());
+        WAIT_VERIFY(browser->findChild<PropertiesDialog *>());
         auto *dialog = browser->findChild<PropertiesDialog *>();
         QVERIFY(!dialog->isModal());
         const auto text = [&](const char *name) {
@@ -302,7 +303,7 @@ private slots:
             return line ? line->text() : QString();
         };
         QCOMPARE(text("txtSecurity"), LoadResString(20460));
-        QTRY_COMPARE(text("txtFingerprint").size(), 32 * 3 - 1);
+        WAIT_COMPARE(text("txtFingerprint").size(), 32 * 3 - 1);
         QVERIFY(!text("txtIssuedTo").isEmpty());
         QVERIFY(text("txtEncryption").startsWith(u"TLS"_s));
     }
@@ -322,7 +323,7 @@ private slots:
         window.reset();
         for (const QWidget *left : QApplication::topLevelWidgets())
             QVERIFY(!left->isVisible());
-        QTest::qWait(100);
+        waitUntil([] { return false; }, 100);
     }
 };
 

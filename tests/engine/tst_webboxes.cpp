@@ -1,4 +1,5 @@
 #include "EngineFixture.h"
+#include "support/Wait.h"
 
 #include <QApplication>
 
@@ -15,7 +16,7 @@ class WebBoxes : public QObject
     QString at(const QString &path) const { return m_site.address(path); }
     static bool waitForBox(const RecordedBrowser &browser, std::size_t number = 1)
     {
-        return QTest::qWaitFor([&] { return browser.messages.size() >= number; }, 15'000);
+        return waitUntil([&] { return browser.messages.size() >= number; }, 15'000);
     }
 
 private slots:
@@ -136,7 +137,7 @@ private slots:
         QVERIFY(browser.open(file.fileName()));
         QCOMPARE(browser.messages.size(), 1u);
         QCOMPARE(browser.messages[0].Prompt, u"from a file"_s);
-        QTRY_COMPARE(browser->LocationName(), u"Went on false"_s);
+        WAIT_COMPARE(browser->LocationName(), u"Went on false"_s);
     }
 };
 

@@ -1,4 +1,5 @@
 #include "EngineFixture.h"
+#include "support/Wait.h"
 
 #include "controls/PageBox.h"
 
@@ -33,7 +34,7 @@ private slots:
         QVERIFY(browser.open(at(u"/plain"_s)));
         QVERIFY(killRenderers() > 0);
         QWidget *notice = nullptr;
-        QVERIFY(QTest::qWaitFor([&] { return (notice = browser->findChild<QWidget *>(u"Overlay"_s)) != nullptr; }));
+        QVERIFY(waitUntil([&] { return (notice = browser->findChild<QWidget *>(u"Overlay"_s)) != nullptr; }));
         QCOMPARE(notice->geometry(), browser->rect());
         QVERIFY(notice->accessibleDescription().contains(at(u"/plain"_s)));
         QCOMPARE(m_site.count("/plain"), 1);
@@ -42,7 +43,7 @@ private slots:
         QVERIFY(browser.press(u"Reload"_s));
         QVERIFY(browser.waitForEnd(2));
         QCOMPARE(m_site.count("/plain"), 2);
-        QTRY_VERIFY(!browser->findChild<QWidget *>(u"Overlay"_s));
+        WAIT_VERIFY(!browser->findChild<QWidget *>(u"Overlay"_s));
     }
 
     void hungPageIsClosedAtOnce()
@@ -70,7 +71,7 @@ private slots:
         QCOMPARE(m_secure.count("/plain"), 0);
         QVERIFY(browser.press(u"Continue anyway"_s));
         QVERIFY(browser.waitForEnd(3));
-        QTRY_COMPARE(browser->LocationName(), u"Secret"_s);
+        WAIT_COMPARE(browser->LocationName(), u"Secret"_s);
         QVERIFY(!browser->findChild<QWidget *>(u"Overlay"_s));
         // Accepted is not secure.
         QVERIFY(browser.events.filter(u"lock"_s).isEmpty());
@@ -91,7 +92,7 @@ private slots:
         QVERIFY(browser.open(at(u"/vault"_s)));
         const auto answer = [&](const QString &password) {
             controls::PageBox *box = nullptr;
-            if (!QTest::qWaitFor([&] { return (box = browser->findChild<controls::PageBox *>()) != nullptr; }))
+            if (!waitUntil([&] { return (box = browser->findChild<controls::PageBox *>()) != nullptr; }))
                 return false;
             const auto lines = box->findChildren<QLineEdit *>();
             if (lines.size() != 2)
@@ -105,7 +106,7 @@ private slots:
         QVERIFY(browser.waitForEnd(2));
         QCOMPARE(browser->LocationName(), u"Locked"_s);
         QVERIFY(answer(u"secret"_s));
-        QTRY_COMPARE(browser->LocationName(), u"Inside"_s);
+        WAIT_COMPARE(browser->LocationName(), u"Inside"_s);
         RecordedBrowser other(*m_test.engine, m_site);
         QVERIFY(other.open(at(u"/vault"_s)));
         QCOMPARE(other->LocationName(), u"Inside"_s);
@@ -128,7 +129,7 @@ private slots:
         QFETCH(bool, isThere);
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(browser.open(address));
-        QTRY_COMPARE(browser->LocationName() != u"There is no such page"_s, isThere);
+        WAIT_COMPARE(browser->LocationName() != u"There is no such page"_s, isThere);
         QVERIFY(!browser->LocationName().isEmpty());
     }
 
@@ -139,7 +140,7 @@ private slots:
         QVERIFY(browser.open(u"two & words"_s));
         QCOMPARE(browser.events.first(), u"navigate two & words"_s);
         QCOMPARE(browser->LocationURL(), u"two & words"_s);
-        QTRY_COMPARE(browser->LocationName(), u"This is not an address"_s);
+        WAIT_COMPARE(browser->LocationName(), u"This is not an address"_s);
         // Pages cannot put words of theirs where addresses stand.
         m_site.page("/forger", "Forger", "<script>location = 'corvane://words/?w=https://bank.example'</script>");
         QVERIFY(browser.open(at(u"/forger"_s)));
@@ -152,7 +153,7 @@ private slots:
         m_site.page("/flash", "Flash", "<script>onload = () => location = 'corvane://flash/ENABLEFLASH'</script>");
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(browser.open(at(u"/flash"_s)));
-        QTRY_COMPARE(browser.count(u"navigate corvane://flash/ENABLEFLASH"_s), 1);
+        WAIT_COMPARE(browser.count(u"navigate corvane://flash/ENABLEFLASH"_s), 1);
         QVERIFY(browser.open(at(u"/plain"_s)));
     }
 
@@ -167,13 +168,13 @@ private slots:
         {
             RecordedBrowser browser(*m_test.engine, m_site);
             QVERIFY(browser.open(at(u"/file"_s)));
-            QTRY_VERIFY(browser.statuses.filter(u"Saved data.tar.gz"_s).size() == 1);
+            WAIT_VERIFY(browser.statuses.filter(u"Saved data.tar.gz"_s).size() == 1);
             QVERIFY(browser.open(at(u"/late"_s)));
-            QTRY_VERIFY(!browser.statuses.filter(u"Saving data (2).tar.gz"_s).isEmpty());
+            WAIT_VERIFY(!browser.statuses.filter(u"Saving data (2).tar.gz"_s).isEmpty());
         }
         m_site.release("/late");
         const QDir folder(m_test.config().downloadFolder);
-        QTRY_COMPARE(folder.entryList(QDir::Files), (QStringList{u"data (2).tar.gz"_s, u"data.tar.gz"_s}));
+        WAIT_COMPARE(folder.entryList(QDir::Files), (QStringList{u"data (2).tar.gz"_s, u"data.tar.gz"_s}));
         QFile second(folder.filePath(u"data (2).tar.gz"_s));
         QVERIFY(second.open(QIODevice::ReadOnly));
         QCOMPARE(second.readAll(), late.body);

@@ -1,4 +1,5 @@
 #include "EngineFixture.h"
+#include "support/Wait.h"
 
 #include "base/step.h"
 
@@ -71,7 +72,7 @@ private slots:
         QCOMPARE(events, expected);
         QCOMPARE(browser->LocationURL(), full(address));
         if (!title.isNull())
-            QTRY_COMPARE(browser.events.filter(u"title "_s).last(), u"title "_s + full(title));
+            WAIT_COMPARE(browser.events.filter(u"title "_s).last(), u"title "_s + full(title));
 
         // A second end of the first load would come within the time of the next one.
         QVERIFY(browser.open(m_site.address(u"/other"_s)));
@@ -180,7 +181,7 @@ private slots:
                     "<script>onload = () => setTimeout(() => history.pushState(0, '', '/pushed'), 300)</script>");
         QVERIFY(browser.open(m_site.address(u"/pushing"_s)));
         browser.events.clear();
-        QTRY_COMPARE(browser.events, QStringList{u"location /pushed"_s});
+        WAIT_COMPARE(browser.events, QStringList{u"location /pushed"_s});
         QCOMPARE(browser->LocationURL(), m_site.address(u"/pushed"_s));
     }
 
@@ -191,14 +192,14 @@ private slots:
         m_site.add("/untitled", {"<p>nothing</p>"});
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(browser.open(m_site.address(u"/plain"_s)));
-        QTRY_COMPARE(browser->LocationName(), u"Plain"_s);
+        WAIT_COMPARE(browser->LocationName(), u"Plain"_s);
         browser.events.clear();
         QVERIFY(browser.open(m_site.address(u"/untitled"_s)));
-        QTRY_COMPARE(browser.events.filter(u"title "_s), QStringList{u"title "_s + m_site.address(u"/untitled"_s)});
+        WAIT_COMPARE(browser.events.filter(u"title "_s), QStringList{u"title "_s + m_site.address(u"/untitled"_s)});
         QVERIFY(browser.open(m_site.address(u"/late"_s)));
-        QTRY_COMPARE(browser->LocationName(), u"Late"_s);
+        WAIT_COMPARE(browser->LocationName(), u"Late"_s);
         // The title that came after the end still reaches the file of visits.
-        QTRY_COMPARE(m_test.engine->visits().find(u"/late"_s, 1).at(0).title, u"Late"_s);
+        WAIT_COMPARE(m_test.engine->visits().find(u"/late"_s, 1).at(0).title, u"Late"_s);
     }
 
     void historyLists()
@@ -230,7 +231,7 @@ private slots:
         QCOMPARE(browser->LocationName(), u"24px"_s);
         QCOMPARE(browser->ExecWB(engine::OLECMDID_ZOOM, engine::OLECMDEXECOPT_DONTPROMPTUSER, {}).toInt(), 4);
         QVERIFY_THROWS_EXCEPTION(ControlError, browser->ExecWB(engine::OLECMDID_ZOOM, 0, 5));
-        QTRY_VERIFY(browser.statuses.contains(u"Error on page (1)"_s));
+        WAIT_VERIFY(browser.statuses.contains(u"Error on page (1)"_s));
         browser->setSilent(true);
         browser.statuses.clear();
         QVERIFY(browser.open(m_site.address(u"/sized"_s)));
@@ -245,9 +246,9 @@ private slots:
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(browser.open(m_site.address(u"/seen"_s)));
         browser->setExposed(false);
-        QTRY_COMPARE(browser->LocationName(), u"hidden"_s);
+        WAIT_COMPARE(browser->LocationName(), u"hidden"_s);
         browser->setExposed(true);
-        QTRY_COMPARE(browser->LocationName(), u"visible"_s);
+        WAIT_COMPARE(browser->LocationName(), u"visible"_s);
     }
 };
 

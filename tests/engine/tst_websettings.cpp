@@ -1,4 +1,5 @@
 #include "EngineFixture.h"
+#include "support/Wait.h"
 
 #include "base/Strings.h"
 #include "engine/InternetOptions.h"
@@ -135,7 +136,7 @@ private slots:
         }
         dialog.click("btnOk");
         QVERIFY(this->open(browser, u"/asks"_s));
-        QTRY_COMPARE(browser->LocationName(), u"pt-BR "_s + EngineSettings::kOldAgent);
+        WAIT_COMPARE(browser->LocationName(), u"pt-BR "_s + EngineSettings::kOldAgent);
         for (const char *path : {"/asks", "/open"}) {
             QCOMPARE(header(path, "user-agent"), QByteArray(EngineSettings::kOldAgent.latin1()));
             QCOMPARE(header(path, "dnt"), "1");
@@ -207,7 +208,7 @@ private slots:
             RecordedBrowser browser(*m_test.engine, m_site);
             QVERIFY(openCookies(browser));
             QVERIFY(open(browser, u"/store"_s));
-            QTRY_COMPARE(browser->LocationName(), u"Kept"_s);
+            WAIT_COMPARE(browser->LocationName(), u"Kept"_s);
             choose(browser, chosen);
         }
         startAgain();
@@ -215,7 +216,7 @@ private slots:
         QVERIFY(openCookies(browser));
         QTEST(header("/cookies", "cookie"), "cookie");
         QVERIFY(open(browser, u"/stored"_s));
-        QTRY_VERIFY(browser->LocationName().startsWith(u"Stored"_s));
+        WAIT_VERIFY(browser->LocationName().startsWith(u"Stored"_s));
         QTEST(browser->LocationName(), "stored");
     }
 
@@ -225,8 +226,10 @@ private slots:
         lasting.headers = {{"Cache-Control", "max-age=1000"}};
         m_site.add("/lasting", lasting);
         m_site.add("/beat", {"", "text/plain"});
-        LoopbackSite::Answer page{
-            "<script>setInterval(() => { fetch('/lasting'); fetch('/beat', {cache: 'no-store'}) }, 50)</script>"};
+        // A worker, as a page itself keeps in memory what it has seen.
+        m_site.add("/worker", {"setInterval(() => { fetch('/lasting'); fetch('/beat', {cache: 'no-store'}) }, 50)",
+                               "text/javascript"});
+        LoopbackSite::Answer page{"<script>new Worker('/worker')</script>"};
         page.headers = {{"Set-Cookie", "session=1; HttpOnly"}};
         m_site.add("/uses", page);
         RecordedBrowser browser(*m_test.engine, m_site);
@@ -237,14 +240,14 @@ private slots:
             return waitForBeats() && m_site.count("/lasting") == before;
         };
         // A session outlasts every change of the cache.
-        const auto isSignedIn = [&] { return waitForBeats() && header("/beat", "cookie") == "session=1"; };
+        const auto isSignedIn = [&] { return waitForBeats() && header("/beat", "cookie").contains("session=1"); };
         QVERIFY(isSignedIn());
         QVERIFY(isCached());
         QCOMPARE(m_site.count("/lasting"), 1);
 
         // The engine takes its time for each change, and requests meanwhile may come to nothing.
         clear(browser, "chkTemp");
-        QTRY_VERIFY(m_site.count("/lasting") > 1);
+        WAIT_VERIFY(m_site.count("/lasting") > 1);
         QTRY_VERIFY(isCached());
         QTRY_VERIFY(isSignedIn());
         choose(browser, {"optCacheNone"});
@@ -260,38 +263,48 @@ private slots:
     {
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(open(browser, u"/page"_s));
-        QTRY_COMPARE(m_test.engine->visits().find(u"page"_s, 9).size(), 1U);
+        WAIT_COMPARE(m_test.engine->visits().find(u"page"_s, 9).size(), 1U);
         clear(browser, "chkHistory");
         QCOMPARE(m_test.engine->visits().find(u"page"_s, 9).size(), 0U);
     }
 
     void proxyServer()
     {
-        LoopbackSite other;
-        other.page("/page", "Direct");
-        const QString address = other.address(u"/page"_s);
-        const QByteArray target = address.toLatin1();
+        // A site that exists only behind the proxy server, which is the test's own site.
+        const QByteArray behind = "http://site.invalid/behind";
         LoopbackSite::Answer refusal{"<title>Locked</title>", "text/html", 407};
         refusal.headers = {{"Proxy-Authenticate", "Basic realm=\"Gate\""}};
-        m_site.handle(target, [refusal](const LoopbackSite::Request &request) {
+        m_site.handle(behind, [refusal](const LoopbackSite::Request &request) {
             const bool isKnown =
                 request.headers.value("proxy-authorization") == "Basic " + QByteArray("me:secret").toBase64();
             return isKnown ? LoopbackSite::Answer{"<title>Through</title>"} : refusal;
         });
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(address));
-        QCOMPARE(browser->LocationName(), u"Direct"_s);
+        m_site.add("/beat", {"", "text/plain"});
+        m_site.page("/asks-on", "Asks on",
+                    "<script>setInterval(() => { fetch('" + behind +
+                        "', {mode: 'no-cors'}).catch(() => 0); fetch('/beat') }, 50)</script>");
+        RecordedBrowser asking(*m_test.engine, m_site);
+        QVERIFY(open(asking, u"/asks-on"_s));
+        const auto isUsed = [&] {
+            const int before = m_site.count(behind);
+            return m_site.waitFor("/beat", m_site.count("/beat") + 5) && m_site.count(behind) > before;
+        };
+        QVERIFY(!isUsed());
         {
-            Dialog dialog(browser);
+            Dialog dialog(asking);
             dialog.click("optProxyManual");
             dialog.type("txtProxyHost", u"127.0.0.1"_s);
             dialog.child<QSpinBox>("txtProxyPort").setValue(m_site.serverPort());
             dialog.type("txtProxyUser", u"me"_s);
             dialog.click("btnOk");
         }
-        QTRY_VERIFY(browser.open(address) && m_site.count(target) > 0);
+        QTRY_VERIFY(isUsed());
+
+        // Only a page of its own makes the proxy server ask the user, who is known already.
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(QString::fromLatin1(behind)));
         QLineEdit *password = nullptr;
-        QTRY_VERIFY([&] {
+        WAIT_VERIFY([&] {
             for (QLineEdit *line : browser->findChildren<QLineEdit *>()) {
                 if (line->isVisible() && line->echoMode() == QLineEdit::Password)
                     password = line;
@@ -300,10 +313,11 @@ private slots:
         }());
         password->setText(u"secret"_s);
         QVERIFY(browser.press(LoadResString(20119)));
-        QTRY_COMPARE(browser->LocationName(), u"Through"_s);
+        WAIT_COMPARE(browser->LocationName(), u"Through"_s);
+        QVERIFY(asking->findChildren<QLineEdit *>().isEmpty());
 
-        choose(browser, {"optProxyDirect"});
-        QTRY_VERIFY(browser.open(address) && browser->LocationName() == u"Direct"_s);
+        choose(asking, {"optProxyDirect"});
+        QTRY_VERIFY(!isUsed());
     }
 
     void downloadsGoToTheChosenFolder()
@@ -318,7 +332,7 @@ private slots:
             dialog.click("btnOk");
         }
         QVERIFY(open(browser, u"/file"_s));
-        QTRY_VERIFY(QFileInfo::exists(folder + u"/data.bin"_s));
+        WAIT_VERIFY(QFileInfo::exists(folder + u"/data.bin"_s));
         // The next start knows it too.
         QCOMPARE(EngineSettings::load(settingsFile()).downloadFolder, folder);
     }

@@ -1,4 +1,5 @@
 #include "EngineFixture.h"
+#include "support/Wait.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -33,10 +34,10 @@ private slots:
         opener.takesWindow = [&] { return &*opened; };
         QVERIFY(opener.open(at(u"/opener"_s)));
         QVERIFY(opened.waitForEnd());
-        QTRY_COMPARE(opener->LocationName(), u"Touched named"_s);
+        WAIT_COMPARE(opener->LocationName(), u"Touched named"_s);
         QCOMPARE(opened.count(u"navigate /opened"_s), 1);
         QCOMPARE(opened->LocationURL(), at(u"/opened"_s));
-        QTRY_COMPARE(opened.count(u"closing"_s), 1);
+        WAIT_COMPARE(opened.count(u"closing"_s), 1);
     }
 
     void otherWindowsStayOpenAndAlive()
@@ -82,7 +83,7 @@ private slots:
         opener.takesWindow = [&] { return &*opened; };
         opened.refuses = [&](const QString &) { return isRefused; };
         QVERIFY(opener.open(at(u"/opener"_s)));
-        QTRY_COMPARE(opened.count(u"closing"_s), 1);
+        WAIT_COMPARE(opened.count(u"closing"_s), 1);
         QCOMPARE(opened.count(u"end"_s), 1);
     }
 

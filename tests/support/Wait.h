@@ -2,12 +2,13 @@
 
 #include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QTest>
 #include <QTimer>
 
 /// Waits until `isThere()` gives true, at most `milliseconds`; gives whether it does. The event loop runs all the time:
 /// the waits of Qt Test sleep between their looks, which makes a page engine in the same process many times slower.
 template <typename Condition>
-bool waitUntil(Condition isThere, int milliseconds)
+bool waitUntil(Condition isThere, int milliseconds = 5000)
 {
     constexpr int kLookEveryMs = 5;
     const QDeadlineTimer deadline(milliseconds);
@@ -22,3 +23,11 @@ bool waitUntil(Condition isThere, int milliseconds)
         loop.exec();
     return isThere();
 }
+
+/// QTRY_VERIFY and QTRY_COMPARE with that wait.
+#define WAIT_VERIFY(condition) QVERIFY(waitUntil([&] { return bool(condition); }, 15'000))
+#define WAIT_COMPARE(actual, expected)                                                                                 \
+    do {                                                                                                               \
+        waitUntil([&] { return (actual) == (expected); }, 15'000);                                                     \
+        QCOMPARE(actual, expected);                                                                                    \
+    } while (false)
