@@ -2,13 +2,13 @@
 
 #include "engine/VisitLog.h"
 #include "engine/webengine/SessionCookies.h"
-#include "engine/webengine/SiteData.h"
 
 #include <QDir>
 #include <QNetworkProxy>
 #include <QWebEngineCookieStore>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
+#include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 namespace engine {
 
 namespace {
+
+constexpr SiteData::Kinds kOfSites = SiteData::Kind::Cookies | SiteData::Kind::Storage;
 
 constexpr int kMegabyte = 1024 * 1024;
 
@@ -36,9 +38,9 @@ ProfileSettings::ProfileSettings(Surroundings surroundings)
     : m_surroundings(std::move(surroundings))
 {
     // The engine writes cookies every half minute.
-    m_cookiesGoing.setInterval(60'000);
-    m_cookiesGoing.setSingleShot(true);
-    m_cookiesGoing.callOnTimeout(&m_cookiesGoing, [this] { noteCookiesGone(); });
+    m_settling.setInterval(60'000);
+    m_settling.setSingleShot(true);
+    m_settling.callOnTimeout(&m_settling, [this] { settle(); });
 }
 
 ProfileSettings::~ProfileSettings()
@@ -46,18 +48,17 @@ ProfileSettings::~ProfileSettings()
     delete m_dialog;
 }
 
-void ProfileSettings::prepareFolder(const QString &profileFolder)
+void ProfileSettings::prepareFolders(const QString &profileFolder, const QString &cacheFolder)
 {
     if (!std::exchange(m_isLoaded, true))
         m_settings = EngineSettings::load(m_surroundings.file);
     applyProxy();
-    m_profileFolder = profileFolder;
     if (profileFolder.isEmpty())
         return;
+    m_siteData.emplace(profileFolder, cacheFolder);
     if (m_settings.forgetAtExit)
-        removeSiteData(profileFolder);
-    else
-        finishPending(profileFolder);
+        m_siteData->remove(kOfSites);
+    m_siteData->finishPending();
 }
 
 void ProfileSettings::attach(QWebEngineProfile &profile)
@@ -73,7 +74,7 @@ void ProfileSettings::attach(QWebEngineProfile &profile)
 void ProfileSettings::detach()
 {
     delete m_dialog;
-    m_cookiesGoing.stop();
+    m_settling.stop();
     m_probe.reset();
     m_sessionCookies.reset();
     if (m_profile)
@@ -81,21 +82,26 @@ void ProfileSettings::detach()
     m_profile = nullptr;
 }
 
-void ProfileSettings::finishFolder()
+void ProfileSettings::finishFolders()
 {
-    if (m_profileFolder.isEmpty())
+    if (!m_siteData)
         return;
     if (m_settings.forgetAtExit)
-        removeSiteData(m_profileFolder);
-    else
-        noteCookiesGone();
+        m_siteData->remove(kOfSites);
+    settle();
 }
 
-/// Cookies that come later are to stay, whatever ends the program.
-void ProfileSettings::noteCookiesGone() const
+/// The engine has written that cookies are gone, and those that come later are to stay, whatever ends the program. It
+/// has also let go of its old cache.
+void ProfileSettings::settle() const
 {
-    if (pending(m_profileFolder) == Pending::Everything)
-        setPending(m_profileFolder, Pending::Storage);
+    if (!m_siteData)
+        return;
+    const SiteData::Kinds done = m_siteData->pending() & ~SiteData::Kinds(SiteData::Kind::Storage);
+    if (done == SiteData::Kinds())
+        return;
+    m_siteData->remove(done & SiteData::Kind::TemporaryFiles);
+    m_siteData->dropPending(done);
 }
 
 QString ProfileSettings::downloadFolder() const
@@ -117,14 +123,13 @@ void ProfileSettings::showDialog(QWidget *window)
 bool ProfileSettings::apply(const EngineSettings &settings)
 {
     const EngineSettings old = std::exchange(m_settings, settings);
-    // Every one of these costs the engine its open connections or more, so only what is new is set.
+    // These cost the engine something, so only what is new is set. The cache has to wait for the next start: no page
+    // that is open could load anything more.
     if (std::tie(old.proxy, old.proxyType, old.proxyHost, old.proxyPort) !=
         std::tie(settings.proxy, settings.proxyType, settings.proxyHost, settings.proxyPort)) {
         applyProxy();
         followProxy();
     }
-    if (old.cache != settings.cache || old.cacheMegabytes != settings.cacheMegabytes)
-        applyCache();
     if (old.cookies != settings.cookies)
         applyCookies();
     applyRequests();
@@ -157,16 +162,11 @@ void ProfileSettings::applyProxy() const
 void ProfileSettings::followProxy()
 {
     m_probe = std::make_unique<QWebEnginePage>(m_profile);
+    m_probe->settings()->setAttribute(QWebEngineSettings::ErrorPageEnabled, false);
     // Not from inside a call of the page itself.
     QObject::connect(m_probe.get(), &QWebEnginePage::loadFinished, m_probe.get(),
                      [this] { QTimer::singleShot(0, m_probe.get(), [this] { m_probe.reset(); }); });
     m_probe->load(QUrl(u"http://127.0.0.1:1/"_s));
-}
-
-void ProfileSettings::applyCache()
-{
-    setCache();
-    m_sessionCookies->restore();
 }
 
 void ProfileSettings::setCache()
@@ -174,7 +174,6 @@ void ProfileSettings::setCache()
     using Cache = EngineSettings::Cache;
     if (m_settings.cache == Cache::None) {
         m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
-        m_profile->clearHttpCache();
         return;
     }
     // 0 leaves the size to the engine.
@@ -222,19 +221,33 @@ void ProfileSettings::applyRequests()
     m_marker = std::move(marker);
 }
 
+/// Clearing a cache that is in use makes every open page unable to load anything, at a moment that the engine does not
+/// tell. So the profile gets another cache at once, in memory and until the program ends; the old one is removed when
+/// nothing uses it any more.
+void ProfileSettings::emptyCache()
+{
+    if (m_siteData)
+        m_siteData->addPending(SiteData::Kind::TemporaryFiles);
+    m_settling.start();
+    if (m_profile->httpCacheType() == QWebEngineProfile::NoCache)
+        return;
+    m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
+    m_profile->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
+    m_sessionCookies->restore();
+    m_surroundings.reloadPages();
+}
+
 void ProfileSettings::clear(Traces traces)
 {
     if (traces.testFlag(Trace::Cookies)) {
         m_sessionCookies->forget();
-        if (!m_profileFolder.isEmpty())
-            setPending(m_profileFolder, Pending::Everything);
-        m_cookiesGoing.start();
+        if (m_siteData)
+            m_siteData->addPending(kOfSites);
+        m_settling.start();
         m_profile->cookieStore()->deleteAllCookies();
     }
-    if (traces.testFlag(Trace::TemporaryFiles)) {
-        m_profile->clearHttpCache();
-        m_sessionCookies->restore();
-    }
+    if (traces.testFlag(Trace::TemporaryFiles))
+        emptyCache();
     if (traces.testFlag(Trace::History)) {
         m_profile->clearAllVisitedLinks();
         m_surroundings.visits.clear();

@@ -2,11 +2,13 @@
 
 #include "engine/EngineSettings.h"
 #include "engine/InternetOptions.h"
+#include "engine/webengine/SiteData.h"
 
 #include <QPointer>
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QWebEnginePage;
 class QWebEngineProfile;
@@ -30,18 +32,19 @@ public:
         VisitLog &visits;
         /// Told where downloads go from now on.
         std::function<void(const QString &folder)> setDownloadFolder;
+        std::function<void()> reloadPages;
     };
     explicit ProfileSettings(Surroundings surroundings);
     ~ProfileSettings() override;
 
     /// Reads the settings, once. What they decide about a folder is done before an engine opens it: call this first.
     /// The proxy server has to be known by then too. An empty name stands for a profile that keeps nothing.
-    void prepareFolder(const QString &profileFolder);
+    void prepareFolders(const QString &profileFolder, const QString &cacheFolder);
     /// From here on the settings hold for `profile`.
     void attach(QWebEngineProfile &profile);
-    /// Call it before the profile goes and, once it has gone, `finishFolder`.
+    /// Call it before the profile goes and, once it has gone, `finishFolders`.
     void detach();
-    void finishFolder();
+    void finishFolders();
 
     /// Where downloads go.
     QString downloadFolder() const;
@@ -60,24 +63,25 @@ private:
 
     void applyProxy() const;
     void followProxy();
-    void applyCache();
     void setCache();
+    void emptyCache();
     void applyCookies();
     void applyRequests();
-    void noteCookiesGone() const;
+    void settle() const;
 
     Surroundings m_surroundings;
     EngineSettings m_settings;
     bool m_isLoaded = false;
-    QString m_profileFolder;
+    /// Nothing for a profile that keeps nothing.
+    std::optional<SiteData> m_siteData;
     QString m_ownAgent;
     QWebEngineProfile *m_profile = nullptr;
     std::unique_ptr<QWebEngineUrlRequestInterceptor> m_marker;
     std::unique_ptr<SessionCookies> m_sessionCookies;
     /// Makes a request that comes to nothing.
     std::unique_ptr<QWebEnginePage> m_probe;
-    /// Runs until the removal of cookies has reached the disk for certain.
-    QTimer m_cookiesGoing;
+    /// Runs until the engine has done all that it has to do after clearing.
+    QTimer m_settling;
     QPointer<InternetOptions> m_dialog;
 };
 

@@ -1,6 +1,5 @@
 #include "engine/webengine/SessionCookies.h"
 
-#include <QTimer>
 #include <QUrl>
 #include <QWebEngineCookieStore>
 
@@ -9,9 +8,6 @@ using namespace Qt::StringLiterals;
 namespace engine {
 
 namespace {
-
-/// Milliseconds after which cookies are set again. A change of the cache is done at once, clearing it takes its time.
-constexpr int kTries[] = {0, 300, 1000, 3000};
 
 QByteArray keyOf(const QNetworkCookie &cookie)
 {
@@ -33,18 +29,7 @@ SessionCookies::SessionCookies(QWebEngineCookieStore &store)
             [this](const QNetworkCookie &cookie) { m_cookies.remove(keyOf(cookie)); });
 }
 
-void SessionCookies::restore()
-{
-    for (const int delay : kTries)
-        QTimer::singleShot(delay, this, &SessionCookies::setAll);
-}
-
-void SessionCookies::forget()
-{
-    m_cookies.clear();
-}
-
-void SessionCookies::setAll() const
+void SessionCookies::restore() const
 {
     // Setting a cookie changes the list.
     const QList<QNetworkCookie> cookies = m_cookies.values();

@@ -8,22 +8,20 @@ class QWebEngineCookieStore;
 
 namespace engine {
 
-/// Keeps the cookies that sites have set until the end of the program. The engine loses them whenever its network part
-/// starts anew, as it does to change or clear the cache, and the user would be signed out everywhere.
+/// Keeps the cookies that sites have set until the end of the program. The engine loses them when its network part
+/// starts anew, as it does for another cache, and the user would be signed out everywhere.
 class SessionCookies : public QObject
 {
     Q_OBJECT
 public:
     explicit SessionCookies(QWebEngineCookieStore &store);
 
-    /// The network part is starting anew. It does not tell when it is done, so this is tried for some seconds.
-    void restore();
+    /// The network part has started anew.
+    void restore() const;
     /// The user wants them to go.
-    void forget();
+    void forget() { m_cookies.clear(); }
 
 private:
-    void setAll() const;
-
     QWebEngineCookieStore &m_store;
     /// By what makes a cookie one and the same: domain, path and name.
     QHash<QByteArray, QNetworkCookie> m_cookies;

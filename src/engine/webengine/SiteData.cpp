@@ -4,6 +4,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -11,59 +13,69 @@ namespace engine {
 
 namespace {
 
-QString markerOf(const QString &profileFolder)
-{
-    return profileFolder + "/clear-at-start"_L1;
-}
-
-/// The names that the engine gives its things; those of other versions of it are listed too.
-void removeCookies(const QString &profileFolder)
-{
-    for (const auto name : {"Cookies"_L1, "Cookies-journal"_L1, "Cookies-wal"_L1})
-        QFile::remove(profileFolder + u'/' + name);
-}
-
-void removeStorage(const QString &profileFolder)
-{
-    for (const auto name : {"Local Storage"_L1, "Session Storage"_L1, "IndexedDB"_L1, "databases"_L1, "File System"_L1,
-                            "blob_storage"_L1, "Service Worker"_L1, "CacheStorage"_L1, "WebStorage"_L1})
-        QDir(profileFolder + u'/' + name).removeRecursively();
-}
+/// The words of the marker.
+constexpr std::array kWords = {std::pair{"temporary-files", SiteData::Kind::TemporaryFiles},
+                               std::pair{"cookies", SiteData::Kind::Cookies},
+                               std::pair{"storage", SiteData::Kind::Storage}};
 
 } // namespace
 
-void removeSiteData(const QString &profileFolder)
+SiteData::SiteData(const QString &profileFolder, const QString &cacheFolder)
+    : m_profileFolder(profileFolder)
+    , m_cacheFolder(cacheFolder)
+    , m_marker(profileFolder + "/clear-at-start"_L1)
+{}
+
+/// The names are those that the engine gives its things; those of other versions of it are listed too.
+void SiteData::remove(Kinds kinds) const
 {
-    removeCookies(profileFolder);
-    removeStorage(profileFolder);
+    if (kinds.testFlag(Kind::TemporaryFiles)) {
+        for (const auto name : {"Cache"_L1, "Code Cache"_L1})
+            QDir(m_cacheFolder + u'/' + name).removeRecursively();
+    }
+    if (kinds.testFlag(Kind::Cookies)) {
+        for (const auto name : {"Cookies"_L1, "Cookies-journal"_L1, "Cookies-wal"_L1})
+            QFile::remove(m_profileFolder + u'/' + name);
+    }
+    if (kinds.testFlag(Kind::Storage)) {
+        for (const auto name :
+             {"Local Storage"_L1, "Session Storage"_L1, "IndexedDB"_L1, "databases"_L1, "File System"_L1,
+              "blob_storage"_L1, "Service Worker"_L1, "CacheStorage"_L1, "WebStorage"_L1})
+            QDir(m_profileFolder + u'/' + name).removeRecursively();
+    }
 }
 
-bool setPending(const QString &profileFolder, Pending pending)
+SiteData::Kinds SiteData::pending() const
 {
-    const QString marker = markerOf(profileFolder);
-    if (pending == Pending::Nothing)
-        return QFile::remove(marker);
-    return writeFileWhole(marker, pending == Pending::Everything ? "everything\n" : "storage\n");
+    constexpr qint64 kLargestMarker = 1000;
+    const QByteArray text = readFile(m_marker, kLargestMarker).value_or(QByteArray());
+    Kinds kinds;
+    for (const auto &[word, kind] : kWords)
+        kinds.setFlag(kind, text.contains(word));
+    return kinds;
 }
 
-Pending pending(const QString &profileFolder)
+void SiteData::setPending(Kinds kinds) const
 {
-    constexpr qint64 kLargestMarker = 100;
-    const auto text = readFile(markerOf(profileFolder), kLargestMarker);
-    if (!text)
-        return Pending::Nothing;
-    return text->startsWith("everything") ? Pending::Everything : Pending::Storage;
-}
-
-void finishPending(const QString &profileFolder)
-{
-    const Pending left = pending(profileFolder);
-    if (left == Pending::Nothing)
+    if (kinds == Kinds()) {
+        QFile::remove(m_marker);
         return;
-    if (left == Pending::Everything)
-        removeCookies(profileFolder);
-    removeStorage(profileFolder);
-    setPending(profileFolder, Pending::Nothing);
+    }
+    QByteArray text;
+    for (const auto &[word, kind] : kWords) {
+        if (kinds.testFlag(kind))
+            text += QByteArray(word) + '\n';
+    }
+    writeFileWhole(m_marker, text);
+}
+
+void SiteData::finishPending() const
+{
+    const Kinds kinds = pending();
+    if (kinds == Kinds())
+        return;
+    remove(kinds);
+    setPending({});
 }
 
 } // namespace engine

@@ -1,27 +1,37 @@
 #pragma once
 
+#include <QFlags>
 #include <QString>
 
 namespace engine {
 
-/// The engine has no way to remove what sites have stored while it runs, and loses the removal of cookies when it is
-/// ended by force. So both are finished here, by the files of a profile folder that no engine uses at the moment.
+/// The files that the engine keeps for sites, in the folders of a profile. The engine cannot remove what sites have
+/// stored while it runs, and loses the removal of cookies when it is ended by force. So that is finished here, when the
+/// engine does not use the folders; a marker in them tells what is left to do.
+class SiteData
+{
+public:
+    enum class Kind { TemporaryFiles = 1, Cookies = 2, Storage = 4 };
+    Q_DECLARE_FLAGS(Kinds, Kind)
 
-/// Removes cookies and everything that sites have stored.
-void removeSiteData(const QString &profileFolder);
+    SiteData(const QString &profileFolder, const QString &cacheFolder);
 
-/// What is left to do before a profile folder is used again.
-enum class Pending {
-    Nothing,
-    /// Cookies are gone unless the program is ended by force; the rest stays till the next start.
-    Everything,
-    /// The end was an ordinary one: cookies that came since are to stay.
-    Storage,
+    void remove(Kinds kinds) const;
+
+    Kinds pending() const;
+    void addPending(Kinds kinds) const { setPending(pending() | kinds); }
+    void dropPending(Kinds kinds) const { setPending(pending() & ~kinds); }
+    /// Removes what is left to remove.
+    void finishPending() const;
+
+private:
+    void setPending(Kinds kinds) const;
+
+    QString m_profileFolder;
+    QString m_cacheFolder;
+    QString m_marker;
 };
-/// Keeps that in the folder. False when it can't be written.
-bool setPending(const QString &profileFolder, Pending pending);
-Pending pending(const QString &profileFolder);
-/// Does what is left to do.
-void finishPending(const QString &profileFolder);
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(SiteData::Kinds)
 
 } // namespace engine

@@ -19,7 +19,8 @@ WebEngine::WebEngine(const EngineConfig &config)
                   [this](const QString &folder) {
                       if (m_downloads)
                           m_downloads->setFolder(folder);
-                  }})
+                  },
+                  [this] { reloadPages(); }})
     , m_site(*this)
 {}
 
@@ -34,7 +35,7 @@ WebEngine::~WebEngine()
     m_downloads.reset();
     m_settings.detach();
     m_profile.reset();
-    m_settings.finishFolder();
+    m_settings.finishFolders();
 }
 
 void WebEngine::warmUp()
@@ -47,10 +48,11 @@ QWebEngineProfile &WebEngine::profile()
     if (m_profile)
         return *m_profile;
     m_folder = ProfileFolder::take(m_config.profileFolder);
-    m_settings.prepareFolder(m_folder ? m_folder->path() : QString());
+    const QString cache = m_folder && m_folder->number() > 1
+                              ? u"%1-%2"_s.arg(m_config.cacheFolder).arg(m_folder->number())
+                              : m_config.cacheFolder;
+    m_settings.prepareFolders(m_folder ? m_folder->path() : QString(), cache);
     if (m_folder) {
-        const QString cache = m_folder->number() == 1 ? m_config.cacheFolder
-                                                      : u"%1-%2"_s.arg(m_config.cacheFolder).arg(m_folder->number());
         makePrivateFolder(cache);
         m_profile = std::make_unique<QWebEngineProfile>(u"Corvane"_s);
         m_profile->setPersistentStoragePath(m_folder->path());
@@ -97,6 +99,14 @@ WebBrowser *WebEngine::createBrowser(QWidget *parent)
     connect(browser, &WebBrowser::optionsRequested, this,
             [this, browser] { m_settings.showDialog(browser->window()); });
     return browser;
+}
+
+void WebEngine::reloadPages()
+{
+    for (const auto &browser : m_browsers) {
+        if (browser && browser->LocationURL().startsWith("http"_L1))
+            browser->Refresh2(0);
+    }
 }
 
 QString WebEngine::keyOf(const QUrl &url, const QString &realm)

@@ -53,6 +53,7 @@ public:
 
 private:
     void startDownload(QWebEngineDownloadRequest *download);
+    void reloadPages();
 
     EngineConfig m_config;
     VisitLog m_visits;
