@@ -34,6 +34,9 @@ QString bareAddress(QString address)
     return address;
 }
 
+/// Milliseconds from the end of a load within which the download that it turned into is told of.
+constexpr int kDownloadBegins = 500;
+
 } // namespace
 
 void WebBrowserControl::connectPage()
@@ -149,8 +152,10 @@ void WebBrowserControl::loadEnded(const QWebEngineLoadingInfo &info)
     m_load.finished();
 
     // A window whose first page was refused or became a download would stay empty for ever.
+    // The download is told of only after the end of the load, and it crashes the engine to ask it for a page that has
+    // gone.
     if (isStopped && isFirst && m_openedByPage && !stopAsked && m_page->history()->count() == 0)
-        closeWindow();
+        closeWindow(kDownloadBegins);
 }
 
 void WebBrowserControl::addressChanged(const QUrl &url)
@@ -268,10 +273,10 @@ void WebBrowserControl::adopt(QWebEngineNewWindowRequest &request)
     request.openIn(m_page.get());
 }
 
-void WebBrowserControl::closeWindow()
+void WebBrowserControl::closeWindow(int delay)
 {
     // The form ends with this event; the engine must have returned from its call by then.
-    QTimer::singleShot(0, this, [this] {
+    QTimer::singleShot(delay, this, [this] {
         bool cancel = false;
         if (eventSink())
             eventSink()->WebBro_WindowClosing(true, cancel);

@@ -96,7 +96,8 @@ private:
     void reportTitle();
     bool isStandIn(const QString &title) const;
     void reportLock(bool secure);
-    void closeWindow();
+    /// Asks the form to close, `delay` ms later.
+    void closeWindow(int delay = 0);
     void keepFocus(QWidget *now);
 
     // ControlNotices.cpp
