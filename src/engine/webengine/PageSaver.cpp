@@ -2,9 +2,9 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QStorageInfo>
 #include <QTemporaryDir>
 #include <QWebEnginePage>
+#include <cstdint>
 #include <filesystem>
 
 using namespace Qt::StringLiterals;
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kPatienceMs = 20'000;
 /// With less than this left after saving, a part has probably not been written.
-constexpr qint64 kLeastSpace = 64 * 1024;
+constexpr std::uintmax_t kLeastSpace = 64 * 1024;
 
 /// Renames over what is there.
 bool rename(const QString &from, const QString &to)
@@ -23,6 +23,14 @@ bool rename(const QString &from, const QString &to)
     std::error_code error;
     std::filesystem::rename(QFile::encodeName(from).toStdString(), QFile::encodeName(to).toStdString(), error);
     return !error;
+}
+
+/// Asks the file system itself: a list of mounts need not name it. Where there is no answer, nothing speaks against it.
+bool isSpaceUsedUp(const QString &file)
+{
+    std::error_code error;
+    const auto space = std::filesystem::space(QFile::encodeName(file).toStdString(), error);
+    return !error && space.available < kLeastSpace;
 }
 
 /// The folder with the parts of a saved page, by the name of its file.
@@ -100,7 +108,7 @@ void PageSaver::finished()
 bool PageSaver::putInPlace() const
 {
     const QString written = m_job->written();
-    if (!QFileInfo(written).isFile() || QStorageInfo(written).bytesAvailable() < kLeastSpace)
+    if (!QFileInfo(written).isFile() || isSpaceUsedUp(written))
         return false;
     const QString parts = partsOf(written);
     const QString oldParts = m_job->folder->filePath(u".old"_s);
