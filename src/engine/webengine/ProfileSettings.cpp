@@ -41,6 +41,13 @@ ProfileSettings::ProfileSettings(Surroundings surroundings)
     m_settling.setInterval(60'000);
     m_settling.setSingleShot(true);
     m_settling.callOnTimeout(&m_settling, [this] { settle(); });
+    // What pages ask for at once is lost, and nothing tells when that is over: 100 ms were enough in every try.
+    m_changingCache.setInterval(500);
+    m_changingCache.setSingleShot(true);
+    m_changingCache.callOnTimeout(&m_changingCache, [this] {
+        m_sessionCookies->restore();
+        m_surroundings.reloadPages();
+    });
 }
 
 ProfileSettings::~ProfileSettings()
@@ -65,8 +72,9 @@ void ProfileSettings::attach(QWebEngineProfile &profile)
 {
     m_profile = &profile;
     m_ownAgent = profile.httpUserAgent();
-    m_sessionCookies = std::make_unique<SessionCookies>(*profile.cookieStore());
+    // First, as it makes the network part start anew.
     setCache();
+    m_sessionCookies = std::make_unique<SessionCookies>(*profile.cookieStore());
     applyCookies();
     applyRequests();
 }
@@ -75,6 +83,7 @@ void ProfileSettings::detach()
 {
     delete m_dialog;
     m_settling.stop();
+    m_changingCache.stop();
     m_probe.reset();
     m_sessionCookies.reset();
     if (m_profile)
@@ -234,7 +243,7 @@ void ProfileSettings::emptyCache()
     m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
     m_profile->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
     m_sessionCookies->restore();
-    m_surroundings.reloadPages();
+    m_changingCache.start();
 }
 
 void ProfileSettings::clear(Traces traces)

@@ -82,6 +82,8 @@ private:
     std::unique_ptr<QWebEnginePage> m_probe;
     /// Runs until the engine has done all that it has to do after clearing.
     QTimer m_settling;
+    /// Runs until pages can load from the new cache.
+    QTimer m_changingCache;
     QPointer<InternetOptions> m_dialog;
 };
 
