@@ -6,6 +6,8 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -24,6 +26,8 @@ InternetOptions::InternetOptions(OptionsHost &host, QWidget *parent)
     setAttribute(Qt::WA_DeleteOnClose);
     tabPages->setObjectName(u"tabPages"_s);
     tabPages->setAccessibleName(LoadResString(20500));
+    // All of them are to be seen at once.
+    tabPages->setUsesScrollButtons(false);
     lblProblem->setObjectName(u"lblProblem"_s);
     lblProblem->setWordWrap(true);
     lblProblem->setTextFormat(Qt::PlainText);
@@ -52,6 +56,8 @@ InternetOptions::InternetOptions(OptionsHost &host, QWidget *parent)
     addPages();
     connect(tabPages, &QTabWidget::currentChanged, this, &InternetOptions::changed);
     changed();
+    addTurningKeys();
+    tabPages->tabBar()->setFocus();
 }
 
 void InternetOptions::addPages()
@@ -71,6 +77,20 @@ void InternetOptions::addPage(const char *name, int caption, OptionPage *page)
     tabPages->addTab(page, LoadResString(caption));
     m_pages.push_back(page);
     connect(page, &OptionPage::changed, this, &InternetOptions::changed);
+}
+
+/// Ctrl+Tab belongs to the documents everywhere.
+void InternetOptions::addTurningKeys()
+{
+    const auto add = [this](int key, int step) {
+        auto *shortcut = new QShortcut(QKeySequence(Qt::ControlModifier | Qt::Key(key)), this);
+        connect(shortcut, &QShortcut::activated, tabPages, [this, step] {
+            const int count = tabPages->count();
+            tabPages->setCurrentIndex((tabPages->currentIndex() + step + count) % count);
+        });
+    };
+    add(Qt::Key_PageDown, 1);
+    add(Qt::Key_PageUp, -1);
 }
 
 EngineSettings InternetOptions::collected() const

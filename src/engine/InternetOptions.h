@@ -54,6 +54,7 @@ public:
 private:
     void addPages();
     void addPage(const char *name, int caption, OptionPage *page);
+    void addTurningKeys();
     void changed();
     bool apply();
     EngineSettings collected() const;

@@ -58,11 +58,6 @@ LanguagesPage::LanguagesPage()
 
     connect(chkSystem, &QCheckBox::toggled, this, [this, list](bool isSystem) {
         list->setEnabled(!isSystem);
-        // A list of one's own begins with what held before.
-        if (!isSystem && lstLanguages->count() == 0) {
-            for (const QString &code : systemLanguages())
-                append(code);
-        }
         emit changed();
     });
 }
@@ -208,7 +203,8 @@ void LanguagesPage::updateButtons()
 void LanguagesPage::load(const EngineSettings &settings)
 {
     lstLanguages->clear();
-    for (const QString &code : settings.languages)
+    // A list of one's own begins with what held before.
+    for (const QString &code : settings.languages.isEmpty() ? systemLanguages() : settings.languages)
         append(code);
     chkSystem->setChecked(settings.languages.isEmpty());
 }

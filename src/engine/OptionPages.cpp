@@ -155,8 +155,8 @@ void GeneralPage::clearNow()
     if (traces.testFlag(Trace::Cookies))
         told += u' ' + LoadResString(20523);
     lblCleared->setText(told);
-    // A second press of the button needs a second decision.
-    btnClear->setFocus();
+    // A second press of the button needs a second decision; the focus has to be somewhere meanwhile.
+    chkTemp->setFocus();
     for (QCheckBox *check : {chkTemp, chkCookies, chkHistory})
         check->setChecked(false);
 }
@@ -189,6 +189,7 @@ ConnectionPage::ConnectionPage()
     txtProxyHost->setObjectName(u"txtProxyHost"_s);
     txtProxyPort->setObjectName(u"txtProxyPort"_s);
     txtProxyPort->setRange(1, 65535);
+    txtProxyPort->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     txtProxyUser->setObjectName(u"txtProxyUser"_s);
 
     auto *all = new QVBoxLayout(this);
