@@ -8,10 +8,23 @@
 #include <QString>
 #include <QUrl>
 #include <functional>
+#include <memory>
 
 /// What the commands of a document ask of its page, in small parts. Every answer comes exactly once, later and from the
 /// event loop, so that it may open windows; it stays away only when the page has been deleted.
 namespace engine {
+
+class FormRecord;
+
+class FormFacet
+{
+public:
+    virtual ~FormFacet() = default;
+    /// Asks every frame of the page for its inputs and fills what the record has for them; inputs that come while it is
+    /// under way are filled too. The number of filled inputs goes to the status text. A fill that is still under way
+    /// ends first. Protected fields are left out when `locked`.
+    virtual void fill(std::shared_ptr<const FormRecord> record, bool locked) = 0;
+};
 
 class PrintFacet
 {

@@ -1,8 +1,13 @@
 #include "engine/WBCustomizer.h"
 
 #include "base/step.h"
+#include "engine/PageFacets.h"
 
 namespace engine {
+
+WBCustomizer::WBCustomizer(std::shared_ptr<FormRecord> record)
+    : m_record(std::move(record))
+{}
 
 void WBCustomizer::AttachBrowser(WebBrowser *browser)
 {
@@ -39,6 +44,46 @@ void WBCustomizer::GetHistoryElement(bool isBack, int position, QString &title, 
         throw ControlError("no such page in the list");
     title = entries[position - 1].title;
     address = entries[position - 1].address;
+}
+
+void WBCustomizer::LoadFormData(const QString &path)
+{
+    if (m_record)
+        m_record->LoadFormData(path);
+}
+
+void WBCustomizer::ClearFormData()
+{
+    if (m_record)
+        m_record->ClearFormData();
+}
+
+void WBCustomizer::AddFormField(const QString &key, const QString &value, bool isProtected)
+{
+    if (m_record)
+        m_record->AddFormField(key, value, isProtected);
+}
+
+void WBCustomizer::SaveFormData(const QString &path)
+{
+    if (m_record)
+        m_record->SaveFormData(path);
+}
+
+void WBCustomizer::GetFormField(const QString &key, QString &value, bool &isProtected) const
+{
+    value.clear();
+    isProtected = false;
+    if (m_record)
+        m_record->GetFormField(key, value, isProtected);
+}
+
+void WBCustomizer::FillForm(bool locked)
+{
+    FormFacet *forms = m_browser ? m_browser->formFacet() : nullptr;
+    if (!forms || !m_record)
+        throw ControlError("no page to fill");
+    forms->fill(m_record, locked);
 }
 
 } // namespace engine

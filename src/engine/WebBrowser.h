@@ -11,6 +11,7 @@
 namespace engine {
 
 class FindFacet;
+class FormFacet;
 class InfoFacet;
 class PrintFacet;
 class SaveFacet;
@@ -101,6 +102,7 @@ public:
     virtual SaveFacet *saveFacet() { return nullptr; }
     virtual FindFacet *findFacet() { return nullptr; }
     virtual InfoFacet *infoFacet() { return nullptr; }
+    virtual FormFacet *formFacet() { return nullptr; }
 
 signals:
     /// IDM_OPTIONS: the user wants the engine's own settings.
