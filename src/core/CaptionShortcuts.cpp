@@ -1,6 +1,6 @@
 #include "core/CaptionShortcuts.h"
 
-#include "core/Commands.h"
+#include "core/frmMainCommands.h"
 
 #include "controls/PopupMenu.h"
 #include "core/state/ProcessFlags.h"

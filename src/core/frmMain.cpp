@@ -2,8 +2,8 @@
 
 #include "core/AllSettings.h"
 #include "core/CaptionShortcuts.h"
-#include "core/Commands.h"
 #include "core/KeyboardHook.h"
+#include "core/frmMainCommands.h"
 #include "core/frmPassword.h"
 #include "core/frmWindows.h"
 

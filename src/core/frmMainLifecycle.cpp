@@ -1,9 +1,9 @@
 // The life of the main window: load, resize, minimising, close.
 
 #include "core/AllSettings.h"
-#include "core/Commands.h"
 #include "core/KeyboardHook.h"
 #include "core/frmMain.h"
+#include "core/frmMainCommands.h"
 #include "core/frmPassword.h"
 
 #include "appearance/ShippedFiles.h"

@@ -1,6 +1,6 @@
 // Clicks and menus of the two toolbars.
 
-#include "core/Commands.h"
+#include "core/frmMainCommands.h"
 
 #include "core/frmMain.h"
 

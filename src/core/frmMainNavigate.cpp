@@ -1,6 +1,6 @@
 // The commands that open sites and that act on documents.
 
-#include "core/Commands.h"
+#include "core/frmMainCommands.h"
 
 #include "core/frmMain.h"
 

@@ -1,4 +1,4 @@
-#include "core/Commands.h"
+#include "core/frmMainCommands.h"
 
 #include "core/frmAbout.h"
 #include "core/frmMain.h"
