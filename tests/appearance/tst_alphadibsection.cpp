@@ -30,193 +30,183 @@ class tst_AlphaDibSection : public QObject
 {
     Q_OBJECT
 private slots:
-    void lifecycle();
-    void rowsRunBottomUp();
-    void paintingLeavesAlphaZero();
-    void codeAlphaBlend();
-    void alphaPaintPicture();
-    void rasterOperations();
-    void savePicture();
-    void resample();
-    void randomiseBits();
-};
-
-void tst_AlphaDibSection::lifecycle()
-{
-    cAlphaDibSection surface;
-    QVERIFY(!surface.hdc());
-    QVERIFY(!surface.DIBSectionBitsPtr());
-    surface.setUseDrawDib(true);
-    QVERIFY(surface.Create(3, 2));
-    QVERIFY(surface.UseDrawDib()); // survives the making of a new section
-    QCOMPARE(surface.BytesPerScanLine(), 12);
-    surface.bytes()(0, 0) = 7;
-    QVERIFY(surface.Create(3, 2)); // the same size makes a new picture too
-    QCOMPARE(int(surface.bytes()(0, 0)), 0);
-    QVERIFY(!surface.Create(0, 2)); // a failure leaves the object empty
-    QCOMPARE(surface.Width(), 0);
-    QVERIFY(!surface.hDib());
-    QVERIFY(surface.Create(2, 2));
-    QVERIFY_THROWS_EXCEPTION(ControlError, surface.bytes()(8, 0));
-    QVERIFY_THROWS_EXCEPTION(ControlError, surface.bytes()(0, -1));
-}
-
-void tst_AlphaDibSection::rowsRunBottomUp()
-{
-    QImage picture(1, 2, QImage::Format_ARGB32);
-    picture.setPixel(0, 0, qRgba(1, 2, 3, 4)); // top line
-    picture.setPixel(0, 1, qRgba(5, 6, 7, 8));
-    cAlphaDibSection surface;
-    surface.CreateFromHBitmap(picture);
-    QCOMPARE(rowOf(surface, 0), QList<int>({7, 6, 5, 8}));
-    QCOMPARE(rowOf(surface, 1), QList<int>({3, 2, 1, 4}));
-    QCOMPARE(surface.toImage(), picture);
-}
-
-void tst_AlphaDibSection::paintingLeavesAlphaZero()
-{
-    cAlphaDibSection surface;
-    QVERIFY(surface.Create(2, 1));
-    setRow(surface, 0, {10, 20, 30, 40, 50, 60, 70, 80});
-    surface.hdc().paint([](QPainter &painter) { painter.fillRect(1, 0, 1, 1, QColor(1, 2, 3)); });
-    QCOMPARE(rowOf(surface, 0), QList<int>({10, 20, 30, 40, 3, 2, 1, 0}));
-}
-
-void tst_AlphaDibSection::codeAlphaBlend()
-{
-    cAlphaDibSection target;
-    cAlphaDibSection source;
-    QVERIFY(target.Create(2, 2));
-    QVERIFY(source.Create(1, 1));
-    setRow(target, 1, {9, 9, 9, 9, 0, 100, 255, 77});
-    setRow(source, 0, {255, 200, 0, 66});
-    // alpha 51 is a fifth: 0.8 d + 0.2 s = 51, 120, 204; the fourth byte stays
-    cAlphaDibSection::CodeAlphaBlend(target, source, 1, 1, -1, -1, 51);
-    QCOMPARE(rowOf(target, 1), QList<int>({9, 9, 9, 9, 51, 120, 204, 77}));
-    setRow(target, 0, {0, 0, 0, 0, 0, 0, 0, 0});
-    setRow(source, 0, {5, 15, 25, 0}); // x 51 / 255 = 1, 3, 5
-    cAlphaDibSection::CodeAlphaBlend(target, source, 0, 0, 4, 1, 51);
-    QCOMPARE(rowOf(target, 0), QList<int>({1, 3, 5, 0, 0, 0, 0, 0}));
-    // a region that sticks out of the target is an error, not a stray write
-    QVERIFY_THROWS_EXCEPTION(ControlError, cAlphaDibSection::CodeAlphaBlend(target, source, 2, 0, -1, -1, 51));
-    // -1 takes the row of the narrower object, in bytes: one pixel here, although the target is two wide
-    setRow(target, 0, {0, 0, 0, 0, 8, 8, 8, 8});
-    cAlphaDibSection::CodeAlphaBlend(target, source, 0, 0, -1, -1, 255);
-    QCOMPARE(rowOf(target, 0), QList<int>({5, 15, 25, 0, 8, 8, 8, 8}));
-}
-
-void tst_AlphaDibSection::alphaPaintPicture()
-{
-    cAlphaDibSection target;
-    cAlphaDibSection source;
-    QVERIFY(target.Create(3, 1));
-    QVERIFY(source.Create(3, 1));
-    // alpha 0: only adds; alpha 255: replaces in the share of the constant; everything is held at 255
-    setRow(target, 0, {100, 100, 100, 0, 100, 100, 100, 100, 250, 250, 250, 0});
-    setRow(source, 0, {255, 0, 51, 0, 255, 0, 51, 255, 255, 255, 255, 0});
-    source.AlphaPaintPicture(target, 0, 0, -1, -1, 0, 0, 51);
-    QCOMPARE(rowOf(target, 0), QList<int>({151, 100, 110, 0, 131, 80, 90, 131, 255, 255, 255, 0}));
-    // a part that lies outside is cut off
-    target.Clear();
-    source.AlphaPaintPicture(target, 2, 0, -1, -1, 1, 0, 255);
-    QCOMPARE(rowOf(target, 0), QList<int>({0, 0, 0, 0, 0, 0, 0, 0, 255, 0, 51, 255}));
-}
-
-void tst_AlphaDibSection::rasterOperations()
-{
-    cAlphaDibSection target;
-    cAlphaDibSection source;
-    QVERIFY(target.Create(1, 1));
-    QVERIFY(source.Create(1, 1));
-    const auto result = [&](int32_t raster) {
-        setRow(target, 0, {0x0f, 0, 0, 0});
-        setRow(source, 0, {0x3c, 0, 0, 0});
-        source.PaintPicture(target, 0, 0, -1, -1, 0, 0, raster);
-        return int(target.bytes()(0, 0));
-    };
-    QCOMPARE(result(SRCCOPY), 0x3c);
-    QCOMPARE(result(0x8800C6), 0x0c); // and
-    QCOMPARE(result(0xEE0086), 0x3f); // or
-    QCOMPARE(result(0x660046), 0x33); // exclusive or
-    QCOMPARE(result(0x330008), 0xc3); // not source
-    source.setUseDrawDib(true);       // which knows no raster operation
-    QCOMPARE(result(0x8800C6), 0x3c);
-}
-
-void tst_AlphaDibSection::savePicture()
-{
-    QTemporaryDir folder;
-    cAlphaDibSection surface;
-    QVERIFY(surface.Create(2, 2));
-    setRow(surface, 0, {1, 2, 3, 4, 5, 6, 7, 8});
-    setRow(surface, 1, {9, 10, 11, 12, 13, 14, 15, 16});
-    const QString path = folder.filePath(QStringLiteral("a.bmp"));
-    QVERIFY(surface.SavePicture(path));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray expected = QByteArray::fromHex("424d 4a000000 0000 0000 3a000000"
-                                                    "28000000 02000000 02000000 0100 2000 00000000 10000000"
-                                                    "00000000 00000000 00000000 00000000 00000000"
-                                                    "0102030405060708 090a0b0c0d0e0f10");
-    QCOMPARE(file.readAll(), expected);
-    // what we write, others read
-    QImage read(path);
-    QCOMPARE(read.pixelColor(0, 1).red(), 3);
-    try {
-        surface.SavePicture(folder.filePath(QStringLiteral("no/such/folder.bmp")));
-        QFAIL("an unwritable place raises an error");
-    } catch (const RuntimeError &error) {
-        QCOMPARE(error.number(), 17);
-        QVERIFY(error.source().endsWith(QLatin1String(".cDIBSection")));
-        QVERIFY(!error.description().isEmpty());
-    }
-    if (QFile::exists(QStringLiteral("/dev/full")))
-        QVERIFY(!surface.SavePicture(QStringLiteral("/dev/full")));
-}
-
-void tst_AlphaDibSection::resample()
-{
-    cAlphaDibSection surface;
-    QVERIFY(surface.Create(3, 2));
-    setRow(surface, 0, {0, 0, 0, 9, 100, 0, 0, 9, 200, 0, 0, 9});
-    setRow(surface, 1, {50, 0, 0, 9, 150, 0, 0, 9, 250, 0, 0, 9});
-    const auto same = surface.Resample(2, 3);
-    QVERIFY(same);
-    QCOMPARE(same->toImage(), surface.toImage()); // alpha included
-    const auto twice = surface.Resample(4, 4);
-    QVERIFY(twice);
-    QCOMPARE(twice->Width(), 4);
-    // xs = 2 / 4, ys = 1 / 4: columns 0, 50, 100, 150 of the bottom row, each line 12.5 brighter, ties to even (a is
-    // rounded before the columns are mixed: 12, 112; 12, 62, 112, 162), alpha 0
-    const auto blues = [&](int row) {
-        QList<int> list;
-        for (int x = 0; x < 4; ++x)
-            list << twice->bytes()(x * 4, row) << twice->bytes()(x * 4 + 3, row);
-        return list;
-    };
-    QCOMPARE(blues(0), QList<int>({0, 0, 50, 0, 100, 0, 150, 0}));
-    QCOMPARE(blues(1), QList<int>({12, 0, 62, 0, 112, 0, 162, 0}));
-    QCOMPARE(blues(2), QList<int>({25, 0, 75, 0, 125, 0, 175, 0}));
-    QVERIFY(!surface.Resample(0, 3));
-}
-
-void tst_AlphaDibSection::randomiseBits()
-{
-    for (const bool gray : {false, true}) {
+    void lifecycle()
+    {
         cAlphaDibSection surface;
-        QVERIFY(surface.Create(64, 64));
-        surface.RandomiseBits(gray);
-        int different = 0;
-        for (int y = 0; y < 64; ++y) {
-            for (int x = 0; x < 256; x += 4) {
-                const int alpha = surface.bytes()(x + 3, y);
-                QVERIFY(surface.bytes()(x, y) <= alpha && surface.bytes()(x + 1, y) <= alpha);
-                different += surface.bytes()(x, y) != surface.bytes()(x + 1, y);
-            }
-        }
-        QCOMPARE(different > 1000, !gray);
+        QVERIFY(!surface.hdc());
+        QVERIFY(!surface.DIBSectionBitsPtr());
+        surface.setUseDrawDib(true);
+        QVERIFY(surface.Create(3, 2));
+        QVERIFY(surface.UseDrawDib()); // survives the making of a new section
+        QCOMPARE(surface.BytesPerScanLine(), 12);
+        surface.bytes()(0, 0) = 7;
+        QVERIFY(surface.Create(3, 2)); // the same size makes a new picture too
+        QCOMPARE(int(surface.bytes()(0, 0)), 0);
+        QVERIFY(!surface.Create(0, 2)); // a failure leaves the object empty
+        QCOMPARE(surface.Width(), 0);
+        QVERIFY(!surface.hDib());
+        QVERIFY(surface.Create(2, 2));
+        QVERIFY_THROWS_EXCEPTION(ControlError, surface.bytes()(8, 0));
+        QVERIFY_THROWS_EXCEPTION(ControlError, surface.bytes()(0, -1));
     }
-}
+
+    void rowsRunBottomUp()
+    {
+        QImage picture(1, 2, QImage::Format_ARGB32);
+        picture.setPixel(0, 0, qRgba(1, 2, 3, 4)); // top line
+        picture.setPixel(0, 1, qRgba(5, 6, 7, 8));
+        cAlphaDibSection surface;
+        surface.CreateFromHBitmap(picture);
+        QCOMPARE(rowOf(surface, 0), QList<int>({7, 6, 5, 8}));
+        QCOMPARE(rowOf(surface, 1), QList<int>({3, 2, 1, 4}));
+        QCOMPARE(surface.toImage(), picture);
+    }
+
+    void paintingLeavesAlphaZero()
+    {
+        cAlphaDibSection surface;
+        QVERIFY(surface.Create(2, 1));
+        setRow(surface, 0, {10, 20, 30, 40, 50, 60, 70, 80});
+        surface.hdc().paint([](QPainter &painter) { painter.fillRect(1, 0, 1, 1, QColor(1, 2, 3)); });
+        QCOMPARE(rowOf(surface, 0), QList<int>({10, 20, 30, 40, 3, 2, 1, 0}));
+    }
+
+    void codeAlphaBlend()
+    {
+        cAlphaDibSection target;
+        cAlphaDibSection source;
+        QVERIFY(target.Create(2, 2));
+        QVERIFY(source.Create(1, 1));
+        setRow(target, 1, {9, 9, 9, 9, 0, 100, 255, 77});
+        setRow(source, 0, {255, 200, 0, 66});
+        // alpha 51 is a fifth: 0.8 d + 0.2 s = 51, 120, 204; the fourth byte stays
+        cAlphaDibSection::CodeAlphaBlend(target, source, 1, 1, -1, -1, 51);
+        QCOMPARE(rowOf(target, 1), QList<int>({9, 9, 9, 9, 51, 120, 204, 77}));
+        setRow(target, 0, {0, 0, 0, 0, 0, 0, 0, 0});
+        setRow(source, 0, {5, 15, 25, 0}); // x 51 / 255 = 1, 3, 5
+        cAlphaDibSection::CodeAlphaBlend(target, source, 0, 0, 4, 1, 51);
+        QCOMPARE(rowOf(target, 0), QList<int>({1, 3, 5, 0, 0, 0, 0, 0}));
+        // a region that sticks out of the target is an error, not a stray write
+        QVERIFY_THROWS_EXCEPTION(ControlError, cAlphaDibSection::CodeAlphaBlend(target, source, 2, 0, -1, -1, 51));
+        // -1 takes the row of the narrower object, in bytes: one pixel here, although the target is two wide
+        setRow(target, 0, {0, 0, 0, 0, 8, 8, 8, 8});
+        cAlphaDibSection::CodeAlphaBlend(target, source, 0, 0, -1, -1, 255);
+        QCOMPARE(rowOf(target, 0), QList<int>({5, 15, 25, 0, 8, 8, 8, 8}));
+    }
+
+    void alphaPaintPicture()
+    {
+        cAlphaDibSection target;
+        cAlphaDibSection source;
+        QVERIFY(target.Create(3, 1));
+        QVERIFY(source.Create(3, 1));
+        // alpha 0: only adds; alpha 255: replaces in the share of the constant; everything is held at 255
+        setRow(target, 0, {100, 100, 100, 0, 100, 100, 100, 100, 250, 250, 250, 0});
+        setRow(source, 0, {255, 0, 51, 0, 255, 0, 51, 255, 255, 255, 255, 0});
+        source.AlphaPaintPicture(target, 0, 0, -1, -1, 0, 0, 51);
+        QCOMPARE(rowOf(target, 0), QList<int>({151, 100, 110, 0, 131, 80, 90, 131, 255, 255, 255, 0}));
+        // a part that lies outside is cut off
+        target.Clear();
+        source.AlphaPaintPicture(target, 2, 0, -1, -1, 1, 0, 255);
+        QCOMPARE(rowOf(target, 0), QList<int>({0, 0, 0, 0, 0, 0, 0, 0, 255, 0, 51, 255}));
+    }
+
+    void rasterOperations()
+    {
+        cAlphaDibSection target;
+        cAlphaDibSection source;
+        QVERIFY(target.Create(1, 1));
+        QVERIFY(source.Create(1, 1));
+        const auto result = [&](int32_t raster) {
+            setRow(target, 0, {0x0f, 0, 0, 0});
+            setRow(source, 0, {0x3c, 0, 0, 0});
+            source.PaintPicture(target, 0, 0, -1, -1, 0, 0, raster);
+            return int(target.bytes()(0, 0));
+        };
+        QCOMPARE(result(SRCCOPY), 0x3c);
+        QCOMPARE(result(0x8800C6), 0x0c); // and
+        QCOMPARE(result(0xEE0086), 0x3f); // or
+        QCOMPARE(result(0x660046), 0x33); // exclusive or
+        QCOMPARE(result(0x330008), 0xc3); // not source
+        source.setUseDrawDib(true);       // which knows no raster operation
+        QCOMPARE(result(0x8800C6), 0x3c);
+    }
+
+    void savePicture()
+    {
+        QTemporaryDir folder;
+        cAlphaDibSection surface;
+        QVERIFY(surface.Create(2, 2));
+        setRow(surface, 0, {1, 2, 3, 4, 5, 6, 7, 8});
+        setRow(surface, 1, {9, 10, 11, 12, 13, 14, 15, 16});
+        const QString path = folder.filePath(QStringLiteral("a.bmp"));
+        QVERIFY(surface.SavePicture(path));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray expected = QByteArray::fromHex("424d 4a000000 0000 0000 3a000000"
+                                                        "28000000 02000000 02000000 0100 2000 00000000 10000000"
+                                                        "00000000 00000000 00000000 00000000 00000000"
+                                                        "0102030405060708 090a0b0c0d0e0f10");
+        QCOMPARE(file.readAll(), expected);
+        // what we write, others read
+        QImage read(path);
+        QCOMPARE(read.pixelColor(0, 1).red(), 3);
+        try {
+            surface.SavePicture(folder.filePath(QStringLiteral("no/such/folder.bmp")));
+            QFAIL("an unwritable place raises an error");
+        } catch (const RuntimeError &error) {
+            QCOMPARE(error.number(), 17);
+            QVERIFY(error.source().endsWith(QLatin1String(".cDIBSection")));
+            QVERIFY(!error.description().isEmpty());
+        }
+        if (QFile::exists(QStringLiteral("/dev/full")))
+            QVERIFY(!surface.SavePicture(QStringLiteral("/dev/full")));
+    }
+
+    void resample()
+    {
+        cAlphaDibSection surface;
+        QVERIFY(surface.Create(3, 2));
+        setRow(surface, 0, {0, 0, 0, 9, 100, 0, 0, 9, 200, 0, 0, 9});
+        setRow(surface, 1, {50, 0, 0, 9, 150, 0, 0, 9, 250, 0, 0, 9});
+        const auto same = surface.Resample(2, 3);
+        QVERIFY(same);
+        QCOMPARE(same->toImage(), surface.toImage()); // alpha included
+        const auto twice = surface.Resample(4, 4);
+        QVERIFY(twice);
+        QCOMPARE(twice->Width(), 4);
+        // xs = 2 / 4, ys = 1 / 4: columns 0, 50, 100, 150 of the bottom row, each line 12.5 brighter, ties to even (a
+        // is rounded before the columns are mixed: 12, 112; 12, 62, 112, 162), alpha 0
+        const auto blues = [&](int row) {
+            QList<int> list;
+            for (int x = 0; x < 4; ++x)
+                list << twice->bytes()(x * 4, row) << twice->bytes()(x * 4 + 3, row);
+            return list;
+        };
+        QCOMPARE(blues(0), QList<int>({0, 0, 50, 0, 100, 0, 150, 0}));
+        QCOMPARE(blues(1), QList<int>({12, 0, 62, 0, 112, 0, 162, 0}));
+        QCOMPARE(blues(2), QList<int>({25, 0, 75, 0, 125, 0, 175, 0}));
+        QVERIFY(!surface.Resample(0, 3));
+    }
+
+    void randomiseBits()
+    {
+        for (const bool gray : {false, true}) {
+            cAlphaDibSection surface;
+            QVERIFY(surface.Create(64, 64));
+            surface.RandomiseBits(gray);
+            int different = 0;
+            for (int y = 0; y < 64; ++y) {
+                for (int x = 0; x < 256; x += 4) {
+                    const int alpha = surface.bytes()(x + 3, y);
+                    QVERIFY(surface.bytes()(x, y) <= alpha && surface.bytes()(x + 1, y) <= alpha);
+                    different += surface.bytes()(x, y) != surface.bytes()(x + 1, y);
+                }
+            }
+            QCOMPARE(different > 1000, !gray);
+        }
+    }
+};
 
 QTEST_MAIN(tst_AlphaDibSection)
 #include "tst_alphadibsection.moc"

@@ -56,6 +56,7 @@ struct Top
         tbrMenu->addMenu(u"&Edit"_s);
         tbhMenu->HostCapture(tbrMenu);
     }
+
     void set(const QString &key, const QString &value) { store.SaveSetting(appTitle(), u"Settings"_s, key, value); }
     void show(int width = 900)
     {
@@ -72,184 +73,150 @@ class TestToolbarsAndBands : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void shippedStrips();
-    void toolbarsStartAsStored();
-    void switchesActAtOnce();
-    void toolbarMenuShowsTheState();
-    void bandsAreTheSameAtEachStart();
-    void chevronShowsTheHiddenButtons();
-    void layoutFileFailsSilently();
-};
-
-void TestToolbarsAndBands::init()
-{
-    // All but what the offscreen platform says about itself.
-    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
-}
-
-void TestToolbarsAndBands::shippedStrips()
-{
-    QTemporaryDir folder;
-    installShippedFiles(folder.path());
-    for (const auto &[name, cell] : {std::pair(u"nav_24h"_s, 24), std::pair(u"nav_16h"_s, 16)}) {
-        const QImage strip(folder.filePath(name + u".bmp"_s));
-        QCOMPARE(strip.size(), QSize(10 * cell, cell));
-        QVERIFY(strip.hasAlphaChannel());
-        QCOMPARE(QImage(folder.filePath(name + u"@2x.bmp"_s)).size(), strip.size() * 2);
-        // No two glyphs are alike and none is empty.
-        QList<QImage> cells;
-        for (int i = 0; i < 10; ++i) {
-            const QImage glyph = strip.copy(i * cell, 0, cell, cell);
-            QVERIFY(!cells.contains(glyph));
-            QCOMPARE(glyph.pixelColor(0, 0).alpha(), 0);
-            QVERIFY(glyph.pixelColor(cell / 2, cell / 2).alpha() > 0 || i == 5); // the arrows of Refresh run round
-            cells << glyph;
-        }
+    void init()
+    {
+        // All but what the offscreen platform says about itself.
+        QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
     }
 
-    // What the user put there stays.
-    QFile own(folder.filePath(u"nav_16h.bmp"_s));
-    QVERIFY(own.open(QIODevice::WriteOnly));
-    own.write("mine");
-    own.close();
-    QFile::remove(folder.filePath(u"nav_24h.bmp"_s));
-    installShippedFiles(folder.path());
-    QVERIFY(QFile::exists(folder.filePath(u"nav_24h.bmp"_s)));
-    QCOMPARE(own.size(), 4);
-    // A folder that cannot be is no reason to stop.
-    installShippedFiles(own.fileName());
-}
+    void shippedStrips()
+    {
+        QTemporaryDir folder;
+        installShippedFiles(folder.path());
+        for (const auto &[name, cell] : {std::pair(u"nav_24h"_s, 24), std::pair(u"nav_16h"_s, 16)}) {
+            const QImage strip(folder.filePath(name + u".bmp"_s));
+            QCOMPARE(strip.size(), QSize(10 * cell, cell));
+            QVERIFY(strip.hasAlphaChannel());
+            QCOMPARE(QImage(folder.filePath(name + u"@2x.bmp"_s)).size(), strip.size() * 2);
+            // No two glyphs are alike and none is empty.
+            QList<QImage> cells;
+            for (int i = 0; i < 10; ++i) {
+                const QImage glyph = strip.copy(i * cell, 0, cell, cell);
+                QVERIFY(!cells.contains(glyph));
+                QCOMPARE(glyph.pixelColor(0, 0).alpha(), 0);
+                QVERIFY(glyph.pixelColor(cell / 2, cell / 2).alpha() > 0 || i == 5); // the arrows of Refresh run round
+                cells << glyph;
+            }
+        }
 
-void TestToolbarsAndBands::toolbarsStartAsStored()
-{
+        // What the user put there stays.
+        QFile own(folder.filePath(u"nav_16h.bmp"_s));
+        QVERIFY(own.open(QIODevice::WriteOnly));
+        own.write("mine");
+        own.close();
+        QFile::remove(folder.filePath(u"nav_24h.bmp"_s));
+        installShippedFiles(folder.path());
+        QVERIFY(QFile::exists(folder.filePath(u"nav_24h.bmp"_s)));
+        QCOMPARE(own.size(), 4);
+        // A folder that cannot be is no reason to stop.
+        installShippedFiles(own.fileName());
+    }
+
+    void toolbarsStartAsStored()
+    {
+        {
+            Top top;
+            top.toolbars.BuildToolbars();
+            QCOMPARE(top.Toolbar1->ImageFile(), top.settings.ToolbarLargeBitmap);
+            QCOMPARE(top.Toolbar2->ImageFile(), top.settings.ToolbarSmallBitmap);
+            QStringList keys;
+            for (int i = 0; i < top.Toolbar1->ButtonCount(); ++i)
+                keys << top.Toolbar1->ButtonKey(i);
+            QCOMPARE(keys.join(u','), u"New,Back,Forward,Refresh,Stop,Home,Home2,,Mail,Search,News"_s);
+            QCOMPARE(top.Toolbar1->ButtonCaption(9), u"Search"_s);
+            QCOMPARE(top.Toolbar2->ButtonKey(0), u"hack"_s);
+            QVERIFY(top.Toolbar1->ButtonTextVisible(1));
+            QVERIFY(top.Toolbar1->TextAlignRight());
+        }
+        Top top;
+        top.set(u"Toolbar1LargeIcons"_s, u"False"_s);
+        top.set(u"Toolbar1TextAlignRight"_s, u"False"_s);
+        top.set(u"Toolbar2ShowText"_s, u"nonsense"_s);
+        top.toolbars.BuildToolbars();
+        QCOMPARE(top.Toolbar1->ImageFile(), top.settings.ToolbarSmallBitmap);
+        QVERIFY(!top.Toolbar1->TextAlignRight());
+        // What does not convert is False, not the default.
+        QVERIFY(!top.Toolbar2->ButtonTextVisible(0));
+    }
+
+    void switchesActAtOnce()
     {
         Top top;
-        top.toolbars.BuildToolbars();
-        QCOMPARE(top.Toolbar1->ImageFile(), top.settings.ToolbarLargeBitmap);
-        QCOMPARE(top.Toolbar2->ImageFile(), top.settings.ToolbarSmallBitmap);
+        top.show();
+        const int index = top.cReBar1->BandIndexForKey(u"Toolbar1"_s);
+        const int height = top.cReBar1->BarHeight();
+        const QString large = top.settings.ToolbarLargeBitmap;
+        // The paths of the start serve the whole run.
+        top.settings.ToolbarLargeBitmap = u"/elsewhere.bmp"_s;
+        top.toolbars.SetToolbarIconSize(*top.Toolbar1, index, false);
+        QCOMPARE(top.Toolbar1->height(), 24);
+        QCOMPARE(top.cReBar1->BarHeight(), height - 8);
+        top.toolbars.SetToolbarIconSize(*top.Toolbar1, index, true);
+        QCOMPARE(top.Toolbar1->ImageFile(), large);
+        QCOMPARE(top.cReBar1->BarHeight(), height);
+        top.toolbars.SetToolbarTextAlign(*top.Toolbar1, u"Toolbar1"_s, false);
+        QVERIFY(top.cReBar1->BarHeight() > height);
+        top.toolbars.SetToolbarText(*top.Toolbar1, u"Toolbar1"_s, false);
+        QCOMPARE(top.cReBar1->BarHeight(), height);
+        QCOMPARE(top.picHolder->height(), height);
+    }
+
+    void toolbarMenuShowsTheState()
+    {
+        Top top;
+        controls::PopupMenu menu(&top.window);
+        const auto add = [&](const QString &key, int parent) {
+            return menu.AddItem(key, {}, 0, parent, -1, false, true, key);
+        };
+        const int large = add(u"mnuTBLargeIcons"_s, 0);
+        const int text = add(u"mnuTBShowText"_s, 0);
+        const int align = add(u"mnuTBTextAlign"_s, 0);
+        const int right = add(u"mnuTBTextAlignRight"_s, align);
+        const int bottom = add(u"mnuTBTextAlignBottom"_s, align);
+        top.show();
+
+        top.toolbars.PrepareToolbarMenu(menu, *top.Toolbar1, u"Toolbar1"_s);
+        QVERIFY(menu.Checked(large) && menu.Checked(text) && menu.Enabled(align));
+        QVERIFY(menu.RadioChecked(right) && !menu.RadioChecked(bottom));
+        // The place holder alone has no text that could be aligned.
+        top.toolbars.PrepareToolbarMenu(menu, *top.Toolbar2, u"Toolbar2"_s);
+        QVERIFY(!menu.Checked(large) && menu.Checked(text) && !menu.Enabled(align));
+        top.toolbars.SetToolbarText(*top.Toolbar1, u"Toolbar1"_s, false);
+        top.toolbars.SetToolbarTextAlign(*top.Toolbar1, u"Toolbar1"_s, false);
+        top.set(u"Toolbar1ShowText"_s, u"False"_s);
+        top.toolbars.PrepareToolbarMenu(menu, *top.Toolbar1, u"Toolbar1"_s);
+        QVERIFY(!menu.Checked(text) && !menu.Enabled(align) && menu.RadioChecked(bottom) && !menu.RadioChecked(right));
+    }
+
+    void bandsAreTheSameAtEachStart()
+    {
+        Top top;
+        QFile old(top.folder.filePath(u"layout.xml"_s));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.write("<layout><band key=\"Tabbar\" row=\"0\"/></layout>");
+        old.close();
+        top.show();
         QStringList keys;
-        for (int i = 0; i < top.Toolbar1->ButtonCount(); ++i)
-            keys << top.Toolbar1->ButtonKey(i);
-        QCOMPARE(keys.join(u','), u"New,Back,Forward,Refresh,Stop,Home,Home2,,Mail,Search,News"_s);
-        QCOMPARE(top.Toolbar1->ButtonCaption(9), u"Search"_s);
-        QCOMPARE(top.Toolbar2->ButtonKey(0), u"hack"_s);
-        QVERIFY(top.Toolbar1->ButtonTextVisible(1));
-        QVERIFY(top.Toolbar1->TextAlignRight());
+        for (int i = 0; i < top.cReBar1->BandCount(); ++i)
+            keys << top.cReBar1->BandKey(i);
+        QCOMPARE(keys.join(u','), u"MenuBar,Logo,Toolbar1,Toolbar2,Addressbar,Tabbar"_s);
+        QCOMPARE(top.picTest->size(), QSize(36, 16));
+        QCOMPARE(top.picHolder->height(), top.cReBar1->BarHeight());
+        // The contents of these two bands follow the width of their band.
+        for (const int width : {900, 700}) {
+            top.window.resize(width, 400);
+            QTRY_COMPARE(top.Picture1->width(), width - 10);
+            QCOMPARE(top.vbalDTabControl1->width(), width - 7);
+            QCOMPARE(top.cReBar1->width(), width);
+        }
+
+        top.bands.SaveBandLayout();
+        QVERIFY(old.open(QIODevice::ReadOnly));
+        QCOMPARE(QString::fromUtf8(old.readAll()), top.cReBar1->LayoutText());
+        top.bands.DestroyBands();
+        QCOMPARE(top.cReBar1->BandCount(), 0);
     }
-    Top top;
-    top.set(u"Toolbar1LargeIcons"_s, u"False"_s);
-    top.set(u"Toolbar1TextAlignRight"_s, u"False"_s);
-    top.set(u"Toolbar2ShowText"_s, u"nonsense"_s);
-    top.toolbars.BuildToolbars();
-    QCOMPARE(top.Toolbar1->ImageFile(), top.settings.ToolbarSmallBitmap);
-    QVERIFY(!top.Toolbar1->TextAlignRight());
-    // What does not convert is False, not the default.
-    QVERIFY(!top.Toolbar2->ButtonTextVisible(0));
-}
-
-void TestToolbarsAndBands::switchesActAtOnce()
-{
-    Top top;
-    top.show();
-    const int index = top.cReBar1->BandIndexForKey(u"Toolbar1"_s);
-    const int height = top.cReBar1->BarHeight();
-    const QString large = top.settings.ToolbarLargeBitmap;
-    // The paths of the start serve the whole run.
-    top.settings.ToolbarLargeBitmap = u"/elsewhere.bmp"_s;
-    top.toolbars.SetToolbarIconSize(*top.Toolbar1, index, false);
-    QCOMPARE(top.Toolbar1->height(), 24);
-    QCOMPARE(top.cReBar1->BarHeight(), height - 8);
-    top.toolbars.SetToolbarIconSize(*top.Toolbar1, index, true);
-    QCOMPARE(top.Toolbar1->ImageFile(), large);
-    QCOMPARE(top.cReBar1->BarHeight(), height);
-    top.toolbars.SetToolbarTextAlign(*top.Toolbar1, u"Toolbar1"_s, false);
-    QVERIFY(top.cReBar1->BarHeight() > height);
-    top.toolbars.SetToolbarText(*top.Toolbar1, u"Toolbar1"_s, false);
-    QCOMPARE(top.cReBar1->BarHeight(), height);
-    QCOMPARE(top.picHolder->height(), height);
-}
-
-void TestToolbarsAndBands::toolbarMenuShowsTheState()
-{
-    Top top;
-    controls::PopupMenu menu(&top.window);
-    const auto add = [&](const QString &key, int parent) {
-        return menu.AddItem(key, {}, 0, parent, -1, false, true, key);
-    };
-    const int large = add(u"mnuTBLargeIcons"_s, 0);
-    const int text = add(u"mnuTBShowText"_s, 0);
-    const int align = add(u"mnuTBTextAlign"_s, 0);
-    const int right = add(u"mnuTBTextAlignRight"_s, align);
-    const int bottom = add(u"mnuTBTextAlignBottom"_s, align);
-    top.show();
-
-    top.toolbars.PrepareToolbarMenu(menu, *top.Toolbar1, u"Toolbar1"_s);
-    QVERIFY(menu.Checked(large) && menu.Checked(text) && menu.Enabled(align));
-    QVERIFY(menu.RadioChecked(right) && !menu.RadioChecked(bottom));
-    // The place holder alone has no text that could be aligned.
-    top.toolbars.PrepareToolbarMenu(menu, *top.Toolbar2, u"Toolbar2"_s);
-    QVERIFY(!menu.Checked(large) && menu.Checked(text) && !menu.Enabled(align));
-    top.toolbars.SetToolbarText(*top.Toolbar1, u"Toolbar1"_s, false);
-    top.toolbars.SetToolbarTextAlign(*top.Toolbar1, u"Toolbar1"_s, false);
-    top.set(u"Toolbar1ShowText"_s, u"False"_s);
-    top.toolbars.PrepareToolbarMenu(menu, *top.Toolbar1, u"Toolbar1"_s);
-    QVERIFY(!menu.Checked(text) && !menu.Enabled(align) && menu.RadioChecked(bottom) && !menu.RadioChecked(right));
-}
-
-void TestToolbarsAndBands::bandsAreTheSameAtEachStart()
-{
-    Top top;
-    QFile old(top.folder.filePath(u"layout.xml"_s));
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write("<layout><band key=\"Tabbar\" row=\"0\"/></layout>");
-    old.close();
-    top.show();
-    QStringList keys;
-    for (int i = 0; i < top.cReBar1->BandCount(); ++i)
-        keys << top.cReBar1->BandKey(i);
-    QCOMPARE(keys.join(u','), u"MenuBar,Logo,Toolbar1,Toolbar2,Addressbar,Tabbar"_s);
-    QCOMPARE(top.picTest->size(), QSize(36, 16));
-    QCOMPARE(top.picHolder->height(), top.cReBar1->BarHeight());
-    // The contents of these two bands follow the width of their band.
-    for (const int width : {900, 700}) {
-        top.window.resize(width, 400);
-        QTRY_COMPARE(top.Picture1->width(), width - 10);
-        QCOMPARE(top.vbalDTabControl1->width(), width - 7);
-        QCOMPARE(top.cReBar1->width(), width);
-    }
-
-    top.bands.SaveBandLayout();
-    QVERIFY(old.open(QIODevice::ReadOnly));
-    QCOMPARE(QString::fromUtf8(old.readAll()), top.cReBar1->LayoutText());
-    top.bands.DestroyBands();
-    QCOMPARE(top.cReBar1->BandCount(), 0);
-}
-
-void TestToolbarsAndBands::chevronShowsTheHiddenButtons()
-{
-    Top top;
-    top.show(300);
-    QVERIFY(QTest::qWaitForWindowExposed(&top.window));
-    emit top.cReBar1->ChevronPushed(2, QRectF(15, 15, 210, 300));
-    const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    QVERIFY(menu);
-    QCOMPARE(menu->actions().last()->text(), u"News"_s);
-    QApplication::activePopupWidget()->close();
-    // Bands that have nothing to list, and one that does not exist.
-    for (const int index : {0, 3, 4, 99})
-        emit top.cReBar1->ChevronPushed(index, QRectF(15, 15, 210, 300));
-    QVERIFY(!QApplication::activePopupWidget());
-}
-
-void TestToolbarsAndBands::layoutFileFailsSilently()
-{
-    Top top;
-    top.show();
-    QVERIFY(QDir(top.folder.path()).mkpath(u"layout.xml/full"_s));
-    top.bands.SaveBandLayout();
-    QVERIFY(QFileInfo(top.folder.filePath(u"layout.xml"_s)).isDir());
-}
+};
 
 QTEST_MAIN(TestToolbarsAndBands)
 #include "tst_toolbarsandbands.moc"

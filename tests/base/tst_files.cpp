@@ -16,112 +16,106 @@ class tst_Files : public QObject
     Q_OBJECT
 
 private slots:
-    void reading();
-    void writingIsWholeAndPrivate();
-    void damagedFilesAreKept();
-    void shortcuts_data();
-    void shortcuts();
-    void shortcutFiles();
+    void reading()
+    {
+        QVERIFY(writeFileWhole(in(u"ten"_s), "0123456789"));
+        QCOMPARE(readFile(in(u"ten"_s), 10).value_or("none"), "0123456789");
+        QVERIFY(!readFile(in(u"ten"_s), 9));
+        QVERIFY(writeFileWhole(in(u"empty"_s), {}));
+        QCOMPARE(readFile(in(u"empty"_s)).value_or("none"), "");
+        QVERIFY(!readFile(in(u"absent"_s)));
+        QVERIFY(!readFile(m_folder.path()));
+        // Neither of these ever ends.
+        QVERIFY(!readFile(u"/dev/zero"_s));
+        QCOMPARE(mkfifo(QFile::encodeName(in(u"pipe"_s)).constData(), 0600), 0);
+        QVERIFY(!readFile(in(u"pipe"_s)));
+    }
+
+    void writingIsWholeAndPrivate()
+    {
+        const QString path = in(u"file"_s);
+        QVERIFY(writeFileWhole(path, "old"));
+        QFile::setPermissions(path, QFile::permissions(path) | QFileDevice::ReadGroup | QFileDevice::ReadOther);
+        QVERIFY(writeFileWhole(path, "new"));
+        QCOMPARE(readFile(path).value_or("none"), "new");
+        constexpr auto kOthers = QFileDevice::Permissions(0x0077);
+        QVERIFY(!(QFile::permissions(path) & kOthers));
+
+        for (const int size : {10000, 100000}) {
+            const FullDisk full(1000);
+            QVERIFY(!writeFileWhole(path, QByteArray(size, 'x')));
+            QCOMPARE(readFile(path).value_or("none"), "new");
+        }
+        QVERIFY(!writeFileWhole(in(u"no/such/folder"_s), "x"));
+        QVERIFY(!writeFileWhole(m_folder.path(), "x"));
+        QCOMPARE(QDir(m_folder.path()).entryList({u"file*"_s}, QDir::Files), QStringList{u"file"_s});
+    }
+
+    void damagedFilesAreKept()
+    {
+        const QString path = in(u"list"_s);
+        QVERIFY(!keepAside(path));
+        for (const char *content : {"first", "second"}) {
+            QVERIFY(writeFileWhole(path, content));
+            const auto kept = keepAside(path);
+            QVERIFY(kept);
+            QVERIFY(!QFileInfo::exists(path));
+            QCOMPARE(readFile(*kept).value_or("none"), content);
+        }
+        QCOMPARE(readFile(in(u"list.damaged"_s)).value_or("none"), "first");
+    }
+
+    void shortcuts_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("address");
+
+        const QString address = u"http://a.example/B?url=c"_s;
+        QTest::newRow("as desktops write it")
+            << QByteArray("[InternetShortcut]\r\nURL=http://a.example/B?url=c\r\n") << address;
+        QTest::newRow("LF, no last line end, another case")
+            << QByteArray("[INTERNETSHORTCUT]\nIconIndex=1\nurl=http://a.example/B?url=c") << address;
+        QTest::newRow("control characters around a line")
+            << QByteArray("\x01 [InternetShortcut] \x02\n\t URL=http://a.example/B?url=c \t\n") << address;
+        QTest::newRow("both in one line") << QByteArray("netshortcut url=x") << u"x"_s;
+        QTest::newRow("name that ends in url") << QByteArray("[InternetShortcut]\nBASEURL=x\nURL=y") << u"x"_s;
+        QTest::newRow("before the section") << QByteArray("URL=x\n[InternetShortcut]\nURL=y") << u"y"_s;
+        QTest::newRow("empty address ends the reading") << QByteArray("[InternetShortcut]\nURL=\nURL=y") << QString();
+        QTest::newRow("no section") << QByteArray("[Shortcut]\nURL=x") << QString();
+        QTest::newRow("no address") << QByteArray("[InternetShortcut]\nURL\n") << QString();
+        QTest::newRow("empty") << QByteArray() << QString();
+        QTest::newRow("UTF-8") << QByteArray("[InternetShortcut]\nURL=http://\xC3\xA4.example/")
+                               << u"http://ä.example/"_s;
+        // The lower case of this letter is longer than the letter.
+        QTest::newRow("letter that grows") << QByteArray("[InternetShortcut]\n\xC4\xB0\xC4\xB0URL=x") << u"x"_s;
+    }
+
+    void shortcuts()
+    {
+        QFETCH(QByteArray, content);
+        QTEST(shortcutURLOf(content), "address");
+    }
+
+    void shortcutFiles()
+    {
+        const QByteArray head = "[InternetShortcut]\nURL=";
+        for (const QString &name : {u"lower.url"_s, u"UPPER.URL"_s, u"mixed [1*].Url"_s})
+            QVERIFY(writeFileWhole(in(name), head + name.toUtf8()));
+        QCOMPARE(ReadShortcutURL(in(u"lower"_s)), u"lower.url"_s);
+        QCOMPARE(ReadShortcutURL(in(u"UPPER"_s)), u"UPPER.URL"_s);
+        QCOMPARE(ReadShortcutURL(in(u"mixed [1*]"_s)), u"mixed [1*].Url"_s);
+        QCOMPARE(ReadShortcutURL(in(u"absent"_s)), QString());
+        QCOMPARE(ReadShortcutURL(QString()), QString());
+        QVERIFY(QDir().mkpath(in(u"folder.url"_s)));
+        QCOMPARE(ReadShortcutURL(in(u"folder"_s)), QString());
+        QVERIFY(writeFileWhole(in(u"huge.url"_s), head + QByteArray(2 * 1024 * 1024, 'x')));
+        QCOMPARE(ReadShortcutURL(in(u"huge"_s)), QString());
+    }
 
 private:
     QString in(const QString &name) const { return m_folder.filePath(name); }
     QTemporaryDir m_folder;
 };
-
-void tst_Files::reading()
-{
-    QVERIFY(writeFileWhole(in(u"ten"_s), "0123456789"));
-    QCOMPARE(readFile(in(u"ten"_s), 10).value_or("none"), "0123456789");
-    QVERIFY(!readFile(in(u"ten"_s), 9));
-    QVERIFY(writeFileWhole(in(u"empty"_s), {}));
-    QCOMPARE(readFile(in(u"empty"_s)).value_or("none"), "");
-    QVERIFY(!readFile(in(u"absent"_s)));
-    QVERIFY(!readFile(m_folder.path()));
-    // Neither of these ever ends.
-    QVERIFY(!readFile(u"/dev/zero"_s));
-    QCOMPARE(mkfifo(QFile::encodeName(in(u"pipe"_s)).constData(), 0600), 0);
-    QVERIFY(!readFile(in(u"pipe"_s)));
-}
-
-void tst_Files::writingIsWholeAndPrivate()
-{
-    const QString path = in(u"file"_s);
-    QVERIFY(writeFileWhole(path, "old"));
-    QFile::setPermissions(path, QFile::permissions(path) | QFileDevice::ReadGroup | QFileDevice::ReadOther);
-    QVERIFY(writeFileWhole(path, "new"));
-    QCOMPARE(readFile(path).value_or("none"), "new");
-    constexpr auto kOthers = QFileDevice::Permissions(0x0077);
-    QVERIFY(!(QFile::permissions(path) & kOthers));
-
-    for (const int size : {10000, 100000}) {
-        const FullDisk full(1000);
-        QVERIFY(!writeFileWhole(path, QByteArray(size, 'x')));
-        QCOMPARE(readFile(path).value_or("none"), "new");
-    }
-    QVERIFY(!writeFileWhole(in(u"no/such/folder"_s), "x"));
-    QVERIFY(!writeFileWhole(m_folder.path(), "x"));
-    QCOMPARE(QDir(m_folder.path()).entryList({u"file*"_s}, QDir::Files), QStringList{u"file"_s});
-}
-
-void tst_Files::damagedFilesAreKept()
-{
-    const QString path = in(u"list"_s);
-    QVERIFY(!keepAside(path));
-    for (const char *content : {"first", "second"}) {
-        QVERIFY(writeFileWhole(path, content));
-        const auto kept = keepAside(path);
-        QVERIFY(kept);
-        QVERIFY(!QFileInfo::exists(path));
-        QCOMPARE(readFile(*kept).value_or("none"), content);
-    }
-    QCOMPARE(readFile(in(u"list.damaged"_s)).value_or("none"), "first");
-}
-
-void tst_Files::shortcuts_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("address");
-
-    const QString address = u"http://a.example/B?url=c"_s;
-    QTest::newRow("as desktops write it")
-        << QByteArray("[InternetShortcut]\r\nURL=http://a.example/B?url=c\r\n") << address;
-    QTest::newRow("LF, no last line end, another case")
-        << QByteArray("[INTERNETSHORTCUT]\nIconIndex=1\nurl=http://a.example/B?url=c") << address;
-    QTest::newRow("control characters around a line")
-        << QByteArray("\x01 [InternetShortcut] \x02\n\t URL=http://a.example/B?url=c \t\n") << address;
-    QTest::newRow("both in one line") << QByteArray("netshortcut url=x") << u"x"_s;
-    QTest::newRow("name that ends in url") << QByteArray("[InternetShortcut]\nBASEURL=x\nURL=y") << u"x"_s;
-    QTest::newRow("before the section") << QByteArray("URL=x\n[InternetShortcut]\nURL=y") << u"y"_s;
-    QTest::newRow("empty address ends the reading") << QByteArray("[InternetShortcut]\nURL=\nURL=y") << QString();
-    QTest::newRow("no section") << QByteArray("[Shortcut]\nURL=x") << QString();
-    QTest::newRow("no address") << QByteArray("[InternetShortcut]\nURL\n") << QString();
-    QTest::newRow("empty") << QByteArray() << QString();
-    QTest::newRow("UTF-8") << QByteArray("[InternetShortcut]\nURL=http://\xC3\xA4.example/") << u"http://ä.example/"_s;
-    // The lower case of this letter is longer than the letter.
-    QTest::newRow("letter that grows") << QByteArray("[InternetShortcut]\n\xC4\xB0\xC4\xB0URL=x") << u"x"_s;
-}
-
-void tst_Files::shortcuts()
-{
-    QFETCH(QByteArray, content);
-    QTEST(shortcutURLOf(content), "address");
-}
-
-void tst_Files::shortcutFiles()
-{
-    const QByteArray head = "[InternetShortcut]\nURL=";
-    for (const QString &name : {u"lower.url"_s, u"UPPER.URL"_s, u"mixed [1*].Url"_s})
-        QVERIFY(writeFileWhole(in(name), head + name.toUtf8()));
-    QCOMPARE(ReadShortcutURL(in(u"lower"_s)), u"lower.url"_s);
-    QCOMPARE(ReadShortcutURL(in(u"UPPER"_s)), u"UPPER.URL"_s);
-    QCOMPARE(ReadShortcutURL(in(u"mixed [1*]"_s)), u"mixed [1*].Url"_s);
-    QCOMPARE(ReadShortcutURL(in(u"absent"_s)), QString());
-    QCOMPARE(ReadShortcutURL(QString()), QString());
-    QVERIFY(QDir().mkpath(in(u"folder.url"_s)));
-    QCOMPARE(ReadShortcutURL(in(u"folder"_s)), QString());
-    QVERIFY(writeFileWhole(in(u"huge.url"_s), head + QByteArray(2 * 1024 * 1024, 'x')));
-    QCOMPARE(ReadShortcutURL(in(u"huge"_s)), QString());
-}
 
 QTEST_GUILESS_MAIN(tst_Files)
 #include "tst_files.moc"

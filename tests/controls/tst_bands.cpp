@@ -25,17 +25,12 @@ public:
     explicit Content(QSize hint)
         : m_hint(hint)
     {}
-    QSize sizeHint() const override
-    {
-        ++asked;
-        return m_hint;
-    }
+    QSize sizeHint() const override { return m_hint; }
     void setHint(QSize hint)
     {
         m_hint = hint;
         updateGeometry();
     }
-    mutable int asked = 0;
 
 private:
     QSize m_hint;
@@ -57,314 +52,263 @@ class TestBands : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void widthsInARow_data();
-    void widthsInARow();
-    void rowsAndHiddenBands();
-    void draggingMovesBands();
-    void containerLaysOutAndReports();
-    void chevronComesWithNarrowness();
-    void dragWithTheMouse();
-    void layoutTextIsXml();
-    void removalGivesTheChildrenBack();
-    void backgroundThatIsNoPicture();
-};
-
-void TestBands::init()
-{
-    // All but what the offscreen platform says about itself.
-    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
-}
-
-void TestBands::widthsInARow_data()
-{
-    QTest::addColumn<int>("width");
-    QTest::addColumn<QList<int>>("expected");
-    // Three bands that want 200 (least 50), 150 (least 40) and a fixed 36.
-    QTest::newRow("room to spare goes to the last movable one") << 500 << QList<int>{200, 264, 36};
-    QTest::newRow("exactly enough") << 386 << QList<int>{200, 150, 36};
-    QTest::newRow("the right one shrinks first") << 300 << QList<int>{200, 64, 36};
-    QTest::newRow("then the left one") << 200 << QList<int>{124, 40, 36};
-    QTest::newRow("never below the least width") << 60 << QList<int>{50, 40, 36};
-}
-
-void TestBands::widthsInARow()
-{
-    QFETCH(int, width);
-    QFETCH(QList<int>, expected);
-    BandRows rows;
-    for (int i = 0; i < 3; ++i)
-        rows.append(i, false);
-    std::vector<BandNeed> needs{need(200, 50, 20), need(150, 40, 30), need(36, 36, 16, true)};
-    QCOMPARE(rows.layOut(needs, width), 30);
-    int x = 0;
-    for (int i = 0; i < 3; ++i) {
-        QCOMPARE(needs[static_cast<size_t>(i)].rect, QRect(x, 0, expected[i], 30));
-        x += expected[i];
+    void init()
+    {
+        // All but what the offscreen platform says about itself.
+        QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
     }
-}
 
-void TestBands::rowsAndHiddenBands()
-{
-    BandRows rows;
-    rows.append(0, false);
-    rows.append(1, true);
-    rows.append(2, true);
-    std::vector<BandNeed> needs{need(10, 10, 20), need(10, 10, 24), need(10, 10, 30)};
-    QCOMPARE(rows.layOut(needs, 100), 20 + 24 + 30 + 2 * BandRows::kLine);
-    QCOMPARE(needs[2].rect.top(), 20 + 24 + 2 * BandRows::kLine);
-    QCOMPARE(rows.lines(), std::vector<int>({20, 20 + BandRows::kLine + 24}));
-    // A row without a visible band takes no room, not even a line.
-    needs[1].visible = false;
-    QCOMPARE(rows.layOut(needs, 100), 20 + 30 + BandRows::kLine);
-    needs[0].visible = needs[2].visible = false;
-    QCOMPARE(rows.layOut(needs, 100), 0);
-    QVERIFY(!rows.drag(1, {5, 5}, 0));
-}
+    void widthsInARow_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<QList<int>>("expected");
+        // Three bands that want 200 (least 50), 150 (least 40) and a fixed 36.
+        QTest::newRow("room to spare goes to the last movable one") << 500 << QList<int>{200, 264, 36};
+        QTest::newRow("the right one shrinks first") << 300 << QList<int>{200, 64, 36};
+        QTest::newRow("then the left one") << 200 << QList<int>{124, 40, 36};
+        QTest::newRow("never below the least width") << 60 << QList<int>{50, 40, 36};
+    }
 
-void TestBands::draggingMovesBands()
-{
-    BandRows rows;
-    rows.append(0, true);
-    rows.append(1, true);
-    rows.append(2, false);
-    rows.append(3, false);
-    std::vector<BandNeed> needs{need(100, 30, 20), need(100, 30, 20), need(100, 30, 20), need(36, 36, 16, true)};
-    const auto layOut = [&] { rows.layOut(needs, 400); };
-    const int second = 20 + BandRows::kLine + 5;
-    layOut();
-
-    // Within the row: the border to the left neighbour follows the mouse, down to the least widths.
-    QVERIFY(rows.drag(2, {152, second}, 150));
-    layOut();
-    QCOMPARE(needs[1].rect.width(), 150);
-    QVERIFY(rows.drag(2, {12, second}, 10));
-    layOut();
-    QCOMPARE(needs[1].rect.width(), 30);
-    QVERIFY(!rows.drag(2, {11, second}, 9));
-    // Past the neighbour's grip they change places; a band of fixed size stays at the end.
-    QVERIFY(rows.drag(2, {3, second}, 1));
-    QCOMPARE(rows.rows()[1], std::vector<int>({2, 1, 3}));
-    layOut();
-    QVERIFY(rows.drag(2, {390, second}, 388));
-    layOut();
-    QCOMPARE(rows.rows()[1], std::vector<int>({1, 2, 3}));
-    rows.drag(2, {390, second}, 388);
-    QCOMPARE(rows.rows()[1], std::vector<int>({1, 2, 3}));
-
-    // Into another row, before the fixed one; the row that is left empty goes.
-    layOut();
-    QVERIFY(rows.drag(0, {399, second}, 397));
-    QCOMPARE(rows.rows(), (std::vector<std::vector<int>>{{1, 2, 0, 3}}));
-    layOut();
-    QVERIFY(rows.moveToNewRow(1, false));
-    layOut();
-    QVERIFY(rows.moveToNewRow(0, true));
-    QCOMPARE(rows.rows(), (std::vector<std::vector<int>>{{0}, {2, 3}, {1}}));
-    layOut();
-    QVERIFY(!rows.moveToNewRow(0, true));
-    QVERIFY(!rows.moveToNewRow(1, false));
-}
-
-void TestBands::containerLaysOutAndReports()
-{
-    QWidget window;
-    window.resize(400, 300);
-    BandContainer bar(&window);
-    bar.resize(400, 10);
-    auto *menu = new Content({120, 20});
-    auto *tools = new Content({200, 30});
-    QSignalSpy heights(&bar, &BandContainer::HeightChanged);
-    QList<int> resized;
-    connect(&bar, &BandContainer::BandChildResize, this, [&](int index, const QRect &band, const QRect &child) {
-        QVERIFY(band.contains(child));
-        QCOMPARE(bar.BandKey(index), index == 0 ? u"Menu"_s : u"Tools"_s);
-        resized << index;
-    });
-    bar.AddBand(menu, {}, true, false, u"Menu"_s);
-    bar.AddBand(tools, {}, true, false, u"Tools"_s);
-    bar.setBandMinHeight(0, 24);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    bar.RecalculateLayout();
-    const int full = bar.BarHeight();
-    QCOMPARE(bar.height(), full);
-    QCOMPARE(menu->height(), 24);
-    QCOMPARE(tools->height(), 30);
-    QCOMPARE(heights.last().first().toInt(), full);
-    QVERIFY(resized.contains(0) && resized.contains(1));
-
-    // Nothing has changed: nobody is asked, nothing is told.
-    resized.clear();
-    menu->asked = 0;
-    for (int i = 0; i < 3; ++i)
-        bar.RecalculateLayout();
-    QCOMPARE(menu->asked, 0);
-    QVERIFY(resized.isEmpty());
-
-    bar.setBandVisible(1, false);
-    QVERIFY(!tools->isVisible());
-    QVERIFY(bar.BarHeight() < full - 30);
-    bar.setBandVisible(1, true);
-    QVERIFY(tools->isVisible());
-    QCOMPARE(bar.BarHeight(), full);
-
-    // A child that wants another height gets it; a size that was said before is older news.
-    bar.SetBandChildSize(1, 200, 50);
-    bar.RecalculateLayout();
-    QCOMPARE(tools->height(), 50);
-    tools->setHint({200, 40});
-    QTRY_COMPARE(tools->height(), 40);
-
-    QCOMPARE(bar.BandIndexForKey(u"Tools"_s), 1);
-    QCOMPARE(bar.BandIndexForKey(u"tools"_s), -1);
-    QVERIFY_THROWS_EXCEPTION(ControlError, bar.setBandVisible(2, true));
-    QVERIFY_THROWS_EXCEPTION(ControlError, bar.BandKey(-1));
-}
-
-void TestBands::chevronComesWithNarrowness()
-{
-    QWidget window;
-    BandContainer bar(&window);
-    bar.resize(400, 10);
-    auto *tools = new Content({200, 30});
-    auto *field = new Content({300, 30});
-    field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    bar.AddBand(tools, {}, true, false, u"Tools"_s);
-    bar.AddBand(field, {}, true, false, u"Field"_s);
-    window.resize(400, 200);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    const auto chevrons = [&] {
-        QList<QAbstractButton *> shown;
-        for (QAbstractButton *each : bar.findChildren<QAbstractButton *>()) {
-            if (each->isVisible())
-                shown << each;
+    void widthsInARow()
+    {
+        QFETCH(int, width);
+        QFETCH(QList<int>, expected);
+        BandRows rows;
+        for (int i = 0; i < 3; ++i)
+            rows.append(i, false);
+        std::vector<BandNeed> needs{need(200, 50, 20), need(150, 40, 30), need(36, 36, 16, true)};
+        QCOMPARE(rows.layOut(needs, width), 30);
+        int x = 0;
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(needs[static_cast<size_t>(i)].rect, QRect(x, 0, expected[i], 30));
+            x += expected[i];
         }
-        return shown;
-    };
-    QVERIFY(chevrons().isEmpty());
-    bar.resize(150, bar.height());
-    // Only the toolbar: the field adapts itself.
-    QCOMPARE(chevrons().size(), 1);
-    QAbstractButton *chevron = chevrons().first();
-    QVERIFY(!chevron->accessibleName().isEmpty());
-    QCOMPARE(tools->geometry().right() + 1, chevron->x());
-
-    QRectF pressed;
-    int band = -1;
-    connect(&bar, &BandContainer::ChevronPushed, this, [&](int index, const QRectF &twips) {
-        band = index;
-        pressed = twips;
-    });
-    QTest::mouseClick(chevron, Qt::LeftButton);
-    QCOMPARE(band, 0);
-    QCOMPARE(pressed.topLeft(), QPointF(chevron->mapToGlobal(QPoint(0, 0))) * kTwipsPerPixel);
-    QCOMPARE(pressed.size(), QSizeF(chevron->size()) * kTwipsPerPixel);
-    bar.resize(400, bar.height());
-    QVERIFY(chevrons().isEmpty());
-}
-
-void TestBands::dragWithTheMouse()
-{
-    QWidget window;
-    BandContainer bar(&window);
-    bar.resize(400, 10);
-    auto *one = new Content({100, 20});
-    auto *two = new Content({100, 20});
-    bar.AddBand(one, {}, true, false, u"One"_s);
-    bar.AddBand(two, {}, true, false, u"Two"_s);
-    window.resize(400, 200);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    const int height = bar.BarHeight();
-    // By the grip, left of the child, into the first row.
-    const QPoint grip(two->x() - 4, two->geometry().center().y());
-    QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
-    QTest::mouseMove(&bar, {300, one->geometry().center().y()});
-    QTest::mouseMove(&bar, {250, one->geometry().center().y()});
-    QTest::mouseRelease(&bar, Qt::LeftButton);
-    QVERIFY(bar.BarHeight() < height);
-    QCOMPARE(two->y(), one->y());
-    QVERIFY(qAbs(two->x() - 250) < 8);
-    // Let go is let go.
-    QTest::mouseMove(&bar, {100, 5});
-    QVERIFY(two->x() > 200);
-    QTest::mousePress(&bar, Qt::LeftButton, {}, QPoint(two->x() - 4, 5));
-    QTest::mouseMove(&bar, {100, 100});
-    QTest::mouseRelease(&bar, Qt::LeftButton);
-    QCOMPARE(bar.BarHeight(), height);
-    QVERIFY(two->y() > one->y());
-}
-
-void TestBands::layoutTextIsXml()
-{
-    BandContainer bar;
-    bar.resize(300, 10);
-    bar.AddBand(new Content({100, 20}), {}, true, false, u"Menu & <bar>"_s);
-    bar.AddBand(new Content({36, 16}), {}, false, true, u"Logo"_s);
-    bar.AddBand(new Content({100, 20}), {}, true, false, u"Tools"_s);
-    bar.setBandVisible(2, false);
-    bar.RecalculateLayout();
-    QXmlStreamReader xml(bar.LayoutText());
-    QStringList bands;
-    while (!xml.atEnd()) {
-        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"band")
-            bands << u"%1,%2,%3"_s.arg(xml.attributes().value(u"key"_s), xml.attributes().value(u"row"_s),
-                                       xml.attributes().value(u"visible"_s));
     }
-    QVERIFY(!xml.hasError());
-    QCOMPARE(bands, QStringList({u"Menu & <bar>,0,1"_s, u"Logo,0,1"_s, u"Tools,1,0"_s}));
-}
 
-void TestBands::removalGivesTheChildrenBack()
-{
-    QWidget window;
-    BandContainer bar(&window);
-    auto *own = new QWidget(&window);
-    QPointer<QWidget> gone = new Content({10, 10});
-    bar.AddBand(own, {}, true, false, u"Own"_s);
-    bar.AddBand(gone, {}, true, false, u"Gone"_s);
-    // A child that ends before its band costs nothing.
-    delete gone;
-    bar.resize(200, 10);
-    bar.RecalculateLayout();
-    bar.RemoveAllBands();
-    QCOMPARE(bar.BandCount(), 0);
-    QCOMPARE(bar.BarHeight(), 0);
-    QCOMPARE(own->parentWidget(), &window);
-    QVERIFY(own->isHidden());
-    bar.DestroyBar();
-    QVERIFY(bar.isHidden());
-}
+    void rowsAndHiddenBands()
+    {
+        BandRows rows;
+        rows.append(0, false);
+        rows.append(1, true);
+        rows.append(2, true);
+        std::vector<BandNeed> needs{need(10, 10, 20), need(10, 10, 24), need(10, 10, 30)};
+        QCOMPARE(rows.layOut(needs, 100), 20 + 24 + 30 + 2 * BandRows::kLine);
+        QCOMPARE(needs[2].rect.top(), 20 + 24 + 2 * BandRows::kLine);
+        QCOMPARE(rows.lines(), std::vector<int>({20, 20 + BandRows::kLine + 24}));
+        // A row without a visible band takes no room, not even a line.
+        needs[1].visible = false;
+        QCOMPARE(rows.layOut(needs, 100), 20 + 30 + BandRows::kLine);
+        needs[0].visible = needs[2].visible = false;
+        QCOMPARE(rows.layOut(needs, 100), 0);
+        QVERIFY(!rows.drag(1, {5, 5}, 0));
+    }
 
-void TestBands::backgroundThatIsNoPicture()
-{
-    QTemporaryDir folder;
-    const QString garbage = folder.filePath(u"garbage.cvk"_s);
-    QFile file(garbage);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("BM no picture at all");
-    file.close();
-    const QString skin = folder.filePath(u"skin.cvk"_s);
-    QImage tile(4, 4, QImage::Format_RGB32);
-    tile.fill(Qt::red);
-    QVERIFY(tile.save(skin, "BMP"));
+    void draggingMovesBands()
+    {
+        BandRows rows;
+        rows.append(0, true);
+        rows.append(1, true);
+        rows.append(2, false);
+        rows.append(3, false);
+        std::vector<BandNeed> needs{need(100, 30, 20), need(100, 30, 20), need(100, 30, 20), need(36, 36, 16, true)};
+        const auto layOut = [&] { rows.layOut(needs, 400); };
+        const int second = 20 + BandRows::kLine + 5;
+        layOut();
 
-    BandContainer bar;
-    bar.resize(60, 30);
-    bar.setPalette(QPalette(Qt::white));
-    const QColor plain = bar.grab().toImage().pixelColor(50, 20);
-    for (const QString &bad : {garbage, folder.filePath(u"none.cvk"_s)}) {
-        bar.setBackgroundBitmap(bad);
+        // Within the row: the border to the left neighbour follows the mouse, down to the least widths.
+        QVERIFY(rows.drag(2, {152, second}, 150));
+        layOut();
+        QCOMPARE(needs[1].rect.width(), 150);
+        QVERIFY(rows.drag(2, {12, second}, 10));
+        layOut();
+        QCOMPARE(needs[1].rect.width(), 30);
+        QVERIFY(!rows.drag(2, {11, second}, 9));
+        // Past the neighbour's grip they change places; a band of fixed size stays at the end.
+        QVERIFY(rows.drag(2, {3, second}, 1));
+        QCOMPARE(rows.rows()[1], std::vector<int>({2, 1, 3}));
+        layOut();
+        QVERIFY(rows.drag(2, {390, second}, 388));
+        layOut();
+        QCOMPARE(rows.rows()[1], std::vector<int>({1, 2, 3}));
+        rows.drag(2, {390, second}, 388);
+        QCOMPARE(rows.rows()[1], std::vector<int>({1, 2, 3}));
+
+        // Into another row, before the fixed one; the row that is left empty goes.
+        layOut();
+        QVERIFY(rows.drag(0, {399, second}, 397));
+        QCOMPARE(rows.rows(), (std::vector<std::vector<int>>{{1, 2, 0, 3}}));
+        layOut();
+        QVERIFY(rows.moveToNewRow(1, false));
+        layOut();
+        QVERIFY(rows.moveToNewRow(0, true));
+        QCOMPARE(rows.rows(), (std::vector<std::vector<int>>{{0}, {2, 3}, {1}}));
+        layOut();
+        QVERIFY(!rows.moveToNewRow(0, true));
+        QVERIFY(!rows.moveToNewRow(1, false));
+    }
+
+    void containerLaysOutAndReports()
+    {
+        QWidget window;
+        window.resize(400, 300);
+        BandContainer bar(&window);
+        bar.resize(400, 10);
+        auto *menu = new Content({120, 20});
+        auto *tools = new Content({200, 30});
+        QSignalSpy heights(&bar, &BandContainer::HeightChanged);
+        QList<int> resized;
+        connect(&bar, &BandContainer::BandChildResize, this, [&](int index, const QRect &band, const QRect &child) {
+            QVERIFY(band.contains(child));
+            QCOMPARE(bar.BandKey(index), index == 0 ? u"Menu"_s : u"Tools"_s);
+            resized << index;
+        });
+        bar.AddBand(menu, {}, true, false, u"Menu"_s);
+        bar.AddBand(tools, {}, true, false, u"Tools"_s);
+        bar.setBandMinHeight(0, 24);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        bar.RecalculateLayout();
+        const int full = bar.BarHeight();
+        QCOMPARE(bar.height(), full);
+        QCOMPARE(menu->height(), 24);
+        QCOMPARE(tools->height(), 30);
+        QCOMPARE(heights.last().first().toInt(), full);
+        QVERIFY(resized.contains(0) && resized.contains(1));
+
+        bar.setBandVisible(1, false);
+        QVERIFY(!tools->isVisible());
+        QVERIFY(bar.BarHeight() < full - 30);
+        bar.setBandVisible(1, true);
+        QVERIFY(tools->isVisible());
+        QCOMPARE(bar.BarHeight(), full);
+
+        // A child that wants another height gets it; a size that was said before is older news.
+        bar.SetBandChildSize(1, 200, 50);
+        bar.RecalculateLayout();
+        QCOMPARE(tools->height(), 50);
+        tools->setHint({200, 40});
+        QTRY_COMPARE(tools->height(), 40);
+
+        QCOMPARE(bar.BandIndexForKey(u"Tools"_s), 1);
+        QCOMPARE(bar.BandIndexForKey(u"tools"_s), -1);
+        QVERIFY_THROWS_EXCEPTION(ControlError, bar.setBandVisible(2, true));
+        QVERIFY_THROWS_EXCEPTION(ControlError, bar.BandKey(-1));
+    }
+
+    void chevronComesWithNarrowness()
+    {
+        QWidget window;
+        BandContainer bar(&window);
+        bar.resize(400, 10);
+        auto *tools = new Content({200, 30});
+        auto *field = new Content({300, 30});
+        field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        bar.AddBand(tools, {}, true, false, u"Tools"_s);
+        bar.AddBand(field, {}, true, false, u"Field"_s);
+        window.resize(400, 200);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const auto chevrons = [&] {
+            QList<QAbstractButton *> shown;
+            for (QAbstractButton *each : bar.findChildren<QAbstractButton *>()) {
+                if (each->isVisible())
+                    shown << each;
+            }
+            return shown;
+        };
+        QVERIFY(chevrons().isEmpty());
+        bar.resize(150, bar.height());
+        // Only the toolbar: the field adapts itself.
+        QCOMPARE(chevrons().size(), 1);
+        QAbstractButton *chevron = chevrons().first();
+        QVERIFY(!chevron->accessibleName().isEmpty());
+        QCOMPARE(tools->geometry().right() + 1, chevron->x());
+
+        QRectF pressed;
+        int band = -1;
+        connect(&bar, &BandContainer::ChevronPushed, this, [&](int index, const QRectF &twips) {
+            band = index;
+            pressed = twips;
+        });
+        QTest::mouseClick(chevron, Qt::LeftButton);
+        QCOMPARE(band, 0);
+        QCOMPARE(pressed.topLeft(), QPointF(chevron->mapToGlobal(QPoint(0, 0))) * kTwipsPerPixel);
+        QCOMPARE(pressed.size(), QSizeF(chevron->size()) * kTwipsPerPixel);
+        bar.resize(400, bar.height());
+        QVERIFY(chevrons().isEmpty());
+    }
+
+    void dragWithTheMouse()
+    {
+        QWidget window;
+        BandContainer bar(&window);
+        bar.resize(400, 10);
+        auto *one = new Content({100, 20});
+        auto *two = new Content({100, 20});
+        bar.AddBand(one, {}, true, false, u"One"_s);
+        bar.AddBand(two, {}, true, false, u"Two"_s);
+        window.resize(400, 200);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const int height = bar.BarHeight();
+        // By the grip, left of the child, into the first row.
+        const QPoint grip(two->x() - 4, two->geometry().center().y());
+        QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
+        QTest::mouseMove(&bar, {300, one->geometry().center().y()});
+        QTest::mouseMove(&bar, {250, one->geometry().center().y()});
+        QTest::mouseRelease(&bar, Qt::LeftButton);
+        QVERIFY(bar.BarHeight() < height);
+        QCOMPARE(two->y(), one->y());
+        QVERIFY(qAbs(two->x() - 250) < 8);
+        QTest::mousePress(&bar, Qt::LeftButton, {}, QPoint(two->x() - 4, 5));
+        QTest::mouseMove(&bar, {100, 100});
+        QTest::mouseRelease(&bar, Qt::LeftButton);
+        QCOMPARE(bar.BarHeight(), height);
+        QVERIFY(two->y() > one->y());
+    }
+
+    void removalGivesTheChildrenBack()
+    {
+        QWidget window;
+        BandContainer bar(&window);
+        auto *own = new QWidget(&window);
+        QPointer<QWidget> gone = new Content({10, 10});
+        bar.AddBand(own, {}, true, false, u"Own"_s);
+        bar.AddBand(gone, {}, true, false, u"Gone"_s);
+        // A child that ends before its band costs nothing.
+        delete gone;
+        bar.resize(200, 10);
+        bar.RecalculateLayout();
+        bar.RemoveAllBands();
+        QCOMPARE(bar.BandCount(), 0);
+        QCOMPARE(bar.BarHeight(), 0);
+        QCOMPARE(own->parentWidget(), &window);
+        QVERIFY(own->isHidden());
+        bar.DestroyBar();
+        QVERIFY(bar.isHidden());
+    }
+
+    void backgroundThatIsNoPicture()
+    {
+        QTemporaryDir folder;
+        const QString skin = folder.filePath(u"skin.cvk"_s);
+        QImage tile(4, 4, QImage::Format_RGB32);
+        tile.fill(Qt::red);
+        QVERIFY(tile.save(skin, "BMP"));
+
+        BandContainer bar;
+        bar.resize(60, 30);
+        bar.setPalette(QPalette(Qt::white));
+        const QColor plain = bar.grab().toImage().pixelColor(50, 20);
+        bar.setBackgroundBitmap(QString::fromLocal8Bit(__FILE__)); // no picture
+        QCOMPARE(bar.grab().toImage().pixelColor(50, 20), plain);
+        bar.setBackgroundBitmap(skin);
+        QCOMPARE(bar.BackgroundBitmap(), skin);
+        QCOMPARE(bar.grab().toImage().pixelColor(50, 20), QColor(Qt::red));
+        bar.ResetBar();
         QCOMPARE(bar.grab().toImage().pixelColor(50, 20), plain);
     }
-    bar.setBackgroundBitmap(skin);
-    QCOMPARE(bar.BackgroundBitmap(), skin);
-    QCOMPARE(bar.grab().toImage().pixelColor(50, 20), QColor(Qt::red));
-    bar.ResetBar();
-    QCOMPARE(bar.grab().toImage().pixelColor(50, 20), plain);
-}
+};
 
 QTEST_MAIN(TestBands)
 #include "tst_bands.moc"

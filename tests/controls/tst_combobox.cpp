@@ -17,17 +17,200 @@ class TestComboBox : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
-    void changesOfTheListLeaveTheEditField_data();
-    void changesOfTheListLeaveTheEditField();
-    void pickByMouseAndKeyboard_data();
-    void pickByMouseAndKeyboard();
-    void typingIsNeverAPick();
-    void keysComeBeforeTheField();
-    void focusStaysWhileTheListIsOpen();
-    void completionIsTyping();
-    void positionsOutsideTheListAreErrors();
+    void init()
+    {
+        // All but what the offscreen platform says about itself.
+        QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
+        m_window = std::make_unique<QWidget>();
+        auto *layout = new QVBoxLayout(m_window.get());
+        m_box = new ComboBox;
+        m_other = new QLineEdit;
+        layout->addWidget(m_box);
+        layout->addWidget(m_other);
+        const auto log = [this](const QString &what) { m_log << what + u' ' + m_box->Text(); };
+        connect(m_box, &ComboBox::gotFocus, this, [=] { log(u"got"_s); });
+        connect(m_box, &ComboBox::lostFocus, this, [=] { log(u"lost"_s); });
+        connect(m_box, &ComboBox::beginEdit, this, [=] { log(u"begin"_s); });
+        connect(m_box, &ComboBox::endEdit, this, [=] { log(u"end"_s); });
+        connect(m_box, &ComboBox::listItemPicked, this, [=] { log(u"picked"_s); });
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        m_box->setFocus();
+        m_log.clear();
+    }
+
+    void cleanup() { m_window.reset(); }
+
+    void changesOfTheListLeaveTheEditField_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("selectFrom");
+        QTest::addColumn<int>("selectLength");
+        QTest::newRow("typed text") << u"half an addr"_s << -1 << 0;
+        QTest::newRow("selection backwards") << u"http://a/"_s << 6 << -4;
+        QTest::newRow("text of an entry") << u"second"_s << -1 << 0;
+    }
+
+    void changesOfTheListLeaveTheEditField()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, selectFrom);
+        QFETCH(int, selectLength);
+        QLineEdit &edit = *m_box->lineEdit();
+        m_box->setText(text);
+        if (selectFrom >= 0)
+            edit.setSelection(selectFrom, selectLength);
+        const int caret = edit.cursorPosition();
+        const QString selected = edit.selectedText();
+        int changes = 0;
+        connect(m_box, &ComboBox::textChanged, this, [&] { ++changes; });
+
+        m_box->InsertItem(0, u"first"_s, 4);
+        m_box->InsertItem(0, u"second"_s, 4);
+        m_box->InsertItem(2, u"last"_s);
+        QCOMPARE(m_box->Text(), text);
+        QCOMPARE(m_box->List(0), u"second"_s);
+        QCOMPARE(m_box->List(2), u"last"_s);
+        QCOMPARE(m_box->ItemIcon(1), 4);
+        QCOMPARE(m_box->ItemIcon(2), -1);
+        m_box->Clear();
+        QCOMPARE(m_box->ListCount(), 0);
+
+        QCOMPARE(m_box->Text(), text);
+        QCOMPARE(edit.cursorPosition(), caret);
+        QCOMPARE(edit.selectedText(), selected);
+        QCOMPARE(changes, 0);
+        QCOMPARE(m_log, QStringList());
+    }
+
+    void pickByMouseAndKeyboard_data()
+    {
+        QTest::addColumn<bool>("mouse");
+        QTest::newRow("mouse") << true;
+        QTest::newRow("keyboard") << false;
+    }
+
+    void pickByMouseAndKeyboard()
+    {
+        QFETCH(bool, mouse);
+        for (const QString &entry : {u"third"_s, u"second"_s, u"first"_s})
+            m_box->InsertItem(0, entry);
+        const auto pick = [&](int row) {
+            QTest::keyClick(m_box, Qt::Key_Down);
+            QAbstractItemView *list = m_box->view();
+            QVERIFY(QTest::qWaitForWindowExposed(list));
+            const QModelIndex index = m_box->model()->index(row, 0);
+            if (mouse) {
+                // For one double click interval the list takes a release for the end of the click that opened it.
+                const QPoint middle = list->visualRect(index).center();
+                QTest::mouseMove(list->viewport(), middle);
+                QTRY_VERIFY((QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, middle), !list->isVisible()));
+            } else {
+                list->setCurrentIndex(index);
+                QTest::keyClick(list, Qt::Key_Return);
+            }
+            QTRY_VERIFY(!list->isVisible());
+        };
+
+        QTest::keyClicks(m_box, u"x"_s);
+        pick(1);
+        QCOMPARE(m_log, QStringList({u"begin x"_s, u"end second"_s, u"picked second"_s}));
+        // The same entry again is a pick again, and without an edit there is none to end.
+        m_box->setText(u"elsewhere"_s);
+        m_log.clear();
+        pick(1);
+        QCOMPARE(m_log, QStringList({u"picked second"_s}));
+        // New entries after a pick don't touch the field either.
+        m_box->InsertItem(0, u"new"_s);
+        m_box->Clear();
+        QCOMPARE(m_box->Text(), u"second"_s);
+    }
+
+    void typingIsNeverAPick()
+    {
+        m_box->InsertItem(0, u"entry"_s);
+        QTest::keyClicks(m_box, u"entry"_s);
+        QTest::keyClick(m_box, Qt::Key_Return);
+        QTest::keyClicks(m_box, u"x"_s);
+        QTest::keyClick(m_box, Qt::Key_Backspace);
+        m_other->setFocus();
+        QCOMPARE(m_log,
+                 QStringList({u"begin e"_s, u"end entry"_s, u"begin entryx"_s, u"end entry"_s, u"lost entry"_s}));
+
+        // A wheel over the box and page keys do not step through the entries.
+        m_log.clear();
+        m_box->setText(u"typed"_s);
+        QWheelEvent wheel({5, 5}, m_box->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(m_box, &wheel);
+        m_box->setFocus();
+        QTest::keyClick(m_box, Qt::Key_PageDown);
+        QCOMPARE(m_box->Text(), u"typed"_s);
+        QCOMPARE(m_log, QStringList({u"got typed"_s}));
+    }
+
+    void keysComeBeforeTheField()
+    {
+        QStringList keys;
+        int swallowed = -1;
+        connect(m_box, &ComboBox::key, this, [&](int &code, int shift) {
+            const bool modifier = code >= 16 && code <= 18;
+            if (!modifier)
+                keys << u"%1/%2 %3"_s.arg(code).arg(shift).arg(m_box->Text());
+            if (code == swallowed)
+                code = 0;
+        });
+        QTest::keyClick(m_box, Qt::Key_A, Qt::ShiftModifier);
+        QTest::keyClick(m_box, Qt::Key_Return, Qt::ControlModifier);
+        QTest::keyClick(m_box, Qt::Key_Enter, Qt::KeypadModifier);
+        QTest::keyClick(m_box, Qt::Key_Escape);
+        QTest::keyClick(m_box, Qt::Key_F4, Qt::ControlModifier | Qt::AltModifier);
+        QCOMPARE(keys, QStringList({u"65/1 "_s, u"13/2 a"_s, u"13/0 a"_s, u"27/0 a"_s, u"115/6 a"_s}));
+        swallowed = 8;
+        QTest::keyClick(m_box, Qt::Key_Backspace);
+        QCOMPARE(m_box->Text(), u"a"_s);
+
+        // A handler may end the box.
+        connect(m_box, &ComboBox::key, this, [this] { delete m_box; });
+        QTest::keyClick(m_box->lineEdit(), Qt::Key_Return);
+        QVERIFY(!m_window->findChild<ComboBox *>());
+    }
+
+    void focusStaysWhileTheListIsOpen()
+    {
+        m_box->InsertItem(0, u"entry"_s);
+        m_box->showPopup();
+        QVERIFY(QTest::qWaitForWindowExposed(m_box->view()));
+        QTest::keyClick(m_box->view(), Qt::Key_Escape);
+        QTRY_VERIFY(!m_box->view()->isVisible());
+        QCOMPARE(m_log, QStringList());
+        m_other->setFocus();
+        m_box->setFocus();
+        QCOMPARE(m_log, QStringList({u"lost "_s, u"got "_s}));
+    }
+
+    void completionIsTyping()
+    {
+        // The completed text is an entry as well: still no pick.
+        m_box->InsertItem(0, u"http://example.com/"_s);
+        QStringListModel model({u"http://example.com/"_s, u"http://example.net/"_s});
+        QCompleter completer(&model);
+        m_other->setFocus();
+        m_box->setCompleter(&completer);
+        m_box->setFocus();
+        m_log.clear();
+        QTest::keyClicks(m_box, u"http"_s);
+        QTRY_VERIFY(completer.popup()->isVisible());
+        // Nothing is chosen yet, so Enter would send what was typed.
+        QCOMPARE(m_box->Text(), u"http"_s);
+        QTest::keyClick(completer.popup(), Qt::Key_Down);
+        QTest::keyClick(completer.popup(), Qt::Key_Return);
+        QTRY_VERIFY(!completer.popup()->isVisible());
+        QCOMPARE(m_box->Text(), u"http://example.com/"_s);
+        QVERIFY(m_log.filter(u"picked"_s).isEmpty());
+        QVERIFY(m_log.filter(u"lost"_s).isEmpty());
+        m_box->setCompleter(nullptr);
+    }
 
 private:
     std::unique_ptr<QWidget> m_window;
@@ -36,215 +219,6 @@ private:
     /// What the box reported, in order, with its text at that moment.
     QStringList m_log;
 };
-
-void TestComboBox::init()
-{
-    // All but what the offscreen platform says about itself.
-    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
-    m_window = std::make_unique<QWidget>();
-    auto *layout = new QVBoxLayout(m_window.get());
-    m_box = new ComboBox;
-    m_other = new QLineEdit;
-    layout->addWidget(m_box);
-    layout->addWidget(m_other);
-    const auto log = [this](const QString &what) { m_log << what + u' ' + m_box->Text(); };
-    connect(m_box, &ComboBox::gotFocus, this, [=] { log(u"got"_s); });
-    connect(m_box, &ComboBox::lostFocus, this, [=] { log(u"lost"_s); });
-    connect(m_box, &ComboBox::beginEdit, this, [=] { log(u"begin"_s); });
-    connect(m_box, &ComboBox::endEdit, this, [=] { log(u"end"_s); });
-    connect(m_box, &ComboBox::listItemPicked, this, [=] { log(u"picked"_s); });
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    m_box->setFocus();
-    m_log.clear();
-}
-
-void TestComboBox::cleanup()
-{
-    m_window.reset();
-}
-
-void TestComboBox::changesOfTheListLeaveTheEditField_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("selectFrom");
-    QTest::addColumn<int>("selectLength");
-    QTest::newRow("empty field") << QString() << -1 << 0;
-    QTest::newRow("typed text") << u"half an addr"_s << -1 << 0;
-    QTest::newRow("selection forwards") << u"http://a/"_s << 2 << 4;
-    QTest::newRow("selection backwards") << u"http://a/"_s << 6 << -4;
-    QTest::newRow("text of an entry") << u"second"_s << -1 << 0;
-}
-
-void TestComboBox::changesOfTheListLeaveTheEditField()
-{
-    QFETCH(QString, text);
-    QFETCH(int, selectFrom);
-    QFETCH(int, selectLength);
-    QLineEdit &edit = *m_box->lineEdit();
-    m_box->setText(text);
-    if (selectFrom >= 0)
-        edit.setSelection(selectFrom, selectLength);
-    const int caret = edit.cursorPosition();
-    const QString selected = edit.selectedText();
-    int changes = 0;
-    connect(m_box, &ComboBox::textChanged, this, [&] { ++changes; });
-
-    m_box->InsertItem(0, u"first"_s, 4);
-    m_box->InsertItem(0, u"second"_s, 4);
-    m_box->InsertItem(2, u"last"_s);
-    QCOMPARE(m_box->Text(), text);
-    QCOMPARE(m_box->List(0), u"second"_s);
-    QCOMPARE(m_box->List(2), u"last"_s);
-    QCOMPARE(m_box->ItemIcon(1), 4);
-    QCOMPARE(m_box->ItemIcon(2), -1);
-    m_box->Clear();
-    QCOMPARE(m_box->ListCount(), 0);
-
-    QCOMPARE(m_box->Text(), text);
-    QCOMPARE(edit.cursorPosition(), caret);
-    QCOMPARE(edit.selectedText(), selected);
-    QCOMPARE(changes, 0);
-    QCOMPARE(m_log, QStringList());
-}
-
-void TestComboBox::pickByMouseAndKeyboard_data()
-{
-    QTest::addColumn<bool>("mouse");
-    QTest::newRow("mouse") << true;
-    QTest::newRow("keyboard") << false;
-}
-
-void TestComboBox::pickByMouseAndKeyboard()
-{
-    QFETCH(bool, mouse);
-    for (const QString &entry : {u"third"_s, u"second"_s, u"first"_s})
-        m_box->InsertItem(0, entry);
-    const auto pick = [&](int row) {
-        QTest::keyClick(m_box, Qt::Key_Down);
-        QAbstractItemView *list = m_box->view();
-        QVERIFY(QTest::qWaitForWindowExposed(list));
-        const QModelIndex index = m_box->model()->index(row, 0);
-        if (mouse) {
-            // For one double click interval the list takes a release for the end of the click that opened it.
-            const QPoint middle = list->visualRect(index).center();
-            QTest::mouseMove(list->viewport(), middle);
-            QTRY_VERIFY((QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, middle), !list->isVisible()));
-        } else {
-            list->setCurrentIndex(index);
-            QTest::keyClick(list, Qt::Key_Return);
-        }
-        QTRY_VERIFY(!list->isVisible());
-    };
-
-    QTest::keyClicks(m_box, u"x"_s);
-    pick(1);
-    QCOMPARE(m_log, QStringList({u"begin x"_s, u"end second"_s, u"picked second"_s}));
-    // The same entry again is a pick again, and without an edit there is none to end.
-    m_box->setText(u"elsewhere"_s);
-    m_log.clear();
-    pick(1);
-    QCOMPARE(m_log, QStringList({u"picked second"_s}));
-    // New entries after a pick don't touch the field either.
-    m_box->InsertItem(0, u"new"_s);
-    m_box->Clear();
-    QCOMPARE(m_box->Text(), u"second"_s);
-}
-
-void TestComboBox::typingIsNeverAPick()
-{
-    m_box->InsertItem(0, u"entry"_s);
-    QTest::keyClicks(m_box, u"entry"_s);
-    QTest::keyClick(m_box, Qt::Key_Return);
-    QTest::keyClicks(m_box, u"x"_s);
-    QTest::keyClick(m_box, Qt::Key_Backspace);
-    m_other->setFocus();
-    QCOMPARE(m_log, QStringList({u"begin e"_s, u"end entry"_s, u"begin entryx"_s, u"end entry"_s, u"lost entry"_s}));
-
-    // A wheel over the box and page keys do not step through the entries.
-    m_log.clear();
-    m_box->setText(u"typed"_s);
-    QWheelEvent wheel({5, 5}, m_box->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase,
-                      false);
-    QApplication::sendEvent(m_box, &wheel);
-    m_box->setFocus();
-    QTest::keyClick(m_box, Qt::Key_PageDown);
-    QCOMPARE(m_box->Text(), u"typed"_s);
-    QCOMPARE(m_log, QStringList({u"got typed"_s}));
-}
-
-void TestComboBox::keysComeBeforeTheField()
-{
-    QStringList keys;
-    int swallowed = -1;
-    connect(m_box, &ComboBox::key, this, [&](int &code, int shift) {
-        const bool modifier = code >= 16 && code <= 18;
-        if (!modifier)
-            keys << u"%1/%2 %3"_s.arg(code).arg(shift).arg(m_box->Text());
-        if (code == swallowed)
-            code = 0;
-    });
-    QTest::keyClick(m_box, Qt::Key_A, Qt::ShiftModifier);
-    QTest::keyClick(m_box, Qt::Key_Return, Qt::ControlModifier);
-    QTest::keyClick(m_box, Qt::Key_Enter, Qt::KeypadModifier);
-    QTest::keyClick(m_box, Qt::Key_Escape);
-    QTest::keyClick(m_box, Qt::Key_F4, Qt::ControlModifier | Qt::AltModifier);
-    QCOMPARE(keys, QStringList({u"65/1 "_s, u"13/2 a"_s, u"13/0 a"_s, u"27/0 a"_s, u"115/6 a"_s}));
-    swallowed = 8;
-    QTest::keyClick(m_box, Qt::Key_Backspace);
-    QCOMPARE(m_box->Text(), u"a"_s);
-
-    // A handler may end the box.
-    connect(m_box, &ComboBox::key, this, [this] { delete m_box; });
-    QTest::keyClick(m_box->lineEdit(), Qt::Key_Return);
-    QVERIFY(!m_window->findChild<ComboBox *>());
-}
-
-void TestComboBox::focusStaysWhileTheListIsOpen()
-{
-    m_box->InsertItem(0, u"entry"_s);
-    m_box->showPopup();
-    QVERIFY(QTest::qWaitForWindowExposed(m_box->view()));
-    QTest::keyClick(m_box->view(), Qt::Key_Escape);
-    QTRY_VERIFY(!m_box->view()->isVisible());
-    QCOMPARE(m_log, QStringList());
-    m_other->setFocus();
-    m_box->setFocus();
-    QCOMPARE(m_log, QStringList({u"lost "_s, u"got "_s}));
-}
-
-void TestComboBox::completionIsTyping()
-{
-    // The completed text is an entry as well: still no pick.
-    m_box->InsertItem(0, u"http://example.com/"_s);
-    QStringListModel model({u"http://example.com/"_s, u"http://example.net/"_s});
-    QCompleter completer(&model);
-    m_other->setFocus();
-    m_box->setCompleter(&completer);
-    m_box->setFocus();
-    m_log.clear();
-    QTest::keyClicks(m_box, u"http"_s);
-    QTRY_VERIFY(completer.popup()->isVisible());
-    // Nothing is chosen yet, so Enter would send what was typed.
-    QCOMPARE(m_box->Text(), u"http"_s);
-    QTest::keyClick(completer.popup(), Qt::Key_Down);
-    QTest::keyClick(completer.popup(), Qt::Key_Return);
-    QTRY_VERIFY(!completer.popup()->isVisible());
-    QCOMPARE(m_box->Text(), u"http://example.com/"_s);
-    QVERIFY(m_log.filter(u"picked"_s).isEmpty());
-    QVERIFY(m_log.filter(u"lost"_s).isEmpty());
-    m_box->setCompleter(nullptr);
-}
-
-void TestComboBox::positionsOutsideTheListAreErrors()
-{
-    m_box->InsertItem(0, u"entry"_s);
-    QVERIFY_THROWS_EXCEPTION(ControlError, m_box->List(-1));
-    QVERIFY_THROWS_EXCEPTION(ControlError, m_box->List(1));
-    QVERIFY_THROWS_EXCEPTION(ControlError, m_box->ItemIcon(1));
-    QVERIFY_THROWS_EXCEPTION(ControlError, m_box->InsertItem(2, u"x"_s));
-    QCOMPARE(m_box->ListCount(), 1);
-}
 
 QTEST_MAIN(TestComboBox)
 #include "tst_combobox.moc"

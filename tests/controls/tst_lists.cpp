@@ -37,33 +37,6 @@ private slots:
         QVERIFY_THROWS_EXCEPTION(ControlError, view.ListItems().Add().ListSubItems(1));
     }
 
-    void tagForgetsAnObjectThatIsGone()
-    {
-        ListView view;
-        ListItem &item = view.ListItems().Add(u"line"_s);
-        auto object = std::make_unique<QObject>();
-        item.setTag(object.get());
-        QCOMPARE(item.Tag(), object.get());
-        object.reset();
-        QCOMPARE(item.Tag(), nullptr);
-    }
-
-    void selectionFollowsTheMouse()
-    {
-        ListView view;
-        view.ListItems().Add(u"one"_s);
-        view.ListItems().Add(QString(1'000'000, u'x')); // a title as long as pages can make it
-        view.resize(300, 200);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        QCOMPARE(view.SelectedItem(), nullptr);
-        const QPoint second = view.visualItemRect(view.topLevelItem(1)).center();
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, {20, second.y()});
-        QCOMPARE(view.SelectedItem(), &view.ListItems(2));
-        QVERIFY(view.ListItems(2).Selected() && !view.ListItems(1).Selected());
-        QCOMPARE(view.ListItems(2).Text().size(), 1'000'000);
-    }
-
     /// A line of two device pixels' width must stay one at each ratio, not be a stretched small picture.
     void picturesAreSharpAndKeepTheirNumbers()
     {

@@ -15,15 +15,157 @@ class TestPopupMenu : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void itemsKeepTheirIndex();
-    void captionsAndSeparators();
-    void clicksLeaveMarksAlone();
-    void radioMarksExcludeSiblings();
-    void submenuIsRebuiltWhileItOpens();
-    void itemMayGoInItsOwnClick();
-    void menuBarShowsTheTopLevel();
-    void unknownIndicesAreErrors();
+    void init()
+    {
+        // All but what the offscreen platform says about itself.
+        QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
+    }
+
+    void itemsKeepTheirIndex()
+    {
+        QWidget owner;
+        PopupMenu menu(&owner);
+        const int parent = add(menu, u"Parent"_s, 0, u"parent"_s);
+        const int first = add(menu, u"First"_s, parent, u"twice"_s, -8001);
+        const int second = add(menu, u"Second"_s, parent, u"twice"_s, 7);
+        QCOMPARE(parent, 1);
+        QCOMPARE(menu.IndexForKey(u"twice"_s), first);
+        QCOMPARE(menu.IndexForKey(u"none"_s), 0);
+        QCOMPARE(menu.ItemData(first), -8001);
+        QCOMPARE(menu.ItemKey(second), u"twice"_s);
+        QCOMPARE(menu.Children(parent), std::vector<int>({first, second}));
+
+        menu.ClearSubItems(parent);
+        QCOMPARE(menu.IndexForKey(u"twice"_s), 0);
+        QVERIFY(menu.Children(parent).empty());
+        // An index that is gone never comes back for something else.
+        QVERIFY(add(menu, u"Third"_s, parent, u"third"_s) > second);
+    }
+
+    void clicksLeaveMarksAlone()
+    {
+        QWidget owner;
+        PopupMenu menu(&owner);
+        const int checked = menu.AddItem(u"On"_s, {}, 0, 0, -1, true, true, u"on"_s);
+        const int plain = add(menu, u"Plain"_s, 0, u"plain"_s);
+        QSignalSpy clicks(&menu, &PopupMenu::Click);
+        menu.action(checked)->trigger();
+        QVERIFY(menu.Checked(checked));
+        QVERIFY(menu.action(checked)->isChecked());
+        menu.setChecked(checked, false);
+        menu.action(checked)->trigger();
+        QVERIFY(!menu.action(checked)->isChecked());
+        menu.action(plain)->trigger();
+        QVERIFY(!menu.action(plain)->isCheckable());
+        QCOMPARE(clicks, QList<QVariantList>({{checked}, {checked}, {plain}}));
+    }
+
+    void radioMarksExcludeSiblings()
+    {
+        QWidget owner;
+        PopupMenu menu(&owner);
+        const int one = add(menu, u"One"_s, 0, u"one"_s);
+        const int two = add(menu, u"Two"_s, 0, u"two"_s);
+        const int below = add(menu, u"Below"_s, two, u"below"_s);
+        menu.setRadioChecked(one, true);
+        menu.setRadioChecked(below, true);
+        QVERIFY(menu.RadioChecked(one));
+        menu.setRadioChecked(two, true);
+        QVERIFY(!menu.RadioChecked(one));
+        QVERIFY(menu.RadioChecked(below));
+        QVERIFY(!menu.action(one)->isChecked());
+        QVERIFY(menu.action(two)->isChecked());
+        // Clearing the marked one leaves none.
+        menu.setRadioChecked(two, false);
+        QVERIFY(!menu.action(two)->isChecked());
+        QVERIFY(!menu.RadioChecked(one));
+    }
+
+    void submenuIsRebuiltWhileItOpens()
+    {
+        QWidget owner;
+        PopupMenu menu(&owner);
+        const int windows = add(menu, u"&Window"_s, 0, u"mnuWindow"_s);
+        const int skins = add(menu, u"Skins"_s, windows, u"mnuSkin"_s);
+        add(menu, u"placeholder"_s, skins, u"mnuSkin1"_s);
+        int built = 0;
+        connect(&menu, &PopupMenu::InitPopupMenu, this, [&](int parent) {
+            if (parent != windows)
+                return;
+            ++built;
+            menu.ClearSubItems(parent);
+            const int again = add(menu, u"Skins"_s, parent, u"mnuSkin"_s);
+            add(menu, u"placeholder"_s, again, u"mnuSkin1"_s);
+            for (int i = 1; i <= 3; ++i)
+                add(menu, u"&%1) Document"_s.arg(i), parent, u"mnuWin(%1)"_s.arg(i), i);
+        });
+        QMenu &submenu = *menu.action(windows)->menu();
+        for (int round = 1; round <= 2; ++round) {
+            submenu.popup({10, 10});
+            QVERIFY(QTest::qWaitForWindowExposed(&submenu));
+            QCOMPARE(built, round);
+            QCOMPARE(submenu.actions().size(), 4);
+            QCOMPARE(submenu.actions().at(1)->text(), u"&1) Document"_s);
+            submenu.close();
+        }
+        // The removed items and submenus really end.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(submenu.findChildren<QAction *>(Qt::FindDirectChildrenOnly).size(), 4 + 1); // one is the submenu's own
+        QCOMPARE(submenu.findChildren<QMenu *>(Qt::FindDirectChildrenOnly).size(), 1);
+    }
+
+    void itemMayGoInItsOwnClick()
+    {
+        QWidget owner;
+        PopupMenu menu(&owner);
+        const int parent = add(menu, u"Parent"_s, 0, u"parent"_s);
+        const int child = add(menu, u"Child"_s, parent, u"child"_s);
+        connect(&menu, &PopupMenu::Click, this, [&] { menu.ClearSubItems(parent); });
+        const QPointer<QAction> action = menu.action(child);
+        action->trigger();
+        QVERIFY(action);
+        // A click that was under way when the item went says nothing any more.
+        QSignalSpy clicks(&menu, &PopupMenu::Click);
+        action->trigger();
+        QVERIFY(clicks.isEmpty());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!action);
+    }
+
+    void menuBarShowsTheTopLevel()
+    {
+        QMainWindow window;
+        window.resize(600, 100);
+        controls::MenuBar bar(&window);
+        PopupMenu menu(&window);
+        const int file = add(menu, u"&File"_s, 0, u"mnuFile"_s);
+        const int open = add(menu, u"&Open"_s, file, u"mnuFileOpen"_s);
+        menu.attachTo(&bar);
+        const int edit = add(menu, u"&Edit"_s, 0, u"mnuEdit"_s);
+        const int help = add(menu, u"&Help"_s, 0, u"mnuHelp"_s);
+        QCOMPARE(bar.actions(), QList<QAction *>({menu.action(file), menu.action(edit), menu.action(help)}));
+        bar.resize(bar.sizeHint());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+
+        QSignalSpy opened(&menu, &PopupMenu::InitPopupMenu);
+        QSignalSpy clicks(&menu, &PopupMenu::Click);
+        QTest::keyClick(&window, Qt::Key_F, Qt::AltModifier);
+        QTRY_COMPARE(opened.size(), 1);
+        QTest::keyClick(menu.action(file)->menu(), Qt::Key_O);
+        QCOMPARE(clicks, QList<QVariantList>({{open}}));
+
+        // What does not fit is behind the chevron; when all fits it has nothing to show.
+        bar.ShowChevronMenu(0, 0);
+        QVERIFY(!QApplication::activePopupWidget());
+        bar.resize(bar.actionGeometry(menu.action(file)).right() + 40, bar.height());
+        bar.ShowChevronMenu(0, 0);
+        const auto *rest = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(rest);
+        QVERIFY(rest->actions().contains(menu.action(help)));
+        QVERIFY(!rest->actions().contains(menu.action(file)));
+        QApplication::activePopupWidget()->close();
+    }
 
 private:
     static int add(PopupMenu &menu, const QString &caption, int parent, const QString &key, int data = 0)
@@ -31,186 +173,6 @@ private:
         return menu.AddItem(caption, {}, data, parent, -1, false, true, key);
     }
 };
-
-void TestPopupMenu::init()
-{
-    // All but what the offscreen platform says about itself.
-    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
-}
-
-void TestPopupMenu::itemsKeepTheirIndex()
-{
-    QWidget owner;
-    PopupMenu menu(&owner);
-    const int parent = add(menu, u"Parent"_s, 0, u"parent"_s);
-    const int first = add(menu, u"First"_s, parent, u"twice"_s, -8001);
-    const int second = add(menu, u"Second"_s, parent, u"twice"_s, 7);
-    QCOMPARE(parent, 1);
-    QCOMPARE(menu.IndexForKey(u"twice"_s), first);
-    QCOMPARE(menu.IndexForKey(u"none"_s), 0);
-    QCOMPARE(menu.ItemData(first), -8001);
-    QCOMPARE(menu.ItemKey(second), u"twice"_s);
-    QCOMPARE(menu.Children(parent), std::vector<int>({first, second}));
-
-    menu.ClearSubItems(parent);
-    QCOMPARE(menu.IndexForKey(u"twice"_s), 0);
-    QVERIFY(menu.Children(parent).empty());
-    // An index that is gone never comes back for something else.
-    QVERIFY(add(menu, u"Third"_s, parent, u"third"_s) > second);
-}
-
-void TestPopupMenu::captionsAndSeparators()
-{
-    QWidget owner;
-    PopupMenu menu(&owner);
-    const int open = add(menu, u"&Open\tCtrl+O"_s, 0, u"open"_s);
-    const int bar = add(menu, u"-"_s, 0, u"bar"_s);
-    QCOMPARE(menu.Caption(open), u"&Open\tCtrl+O"_s);
-    // The shortcut is told, not registered: the keyboard rules act on it.
-    QVERIFY(menu.action(open)->shortcut().isEmpty());
-    QVERIFY(menu.action(bar)->isSeparator());
-    QVERIFY(menu.action(bar)->text().isEmpty());
-    const int disabled = menu.AddItem(u"x"_s, {}, 0, 0, 99, false, false, u"x"_s);
-    QVERIFY(!menu.Enabled(disabled));
-    menu.setEnabled(disabled, true);
-    QVERIFY(menu.action(disabled)->isEnabled());
-}
-
-void TestPopupMenu::clicksLeaveMarksAlone()
-{
-    QWidget owner;
-    PopupMenu menu(&owner);
-    const int checked = menu.AddItem(u"On"_s, {}, 0, 0, -1, true, true, u"on"_s);
-    const int plain = add(menu, u"Plain"_s, 0, u"plain"_s);
-    QSignalSpy clicks(&menu, &PopupMenu::Click);
-    menu.action(checked)->trigger();
-    QVERIFY(menu.Checked(checked));
-    QVERIFY(menu.action(checked)->isChecked());
-    menu.setChecked(checked, false);
-    menu.action(checked)->trigger();
-    QVERIFY(!menu.action(checked)->isChecked());
-    menu.action(plain)->trigger();
-    QVERIFY(!menu.action(plain)->isCheckable());
-    QCOMPARE(clicks, QList<QVariantList>({{checked}, {checked}, {plain}}));
-}
-
-void TestPopupMenu::radioMarksExcludeSiblings()
-{
-    QWidget owner;
-    PopupMenu menu(&owner);
-    const int one = add(menu, u"One"_s, 0, u"one"_s);
-    const int two = add(menu, u"Two"_s, 0, u"two"_s);
-    const int below = add(menu, u"Below"_s, two, u"below"_s);
-    menu.setRadioChecked(one, true);
-    menu.setRadioChecked(below, true);
-    QVERIFY(menu.RadioChecked(one));
-    menu.setRadioChecked(two, true);
-    QVERIFY(!menu.RadioChecked(one));
-    QVERIFY(menu.RadioChecked(below));
-    QVERIFY(!menu.action(one)->isChecked());
-    QVERIFY(menu.action(two)->isChecked());
-    // Clearing the marked one leaves none.
-    menu.setRadioChecked(two, false);
-    QVERIFY(!menu.action(two)->isChecked());
-    QVERIFY(!menu.RadioChecked(one));
-}
-
-void TestPopupMenu::submenuIsRebuiltWhileItOpens()
-{
-    QWidget owner;
-    PopupMenu menu(&owner);
-    const int windows = add(menu, u"&Window"_s, 0, u"mnuWindow"_s);
-    const int skins = add(menu, u"Skins"_s, windows, u"mnuSkin"_s);
-    add(menu, u"placeholder"_s, skins, u"mnuSkin1"_s);
-    int built = 0;
-    connect(&menu, &PopupMenu::InitPopupMenu, this, [&](int parent) {
-        if (parent != windows)
-            return;
-        ++built;
-        menu.ClearSubItems(parent);
-        const int again = add(menu, u"Skins"_s, parent, u"mnuSkin"_s);
-        add(menu, u"placeholder"_s, again, u"mnuSkin1"_s);
-        for (int i = 1; i <= 3; ++i)
-            add(menu, u"&%1) Document"_s.arg(i), parent, u"mnuWin(%1)"_s.arg(i), i);
-    });
-    QMenu &submenu = *menu.action(windows)->menu();
-    for (int round = 1; round <= 2; ++round) {
-        submenu.popup({10, 10});
-        QVERIFY(QTest::qWaitForWindowExposed(&submenu));
-        QCOMPARE(built, round);
-        QCOMPARE(submenu.actions().size(), 4);
-        QCOMPARE(submenu.actions().at(1)->text(), u"&1) Document"_s);
-        submenu.close();
-    }
-    // The removed items and submenus really end.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(submenu.findChildren<QAction *>(Qt::FindDirectChildrenOnly).size(), 4 + 1); // one is the submenu's own
-    QCOMPARE(submenu.findChildren<QMenu *>(Qt::FindDirectChildrenOnly).size(), 1);
-}
-
-void TestPopupMenu::itemMayGoInItsOwnClick()
-{
-    QWidget owner;
-    PopupMenu menu(&owner);
-    const int parent = add(menu, u"Parent"_s, 0, u"parent"_s);
-    const int child = add(menu, u"Child"_s, parent, u"child"_s);
-    connect(&menu, &PopupMenu::Click, this, [&] { menu.ClearSubItems(parent); });
-    const QPointer<QAction> action = menu.action(child);
-    action->trigger();
-    QVERIFY(action);
-    // A click that was under way when the item went says nothing any more.
-    QSignalSpy clicks(&menu, &PopupMenu::Click);
-    action->trigger();
-    QVERIFY(clicks.isEmpty());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(!action);
-}
-
-void TestPopupMenu::menuBarShowsTheTopLevel()
-{
-    QMainWindow window;
-    window.resize(600, 100);
-    controls::MenuBar bar(&window);
-    PopupMenu menu(&window);
-    const int file = add(menu, u"&File"_s, 0, u"mnuFile"_s);
-    const int open = add(menu, u"&Open"_s, file, u"mnuFileOpen"_s);
-    menu.attachTo(&bar);
-    const int edit = add(menu, u"&Edit"_s, 0, u"mnuEdit"_s);
-    const int help = add(menu, u"&Help"_s, 0, u"mnuHelp"_s);
-    QCOMPARE(bar.actions(), QList<QAction *>({menu.action(file), menu.action(edit), menu.action(help)}));
-    bar.resize(bar.sizeHint());
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-
-    QSignalSpy opened(&menu, &PopupMenu::InitPopupMenu);
-    QSignalSpy clicks(&menu, &PopupMenu::Click);
-    QTest::keyClick(&window, Qt::Key_F, Qt::AltModifier);
-    QTRY_COMPARE(opened.size(), 1);
-    QTest::keyClick(menu.action(file)->menu(), Qt::Key_O);
-    QCOMPARE(clicks, QList<QVariantList>({{open}}));
-
-    // What does not fit is behind the chevron; when all fits it has nothing to show.
-    bar.ShowChevronMenu(0, 0);
-    QVERIFY(!QApplication::activePopupWidget());
-    bar.resize(bar.actionGeometry(menu.action(file)).right() + 40, bar.height());
-    bar.ShowChevronMenu(0, 0);
-    const auto *rest = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    QVERIFY(rest);
-    QVERIFY(rest->actions().contains(menu.action(help)));
-    QVERIFY(!rest->actions().contains(menu.action(file)));
-    QApplication::activePopupWidget()->close();
-}
-
-void TestPopupMenu::unknownIndicesAreErrors()
-{
-    QWidget owner;
-    PopupMenu menu(&owner);
-    QVERIFY_THROWS_EXCEPTION(ControlError, menu.setChecked(0, true));
-    QVERIFY_THROWS_EXCEPTION(ControlError, menu.ItemKey(1));
-    QVERIFY_THROWS_EXCEPTION(ControlError, menu.ClearSubItems(3));
-    QVERIFY_THROWS_EXCEPTION(ControlError, add(menu, u"x"_s, 5, u"x"_s));
-    QCOMPARE(menu.Children(0).size(), size_t(0));
-}
 
 QTEST_MAIN(TestPopupMenu)
 #include "tst_popupmenu.moc"

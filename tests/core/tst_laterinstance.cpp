@@ -13,114 +13,82 @@ class tst_LaterInstance : public QObject
 private slots:
     void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
 
-    void messageOpensADocument_data();
-    void messageOpensADocument();
-    void messageRestoresTheWindow_data();
-    void messageRestoresTheWindow();
-    void laterInstanceMakesNoWindow();
-    void lateMessageIsDropped();
-};
-
-void tst_LaterInstance::messageOpensADocument_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("cbData");
-    QTest::addColumn<QStringList>("opened");
-    QTest::newRow("address") << QByteArrayLiteral("http://a/") << 9 << QStringList{u"http://a/"_s};
-    QTest::newRow("blanks") << QByteArrayLiteral("/a b.html ") << 10 << QStringList{u"/a b.html "_s};
-    QTest::newRow("umlaut") << QByteArray("http://\xc3\xa4/") << 10 << QStringList{u"http://ä/"_s};
-    QTest::newRow("empty command line") << QByteArray(1, '\0') << 1 << QStringList{QString()};
-    QTest::newRow("shorter than the bytes") << QByteArrayLiteral("http://a/bc") << 9 << QStringList{u"http://a/"_s};
-    QTest::newRow("text behind a NUL") << QByteArray("a\0b", 3) << 3 << QStringList{u"a"_s};
-    QTest::newRow("nothing") << QByteArray() << 0 << QStringList();
-    QTest::newRow("negative") << QByteArrayLiteral("http://a/") << -1 << QStringList();
-}
-
-void tst_LaterInstance::messageOpensADocument()
-{
-    QFETCH(const QByteArray, bytes);
-    QFETCH(const int, cbData);
-    QFETCH(const QStringList, opened);
-    MainFixture f;
-    f.seedQuietStart();
-    // A handed-over address gets a new tab whatever the address bar would do.
-    QVERIFY(f.start());
-    f.code->MainWindowProc(cbData, bytes);
-    QCOMPARE(f.opened(), opened);
-    if (!opened.isEmpty()) {
-        QCOMPARE(f.main().ActiveForm()->Caption(), opened.first());
-        f.code->MainWindowProc(cbData, bytes);
-        QCOMPARE(f.code->flags.OpenDocumentCount, 2);
+    void messageOpensADocument_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<int>("cbData");
+        QTest::addColumn<QStringList>("opened");
+        QTest::newRow("address") << QByteArrayLiteral("http://a/") << 9 << QStringList{u"http://a/"_s};
+        QTest::newRow("blanks") << QByteArrayLiteral("/a b.html ") << 10 << QStringList{u"/a b.html "_s};
+        QTest::newRow("umlaut") << QByteArray("http://\xc3\xa4/") << 10 << QStringList{u"http://ä/"_s};
+        QTest::newRow("empty command line") << QByteArray(1, '\0') << 1 << QStringList{QString()};
+        QTest::newRow("shorter than the bytes") << QByteArrayLiteral("http://a/bc") << 9 << QStringList{u"http://a/"_s};
+        QTest::newRow("text behind a NUL") << QByteArray("a\0b", 3) << 3 << QStringList{u"a"_s};
+        QTest::newRow("nothing") << QByteArray() << 0 << QStringList();
+        QTest::newRow("negative") << QByteArrayLiteral("http://a/") << -1 << QStringList();
     }
-}
 
-void tst_LaterInstance::messageRestoresTheWindow_data()
-{
-    QTest::addColumn<int>("state");
-    QTest::addColumn<QString>("password");
-    QTest::addColumn<bool>("visible");
-    QTest::newRow("maximised") << int(Qt::WindowMaximized) << QString() << true;
-    QTest::newRow("normal") << int(Qt::WindowNoState) << QString() << true;
-    QTest::newRow("in the tray") << int(Qt::WindowMinimized) << QString() << true;
-    QTest::newRow("locked in the tray") << int(Qt::WindowMinimized) << u"secret"_s << false;
-    QTest::newRow("password, on the screen") << int(Qt::WindowMaximized) << u"secret"_s << true;
-}
+    void messageOpensADocument()
+    {
+        QFETCH(const QByteArray, bytes);
+        QFETCH(const int, cbData);
+        QFETCH(const QStringList, opened);
+        MainFixture f;
+        f.seedQuietStart();
+        // A handed-over address gets a new tab whatever the address bar would do.
+        QVERIFY(f.start());
+        f.code->MainWindowProc(cbData, bytes);
+        QCOMPARE(f.opened(), opened);
+        if (!opened.isEmpty()) {
+            QCOMPARE(f.main().ActiveForm()->Caption(), opened.first());
+            f.code->MainWindowProc(cbData, bytes);
+            QCOMPARE(f.code->flags.OpenDocumentCount, 2);
+        }
+    }
 
-void tst_LaterInstance::messageRestoresTheWindow()
-{
-    QFETCH(const int, state);
-    QFETCH(const QString, password);
-    QFETCH(const bool, visible);
-    MainFixture f;
-    f.seedQuietStart();
-    f.set(u"General", u"TrayPassword", password);
-    QVERIFY(f.start());
-    f.main().setWindowState(Qt::WindowStates(state));
-    if (state == Qt::WindowMinimized)
-        QTRY_VERIFY(f.main().isHidden());
-    f.code->MainWindowProc(9, QByteArrayLiteral("http://a/"));
-    QCOMPARE(f.main().isVisible(), visible);
-    QCOMPARE(f.main().windowState() & ~Qt::WindowActive, Qt::WindowNoState);
-    QCOMPARE(f.opened(), QStringList{u"http://a/"_s});
-}
+    void messageRestoresTheWindow_data()
+    {
+        QTest::addColumn<int>("state");
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<bool>("visible");
+        QTest::newRow("maximised") << int(Qt::WindowMaximized) << QString() << true;
+        QTest::newRow("normal") << int(Qt::WindowNoState) << QString() << true;
+        QTest::newRow("in the tray") << int(Qt::WindowMinimized) << QString() << true;
+        QTest::newRow("locked in the tray") << int(Qt::WindowMinimized) << u"secret"_s << false;
+        QTest::newRow("password, on the screen") << int(Qt::WindowMaximized) << u"secret"_s << true;
+    }
 
-void tst_LaterInstance::laterInstanceMakesNoWindow()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    // The second program, in a thread so that the first one can answer.
-    bool isFirst = true;
-    bool madeWindow = true;
-    std::thread later([&] {
-        ScriptedEngine engine;
-        SettingsStore store(f.paths.settingsFile + u".none"_s);
-        RecordingDialogs dialogs;
-        FakeTray tray;
-        MainCode code(Ground{f.paths, store, engine, dialogs, tray});
-        isFirst = code.Main(u"\"http://later.example/ x\""_s);
-        madeWindow = code.mainWindow() != nullptr || engine.warmUps > 0;
-    });
-    QTRY_COMPARE(f.opened(), QStringList{u"http://later.example/ x"_s});
-    // It waits for the answer, which comes when the document is there.
-    QTest::qWait(0);
-    later.join();
-    QVERIFY(!isFirst);
-    QVERIFY(!madeWindow);
-}
+    void messageRestoresTheWindow()
+    {
+        QFETCH(const int, state);
+        QFETCH(const QString, password);
+        QFETCH(const bool, visible);
+        MainFixture f;
+        f.seedQuietStart();
+        f.set(u"General", u"TrayPassword", password);
+        QVERIFY(f.start());
+        f.main().setWindowState(Qt::WindowStates(state));
+        if (state == Qt::WindowMinimized)
+            QTRY_VERIFY(f.main().isHidden());
+        f.code->MainWindowProc(9, QByteArrayLiteral("http://a/"));
+        QCOMPARE(f.main().isVisible(), visible);
+        QCOMPARE(f.main().windowState() & ~Qt::WindowActive, Qt::WindowNoState);
+        QCOMPARE(f.opened(), QStringList{u"http://a/"_s});
+    }
 
-void tst_LaterInstance::lateMessageIsDropped()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    f.close();
-    f.code->MainWindowProc(9, QByteArrayLiteral("http://a/"));
-    QCOMPARE(f.opened(), QStringList());
-    // The lock is free again.
-    instance::Lock other;
-    QVERIFY(other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName));
-}
+    void lateMessageIsDropped()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start());
+        f.close();
+        f.code->MainWindowProc(9, QByteArrayLiteral("http://a/"));
+        QCOMPARE(f.opened(), QStringList());
+        // The lock is free again.
+        instance::Lock other;
+        QVERIFY(other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName));
+    }
+};
 
 QTEST_MAIN(tst_LaterInstance)
 #include "tst_laterinstance.moc"

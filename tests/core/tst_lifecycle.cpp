@@ -18,338 +18,233 @@ class tst_Lifecycle : public QObject
 private slots:
     void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
 
-    void startAndCloseRunTheirStepsInOrder();
-    void firstDocument_data();
-    void firstDocument();
-    void savedDocumentsAreOffered_data();
-    void savedDocumentsAreOffered();
-    void closeStoresOpenDocuments();
-    void modifyMenuFollowsTheDocuments();
-    void addressBarFollowsTheWidth_data();
-    void addressBarFollowsTheWidth();
-    void minimisingHidesIntoTheTray_data();
-    void minimisingHidesIntoTheTray();
-    void trayBringsTheWindowBack();
-    void trayAsksForThePassword();
-    void lostScreenBringsTheWindowBack();
-    void closeDuringAQuestionEndsIt();
-};
+    void startAndCloseRunTheirStepsInOrder()
+    {
+        MainFixture f;
+        f.set(u"History", u"CleanAddress", u"True");
+        QVERIFY(f.start());
+        QCOMPARE(f.trace, (QStringList{u"IsFirstInstance"_s, u"ShowSplash"_s, u"WarmUpEngine"_s, u"LoadMain"_s,
+                                       u"LocalizeForm"_s, u"SubclassMainWindow"_s, u"InstallKeyboardHook"_s,
+                                       u"InitInterface"_s, u"LoadAllSettings"_s, u"EnableClock"_s,
+                                       u"OpenFirstDocument"_s, u"MarkMainWindow"_s, u"ShowMain"_s, u"UnloadSplash"_s}));
+        QVERIFY(f.main().isVisible());
+        QVERIFY(f.main().Clock->isActive());
+        QVERIFY(f.code->flags.ShortcutsEnabled);
+        QCOMPARE(f.main().windowTitle(), u"Corvane v2.0"_s);
+        QCOMPARE(f.engine.warmUps, 1);
 
-void tst_Lifecycle::startAndCloseRunTheirStepsInOrder()
-{
-    MainFixture f;
-    f.set(u"History", u"CleanAddress", u"True");
-    QVERIFY(f.start());
-    QCOMPARE(f.trace, (QStringList{u"IsFirstInstance"_s, u"ShowSplash"_s, u"WarmUpEngine"_s, u"LoadMain"_s,
-                                   u"LocalizeForm"_s, u"SubclassMainWindow"_s, u"InstallKeyboardHook"_s,
-                                   u"InitInterface"_s, u"LoadAllSettings"_s, u"EnableClock"_s, u"OpenFirstDocument"_s,
-                                   u"MarkMainWindow"_s, u"ShowMain"_s, u"UnloadSplash"_s}));
-    QVERIFY(f.main().isVisible());
-    QVERIFY(f.main().Clock->isActive());
-    QVERIFY(f.code->flags.ShortcutsEnabled);
-    QCOMPARE(f.main().windowTitle(), u"Corvane v2.0"_s);
-    QCOMPARE(f.engine.warmUps, 1);
+        const QSignalSpy unloaded(&f.main(), &frmMain::unloaded);
+        f.close();
+        QCOMPARE(f.trace, (QStringList{u"SaveAllDocuments"_s, u"ClearAddressBar"_s, u"UnsubclassMainWindow"_s,
+                                       u"UninstallKeyboardHook"_s, u"SaveAllSettings"_s, u"SaveBandLayout"_s,
+                                       u"ResetFont"_s, u"UnloadNavigator"_s, u"RemoveTrayIcon"_s, u"DestroyBands"_s,
+                                       u"UnloadForms"_s, u"DisableClock"_s, u"ReleaseInstanceMutex"_s}));
+        QCOMPARE(unloaded.count(), 1);
+        QCOMPARE(f.code->flags.OpenDocumentCount, 0);
+        QVERIFY(!f.main().isVisible());
+        QVERIFY(QFile::exists(f.paths.programFolder + u"/layout.xml"_s));
+        // The list was cleaned before it was stored.
+        QCOMPARE(f.get(u"Settings", u"HistoryCount"), u"0"_s);
 
-    const QSignalSpy unloaded(&f.main(), &frmMain::unloaded);
-    f.close();
-    QCOMPARE(f.trace, (QStringList{u"SaveAllDocuments"_s, u"ClearAddressBar"_s, u"UnsubclassMainWindow"_s,
-                                   u"UninstallKeyboardHook"_s, u"SaveAllSettings"_s, u"SaveBandLayout"_s,
-                                   u"ResetFont"_s, u"UnloadNavigator"_s, u"RemoveTrayIcon"_s, u"DestroyBands"_s,
-                                   u"UnloadForms"_s, u"DisableClock"_s, u"ReleaseInstanceMutex"_s}));
-    QCOMPARE(unloaded.count(), 1);
-    QCOMPARE(f.code->flags.OpenDocumentCount, 0);
-    QVERIFY(!f.main().isVisible());
-    QVERIFY(QFile::exists(f.paths.programFolder + u"/layout.xml"_s));
-    // The list was cleaned before it was stored.
-    QCOMPARE(f.get(u"Settings", u"HistoryCount"), u"0"_s);
-
-    f.main().close();
-    QCOMPARE(unloaded.count(), 1);
-    f.code.reset();
-    for (const auto &browser : f.engine.browsers)
-        QVERIFY2(!browser, "a browser outlived the window");
-}
-
-void tst_Lifecycle::firstDocument_data()
-{
-    QTest::addColumn<QString>("firstTime");
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QString>("saveOnExit");
-    QTest::addColumn<QString>("loadAction");
-    QTest::addColumn<QStringList>("opened");
-    const QString home = u"http://home.example/"_s;
-    const QString tour = u"corvane://www/qtour/index.html"_s;
-    const QStringList saved{u"http://saved1.example/"_s, home};
-    QTest::newRow("first start ignores the command line")
-        << u"True"_s << u"http://a/"_s << u"True"_s << u"1"_s << QStringList{tour};
-    QTest::newRow("command line") << u"False"_s << u"http://a/ b"_s << u"True"_s << u"1"_s
-                                  << QStringList{u"http://a/ b"_s};
-    QTest::newRow("quoted") << u"False"_s << u"\"/a b.html\""_s << u"False"_s << u"1"_s << QStringList{u"/a b.html"_s};
-    QTest::newRow("text behind the quote")
-        << u"False"_s << u"\"a\" b"_s << u"True"_s << u"1"_s << QStringList{u"a\" "_s};
-    QTest::newRow("nothing is saved") << u"False"_s << QString() << u"False"_s << u"1"_s << QStringList{home};
-    QTest::newRow("load") << u"False"_s << QString() << u"True"_s << u"1"_s << saved;
-    QTest::newRow("never load") << u"False"_s << QString() << u"True"_s << u"3"_s << QStringList();
-    QTest::newRow("unknown action") << u"False"_s << QString() << u"True"_s << u"0"_s << QStringList();
-    QTest::newRow("corrupt marker") << u"perhaps"_s << QString() << u"False"_s << u"1"_s << QStringList{home};
-}
-
-void tst_Lifecycle::firstDocument()
-{
-    QFETCH(const QString, firstTime);
-    QFETCH(const QString, command);
-    QFETCH(const QString, saveOnExit);
-    QFETCH(const QString, loadAction);
-    QFETCH(const QStringList, opened);
-    MainFixture f;
-    f.set(u"Settings", u"FirstTime", firstTime);
-    f.set(u"General", u"SaveDocumentOnExit", saveOnExit);
-    f.set(u"General", u"LoadAction", loadAction);
-    f.set(u"Sites", u"SitesHome1", u"http://home.example/");
-    f.set(u"Settings", u"DocumentCount", u"2");
-    f.set(u"Settings", u"Document1", u"http://saved1.example/");
-    QVERIFY(f.start(command));
-    QCOMPARE(f.opened(), opened);
-    QCOMPARE(f.get(u"Settings", u"FirstTime"), firstTime == u"True"_s ? u"False"_s : firstTime);
-    // Without a document no command was taken out of service: the menu builder's state stands.
-    QVERIFY(f.main().m_cMenu->Enabled(f.main().m_cMenu->IndexForKey(u"mnuFileClose"_s)));
-}
-
-void tst_Lifecycle::savedDocumentsAreOffered_data()
-{
-    QTest::addColumn<QString>("count");
-    QTest::addColumn<bool>("asked");
-    QTest::addColumn<int>("opened");
-    QTest::newRow("some") << u"2"_s << true << 2;
-    QTest::newRow("none") << u"0"_s << false << 0;
-    QTest::newRow("no number") << u"many"_s << false << 0;
-}
-
-void tst_Lifecycle::savedDocumentsAreOffered()
-{
-    QFETCH(const QString, count);
-    QFETCH(const bool, asked);
-    QFETCH(const int, opened);
-    MainFixture f;
-    f.seedQuietStart();
-    f.set(u"Settings", u"DocumentCount", count);
-    bool seen = false;
-    QTimer watch;
-    connect(&watch, &QTimer::timeout, &watch, [&] {
-        if (auto *question = qobject_cast<frmLoad *>(QApplication::activeModalWidget())) {
-            seen = true;
-            question->btnOk->click();
-        }
-    });
-    watch.start(0);
-    QVERIFY(f.start());
-    QCOMPARE(seen, asked);
-    QCOMPARE(f.opened().size(), opened);
-}
-
-void tst_Lifecycle::closeStoresOpenDocuments()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start(u"http://a/"_s));
-    f.main().LoadNewDoc(u"http://b/"_s);
-    for (const auto &browser : f.engine.browsers)
-        browser->address = browser->calls.filter(u"Navigate2"_s).last().mid(10);
-    f.close();
-    QCOMPARE(f.get(u"Settings", u"DocumentCount"), u"2"_s);
-    QCOMPARE(f.get(u"Settings", u"Document2"), u"http://b/"_s);
-
-    f.set(u"General", u"LoadAction", u"1");
-    QVERIFY(f.start());
-    QCOMPARE(f.opened(), (QStringList{u"http://a/"_s, u"http://b/"_s}));
-}
-
-void tst_Lifecycle::modifyMenuFollowsTheDocuments()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    controls::PopupMenu &menu = *f.main().m_cMenu;
-    const auto disabled = [&] {
-        QStringList keys;
-        for (const int top : menu.Children(0))
-            for (const int item : menu.Children(top))
-                if (!menu.Enabled(item))
-                    keys += menu.ItemKey(item);
-        return keys;
-    };
-    const auto buttons = [&] {
-        QString states;
-        for (int i = 0; i < f.main().Toolbar1->ButtonCount(); ++i)
-            states += f.main().Toolbar1->ButtonEnabled(i) ? u'+' : u'-';
-        return states;
-    };
-    QCOMPARE(disabled(), QStringList());
-    f.main().LoadNewDoc(u"http://a/"_s);
-    f.main().LoadNewDoc(u"http://b/"_s);
-    QCOMPARE(disabled(), QStringList());
-    // The seventh is a separator.
-    QCOMPARE(buttons(), u"+++++++-+++"_s);
-    f.main().ActiveForm()->Unload();
-    QCOMPARE(disabled(), QStringList());
-    f.main().ActiveForm()->Unload();
-    QCOMPARE(disabled().size(), 20);
-    QVERIFY(disabled().contains(u"mnuFileClose"_s) && disabled().contains(u"mnuViewTabs"_s));
-    QVERIFY(!disabled().contains(u"mnuFileNew"_s) && !disabled().contains(u"mnuFileOpen"_s));
-    QCOMPARE(buttons(), u"+----++-+++"_s);
-    QVERIFY(!f.main().ActiveForm());
-}
-
-void tst_Lifecycle::addressBarFollowsTheWidth_data()
-{
-    QTest::addColumn<int>("width");
-    QTest::newRow("wide") << 760;
-    QTest::newRow("small") << 433;
-    QTest::newRow("very narrow") << 60;
-}
-
-void tst_Lifecycle::addressBarFollowsTheWidth()
-{
-    QFETCH(const int, width);
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    frmMain &main = f.main();
-    main.setMinimumWidth(1);
-    main.resize(width, 400);
-    QTRY_COMPARE(main.width(), width);
-    const int buttons = main.Go->width() + main.goNew->width();
-    const int all = main.frameGeometry().width();
-    // 700, 500 and 450 twips.
-    QCOMPARE(main.AddressBar->width(), qMax(0, qRound(all - buttons - main.AddressBar->x() - 700 / 15.0)));
-    QCOMPARE(main.Go->x(), qRound(all - buttons - 500 / 15.0));
-    QCOMPARE(main.goNew->x(), all - main.goNew->width() - 30);
-}
-
-void tst_Lifecycle::minimisingHidesIntoTheTray_data()
-{
-    QTest::addColumn<bool>("toTray");
-    QTest::addColumn<bool>("trayThere");
-    QTest::addColumn<QString>("password");
-    QTest::addColumn<bool>("hidden");
-    QTest::addColumn<bool>("lockFree");
-    QTest::newRow("tray") << true << true << QString() << true << false;
-    QTest::newRow("locked in the tray") << true << true << u"secret"_s << true << true;
-    QTest::newRow("no tray on this desktop") << true << false << u"secret"_s << false << false;
-    QTest::newRow("off") << false << true << u"secret"_s << false << false;
-}
-
-void tst_Lifecycle::minimisingHidesIntoTheTray()
-{
-    QFETCH(const bool, toTray);
-    QFETCH(const bool, trayThere);
-    QFETCH(const QString, password);
-    QFETCH(const bool, hidden);
-    QFETCH(const bool, lockFree);
-    MainFixture f;
-    f.tray.available = trayThere;
-    f.seedQuietStart();
-    f.set(u"General", u"MinimizeToTray", fromBoolean(toTray));
-    f.set(u"General", u"TrayPassword", password);
-    QVERIFY(f.start());
-    QCOMPARE(f.tray.tip, toTray ? u"Corvane v2.0.0025"_s : QString());
-    f.main().navigator->show();
-    f.main().setWindowState(Qt::WindowMinimized);
-    QTRY_COMPARE(f.main().isHidden(), hidden);
-    QCOMPARE(f.main().navigator->isHidden(), hidden);
-
-    instance::Lock other;
-    QCOMPARE(other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName), lockFree);
-    other.release();
-
-    // What a minimised window stores as its geometry is what it had before.
-    f.set(u"Settings", u"MainLeft", u"4500");
-    f.set(u"Settings", u"NavigatorWidth", u"4650");
-    f.close();
-    QCOMPARE(f.get(u"Settings", u"MainLeft"), u"4500"_s);
-    QCOMPARE(f.get(u"Settings", u"NavigatorWidth"), u"4650"_s);
-    QCOMPARE(f.get(u"Settings", u"MainMaximized"), u"False"_s);
-    QCOMPARE(f.tray.tip, QString());
-}
-
-void tst_Lifecycle::trayBringsTheWindowBack()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    f.set(u"Settings", u"MainMaximized", u"True");
-    QVERIFY(f.start());
-    f.main().navigator->show();
-    f.main().setWindowState(Qt::WindowMinimized);
-    QTRY_VERIFY(f.main().isHidden());
-    emit f.tray.doubleClicked();
-    QVERIFY(f.main().isVisible());
-    QVERIFY(f.main().navigator->isVisible());
-    QVERIFY(!f.main().isMinimized() && !f.main().isMaximized());
-}
-
-void tst_Lifecycle::trayAsksForThePassword()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    f.set(u"General", u"TrayPassword", u"Secret");
-    QVERIFY(f.start());
-    f.main().setWindowState(Qt::WindowMinimized);
-    QTRY_VERIFY(f.main().isHidden());
-    emit f.tray.doubleClicked();
-    auto *question = f.main().findChild<frmPassword *>();
-    QVERIFY(question && question->isVisible());
-    QVERIFY(!f.code->flags.ShortcutsEnabled);
-    for (const QString &wrong : {u"secret"_s, QString()}) {
-        question->txtPassword->setText(wrong);
-        question->cmdOK->click();
-        QVERIFY(question->isVisible() && f.main().isHidden());
+        f.main().close();
+        QCOMPARE(unloaded.count(), 1);
+        f.code.reset();
+        for (const auto &browser : f.engine.browsers)
+            QVERIFY2(!browser, "a browser outlived the window");
     }
-    QCOMPARE(f.dialogs.messages.size(), 2);
-    QCOMPARE(f.dialogs.styles.first(), desktop::MB_ICONEXCLAMATION);
-    question->cmdCancel->click();
-    QVERIFY(question->isHidden() && f.main().isHidden());
-    QVERIFY(f.code->flags.ShortcutsEnabled);
 
-    emit f.tray.doubleClicked();
-    QCOMPARE(question->txtPassword->text(), QString());
-    question->txtPassword->setText(u"Secret"_s);
-    question->cmdOK->click();
-    QVERIFY(f.main().isVisible() && question->isHidden());
-    instance::Lock other;
-    QVERIFY(!other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName));
-}
+    void firstDocument_data()
+    {
+        QTest::addColumn<QString>("firstTime");
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("saveOnExit");
+        QTest::addColumn<QString>("loadAction");
+        QTest::addColumn<QStringList>("opened");
+        const QString home = u"http://home.example/"_s;
+        const QString tour = u"corvane://www/qtour/index.html"_s;
+        const QStringList saved{u"http://saved1.example/"_s, home};
+        QTest::newRow("first start ignores the command line")
+            << u"True"_s << u"http://a/"_s << u"True"_s << u"1"_s << QStringList{tour};
+        QTest::newRow("command line") << u"False"_s << u"http://a/ b"_s << u"True"_s << u"1"_s
+                                      << QStringList{u"http://a/ b"_s};
+        QTest::newRow("quoted") << u"False"_s << u"\"/a b.html\""_s << u"False"_s << u"1"_s
+                                << QStringList{u"/a b.html"_s};
+        QTest::newRow("text behind the quote")
+            << u"False"_s << u"\"a\" b"_s << u"True"_s << u"1"_s << QStringList{u"a\" "_s};
+        QTest::newRow("nothing is saved") << u"False"_s << QString() << u"False"_s << u"1"_s << QStringList{home};
+        QTest::newRow("load") << u"False"_s << QString() << u"True"_s << u"1"_s << saved;
+        QTest::newRow("never load") << u"False"_s << QString() << u"True"_s << u"3"_s << QStringList();
+        QTest::newRow("unknown action") << u"False"_s << QString() << u"True"_s << u"0"_s << QStringList();
+        QTest::newRow("corrupt marker") << u"perhaps"_s << QString() << u"False"_s << u"1"_s << QStringList{home};
+    }
 
-void tst_Lifecycle::lostScreenBringsTheWindowBack()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    f.set(u"Settings", u"MainLeft", u"90000");
-    f.set(u"Settings", u"MainTop", u"-30000");
-    f.set(u"Settings", u"MainWidth", u"300000");
-    QVERIFY(f.start());
-    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    QVERIFY2(area.contains(f.main().pos()), qPrintable(QDebug::toString(f.main().geometry())));
-    QVERIFY(f.main().width() <= area.width());
-}
+    void firstDocument()
+    {
+        QFETCH(const QString, firstTime);
+        QFETCH(const QString, command);
+        QFETCH(const QString, saveOnExit);
+        QFETCH(const QString, loadAction);
+        QFETCH(const QStringList, opened);
+        MainFixture f;
+        f.set(u"Settings", u"FirstTime", firstTime);
+        f.set(u"General", u"SaveDocumentOnExit", saveOnExit);
+        f.set(u"General", u"LoadAction", loadAction);
+        f.set(u"Sites", u"SitesHome1", u"http://home.example/");
+        f.set(u"Settings", u"DocumentCount", u"2");
+        f.set(u"Settings", u"Document1", u"http://saved1.example/");
+        QVERIFY(f.start(command));
+        QCOMPARE(f.opened(), opened);
+        QCOMPARE(f.get(u"Settings", u"FirstTime"), firstTime == u"True"_s ? u"False"_s : firstTime);
+        // Without a document no command was taken out of service: the menu builder's state stands.
+        QVERIFY(f.main().m_cMenu->Enabled(f.main().m_cMenu->IndexForKey(u"mnuFileClose"_s)));
+    }
 
-void tst_Lifecycle::closeDuringAQuestionEndsIt()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    f.set(u"Settings", u"DocumentCount", u"1");
-    QTimer watch;
-    connect(&watch, &QTimer::timeout, &watch, [&] {
-        if (QApplication::activeModalWidget())
-            f.main().Unload();
-    });
-    watch.start(0);
-    // The start goes no further than the close: no window, no mark.
-    QVERIFY(f.start());
-    QVERIFY(f.main().isUnloaded());
-    QVERIFY(!f.main().isVisible());
-    QVERIFY(!f.code->isMarked());
-    QCOMPARE(f.opened(), QStringList());
-}
+    void modifyMenuFollowsTheDocuments()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start());
+        controls::PopupMenu &menu = *f.main().m_cMenu;
+        const auto disabled = [&] {
+            QStringList keys;
+            for (const int top : menu.Children(0))
+                for (const int item : menu.Children(top))
+                    if (!menu.Enabled(item))
+                        keys += menu.ItemKey(item);
+            return keys;
+        };
+        const auto buttons = [&] {
+            QString states;
+            for (int i = 0; i < f.main().Toolbar1->ButtonCount(); ++i)
+                states += f.main().Toolbar1->ButtonEnabled(i) ? u'+' : u'-';
+            return states;
+        };
+        QCOMPARE(disabled(), QStringList());
+        f.main().LoadNewDoc(u"http://a/"_s);
+        f.main().LoadNewDoc(u"http://b/"_s);
+        QCOMPARE(disabled(), QStringList());
+        // The seventh is a separator.
+        QCOMPARE(buttons(), u"+++++++-+++"_s);
+        f.main().ActiveForm()->Unload();
+        QCOMPARE(disabled(), QStringList());
+        f.main().ActiveForm()->Unload();
+        QCOMPARE(disabled().size(), 20);
+        QVERIFY(disabled().contains(u"mnuFileClose"_s) && disabled().contains(u"mnuViewTabs"_s));
+        QVERIFY(!disabled().contains(u"mnuFileNew"_s) && !disabled().contains(u"mnuFileOpen"_s));
+        QCOMPARE(buttons(), u"+----++-+++"_s);
+        QVERIFY(!f.main().ActiveForm());
+    }
+
+    void minimisingHidesIntoTheTray_data()
+    {
+        QTest::addColumn<bool>("toTray");
+        QTest::addColumn<bool>("trayThere");
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<bool>("hidden");
+        QTest::addColumn<bool>("lockFree");
+        QTest::newRow("tray") << true << true << QString() << true << false;
+        QTest::newRow("locked in the tray") << true << true << u"secret"_s << true << true;
+        QTest::newRow("no tray on this desktop") << true << false << u"secret"_s << false << false;
+        QTest::newRow("off") << false << true << u"secret"_s << false << false;
+    }
+
+    void minimisingHidesIntoTheTray()
+    {
+        QFETCH(const bool, toTray);
+        QFETCH(const bool, trayThere);
+        QFETCH(const QString, password);
+        QFETCH(const bool, hidden);
+        QFETCH(const bool, lockFree);
+        MainFixture f;
+        f.tray.available = trayThere;
+        f.seedQuietStart();
+        f.set(u"General", u"MinimizeToTray", fromBoolean(toTray));
+        f.set(u"General", u"TrayPassword", password);
+        QVERIFY(f.start());
+        QCOMPARE(f.tray.tip, toTray ? u"Corvane v2.0.0025"_s : QString());
+        f.main().navigator->show();
+        f.main().setWindowState(Qt::WindowMinimized);
+        QTRY_COMPARE(f.main().isHidden(), hidden);
+        QCOMPARE(f.main().navigator->isHidden(), hidden);
+
+        instance::Lock other;
+        QCOMPARE(other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName), lockFree);
+        other.release();
+
+        // What a minimised window stores as its geometry is what it had before.
+        f.set(u"Settings", u"MainLeft", u"4500");
+        f.set(u"Settings", u"NavigatorWidth", u"4650");
+        f.close();
+        QCOMPARE(f.get(u"Settings", u"MainLeft"), u"4500"_s);
+        QCOMPARE(f.get(u"Settings", u"NavigatorWidth"), u"4650"_s);
+        QCOMPARE(f.get(u"Settings", u"MainMaximized"), u"False"_s);
+        QCOMPARE(f.tray.tip, QString());
+    }
+
+    void trayAsksForThePassword()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        f.set(u"General", u"TrayPassword", u"Secret");
+        QVERIFY(f.start());
+        f.main().setWindowState(Qt::WindowMinimized);
+        QTRY_VERIFY(f.main().isHidden());
+        emit f.tray.doubleClicked();
+        auto *question = f.main().findChild<frmPassword *>();
+        QVERIFY(question && question->isVisible());
+        QVERIFY(!f.code->flags.ShortcutsEnabled);
+        for (const QString &wrong : {u"secret"_s, QString()}) {
+            question->txtPassword->setText(wrong);
+            question->cmdOK->click();
+            QVERIFY(question->isVisible() && f.main().isHidden());
+        }
+        QCOMPARE(f.dialogs.messages.size(), 2);
+        QCOMPARE(f.dialogs.styles.first(), desktop::MB_ICONEXCLAMATION);
+        question->cmdCancel->click();
+        QVERIFY(question->isHidden() && f.main().isHidden());
+        QVERIFY(f.code->flags.ShortcutsEnabled);
+
+        emit f.tray.doubleClicked();
+        QCOMPARE(question->txtPassword->text(), QString());
+        question->txtPassword->setText(u"Secret"_s);
+        question->cmdOK->click();
+        QVERIFY(f.main().isVisible() && question->isHidden());
+        instance::Lock other;
+        QVERIFY(!other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName));
+    }
+
+    void lostScreenBringsTheWindowBack()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        f.set(u"Settings", u"MainLeft", u"90000");
+        f.set(u"Settings", u"MainTop", u"-30000");
+        f.set(u"Settings", u"MainWidth", u"300000");
+        QVERIFY(f.start());
+        const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+        QVERIFY2(area.contains(f.main().pos()), qPrintable(QDebug::toString(f.main().geometry())));
+        QVERIFY(f.main().width() <= area.width());
+    }
+
+    void closeDuringAQuestionEndsIt()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        f.set(u"Settings", u"DocumentCount", u"1");
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, &watch, [&] {
+            if (QApplication::activeModalWidget())
+                f.main().Unload();
+        });
+        watch.start(0);
+        // The start goes no further than the close: no window, no mark.
+        QVERIFY(f.start());
+        QVERIFY(f.main().isUnloaded());
+        QVERIFY(!f.main().isVisible());
+        QVERIFY(!f.code->isMarked());
+        QCOMPARE(f.opened(), QStringList());
+    }
+};
 
 QTEST_MAIN(tst_Lifecycle)
 #include "tst_lifecycle.moc"

@@ -16,20 +16,296 @@ class tst_Menus : public QObject
 private slots:
     void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
 
-    void everyKeyHasAnEntry();
-    void shapeOfTheMainMenu();
-    void windowMenuListsDocuments_data();
-    void windowMenuListsDocuments();
-    void windowMenuActivates();
-    void togglesMoveTheirMark_data();
-    void togglesMoveTheirMark();
-    void contentChoicesReachAllDocuments();
-    void siteCommands_data();
-    void siteCommands();
-    void textSizeStaysInItsRange();
-    void openTakesTheFileAsCaption();
-    void alignMovesTheBands();
-    void aboutSilencesShortcuts();
+    void everyKeyHasAnEntry()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start());
+        const frmMain &main = f.main();
+        // The tab strip answers these itself.
+        const QStringList elsewhere{u"mnuTabRefresh"_s, u"mnuTabClose"_s, u"mnuTabToggleShrink"_s, u"mnuTabDuplicate"_s,
+                                    u"mnuTabCancel"_s};
+        QStringList missing;
+        int items = 0;
+        const std::function<void(const controls::PopupMenu &, int)> walk = [&](const controls::PopupMenu &menu,
+                                                                               int parent) {
+            for (const int item : menu.Children(parent)) {
+                ++items;
+                const QString key = menu.ItemKey(item);
+                walk(menu, item);
+                const bool silent =
+                    menu.Caption(item) == u"-"_s || !menu.Children(item).empty() || key.startsWith(u"mnuWin"_s);
+                if (!silent && !elsewhere.contains(key) && !Commands::knows(key))
+                    missing += key;
+            }
+        };
+        for (const auto &menu : {&main.m_cMenu, &main.m_cNew, &main.m_cNavToolbar, &main.m_cSitesToolbar,
+                                 &main.m_cTabMenu, &main.m_cRefresh, &main.m_cStop})
+            walk(**menu, 0);
+        QCOMPARE(missing, QStringList());
+        QCOMPARE(items, 100 + 10 + 5 + 7 + 16 + 1 + 1);
+        QVERIFY(!Commands::knows(u"mnuFile"_s));
+        for (int i = 0; i < main.Toolbar1->ButtonCount(); ++i)
+            QVERIFY(main.Toolbar1->ButtonKey(i).isEmpty() || Commands::knows(main.Toolbar1->ButtonKey(i)));
+    }
+
+    void windowMenuListsDocuments_data()
+    {
+        QTest::addColumn<int>("documents");
+        QTest::addColumn<int>("lines");
+        QTest::newRow("none") << 0 << 0;
+        QTest::newRow("one") << 1 << 1;
+        QTest::newRow("twelve") << 12 << 11;
+    }
+
+    void windowMenuListsDocuments()
+    {
+        QFETCH(const int, documents);
+        QFETCH(const int, lines);
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start());
+        for (int i = 1; i <= documents; ++i)
+            f.main().LoadNewDoc(u"http://%1.example/"_s.arg(i));
+        if (documents > 1)
+            f.main().mdi->activateForm(f.main().mdi->forms().at(1));
+        if (documents > 0)
+            f.main().ActiveForm()->setCaption(QString(33, u'x'));
+        controls::PopupMenu &menu = *f.main().m_cMenu;
+        openMenu(f.main(), u"mnuWindow"_s);
+        openMenu(f.main(), u"mnuWindow"_s);
+
+        std::vector<int> items = menu.Children(menu.IndexForKey(u"mnuWindow"_s));
+        QCOMPARE(static_cast<int>(items.size()), 9 + (lines > 0 ? 1 + lines : 0));
+        QCOMPARE(menu.ItemKey(items[0]), u"mnuSkin"_s);
+        QCOMPARE(menu.ItemData(items[0]), -8000);
+        for (const int position : {7, 8}) {
+            QCOMPARE(menu.Enabled(items[position]), documents >= 2);
+            QCOMPARE(menu.ItemData(items[position]), -7998 - position);
+        }
+        if (lines == 0)
+            return;
+        items.erase(items.begin(), items.begin() + 10);
+        QCOMPARE(menu.Caption(items[0]), u"&1) "_s + QString(32, u'x') + u"..."_s);
+        QCOMPARE(menu.ItemKey(items[0]), u"mnuWin(8)"_s);
+        QStringList captions;
+        for (const int item : items) {
+            QCOMPARE(menu.Checked(item), item == items[0]);
+            captions += menu.Caption(item);
+        }
+        if (documents > 1)
+            QCOMPARE(captions[1], u"&2) http://1.example/"_s);
+        if (documents > 2)
+            QCOMPARE(captions[2], u"&3) http://3.example/"_s);
+        if (documents <= 10)
+            return;
+        QCOMPARE(captions.last(), u"&More Windows..."_s);
+        QCOMPARE(menu.ItemData(items.back()), -8007);
+        emit menu.Click(items.back());
+        auto *windows = f.main().findChild<frmWindows *>();
+        QVERIFY(windows);
+        QCOMPARE(windows->lstWindows->count(), documents);
+        QCOMPARE(windows->lstWindows->currentRow(), 1);
+        windows->lstWindows->setCurrentRow(11);
+        windows->btnOk->click();
+        QCOMPARE(f.main().mdi->activeForm(), f.main().mdi->forms().at(11));
+    }
+
+    void windowMenuActivates()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start());
+        for (const char16_t *url : {u"http://1/", u"http://2/", u"http://3/"})
+            f.main().LoadNewDoc(QString::fromUtf16(url));
+        const QList<QWidget *> forms = f.main().mdi->forms();
+        openMenu(f.main(), u"mnuWindow"_s);
+        click(f.main(), u"mnuWin(9)"_s);
+        QCOMPARE(f.main().mdi->activeForm(), forms[0]);
+
+        // The document behind a line goes while the menu is open.
+        openMenu(f.main(), u"mnuWindow"_s);
+        qobject_cast<Document *>(forms[1])->Unload();
+        DocumentFixture::deleteClosed();
+        click(f.main(), u"mnuWin(9)"_s);
+        QCOMPARE(f.main().mdi->activeForm(), forms[0]);
+
+        openMenu(f.main(), u"mnuWindow"_s);
+        click(f.main(), u"mnuWin(5)"_s);
+        QCOMPARE(f.main().mdi->activeForm(), forms[2]);
+        click(f.main(), u"mnuWin(0)"_s);
+        QCOMPARE(f.main().mdi->WindowState(forms[0]), controls::vbNormal);
+        click(f.main(), u"mnuWin(2)"_s);
+        QCOMPARE(f.main().mdi->WindowState(forms[0]), controls::vbMaximized);
+        click(f.main(), u"mnuWin(3)"_s);
+        QCOMPARE(f.main().mdi->WindowState(forms[0]), controls::vbMinimized);
+        QCOMPARE(f.main().mdi->WindowState(forms[2]), controls::vbMinimized);
+    }
+
+    void togglesMoveTheirMark_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("band");
+        QTest::newRow("browse toolbar") << u"mnuViewBrowseToolbar"_s << u"Toolbar1"_s;
+        QTest::newRow("sites toolbar") << u"mnuViewSitesToolbar"_s << u"Toolbar2"_s;
+        QTest::newRow("address bar") << u"mnuViewAddressBar"_s << u"Addressbar"_s;
+        QTest::newRow("tabs bar") << u"mnuViewTabsBar"_s << u"Tabbar"_s;
+        QTest::newRow("status bar") << u"mnuViewStatusBar"_s << QString();
+        QTest::newRow("navigator") << u"mnuViewNavigator"_s << QString();
+    }
+
+    void togglesMoveTheirMark()
+    {
+        QFETCH(const QString, key);
+        QFETCH(const QString, band);
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start());
+        frmMain &main = f.main();
+        const auto shown = [&] {
+            if (!band.isEmpty())
+                return main.cReBar1->BandVisible(main.cReBar1->BandIndexForKey(band));
+            return key == u"mnuViewNavigator"_s ? main.navigator->isVisible() : main.vbalStatusBar1->isVisible();
+        };
+        bool expected = shown();
+        for (int i = 0; i < 2; ++i) {
+            click(main, key);
+            expected = !expected;
+            QCOMPARE(shown(), expected);
+            QCOMPARE(main.m_cMenu->Checked(main.m_cMenu->IndexForKey(key)), expected);
+        }
+        if (key == u"mnuViewNavigator"_s) {
+            click(main, key);
+            main.navigator->close();
+            QVERIFY(!main.m_cMenu->Checked(main.m_cMenu->IndexForKey(key)));
+        }
+    }
+
+    void contentChoicesReachAllDocuments()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start(u"http://1/"_s));
+        f.main().LoadNewDoc(u"http://2/"_s);
+        const auto forget = [&] {
+            for (const auto &browser : f.engine.browsers)
+                browser->calls.clear();
+        };
+        forget();
+        click(f.main(), u"mnuContentImage"_s);
+        QVERIFY(!f.settings().EnableImages);
+        QVERIFY(!f.main().m_cMenu->Checked(f.main().m_cMenu->IndexForKey(u"mnuContentImage"_s)));
+        for (const auto &browser : f.engine.browsers)
+            QCOMPARE(browser->calls, (QStringList{u"ambient -5512 96"_s, u"Refresh2 3"_s}));
+
+        // Flash has no bit of its own: the pages are only loaded anew. Page errors touch nothing else.
+        forget();
+        f.main().mnuContentFlash();
+        QVERIFY(!f.settings().EnableFlash);
+        click(f.main(), u"mnuContentSuppressErrors"_s);
+        for (const auto &browser : f.engine.browsers)
+            QCOMPARE(browser->calls, QStringList{u"Refresh2 3"_s});
+
+        forget();
+        click(f.main(), u"mnuContentSuppressScriptErrors"_s);
+        QCOMPARE(f.engine.browsers[0]->calls, QStringList());
+        QCOMPARE(f.engine.browsers[1]->calls, QStringList{u"Silent True"_s});
+    }
+
+    void siteCommands_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<bool>("newTabSetting");
+        QTest::addColumn<QString>("withoutDocument");
+        QTest::addColumn<QString>("withDocument");
+        // What the browsers are sent: "a|b" in two documents, "a,b" in the same one.
+        const auto row = [](const char16_t *key, bool setting, const char16_t *without, const char16_t *with) {
+            QTest::addRow("%s %s", qPrintable(QString::fromUtf16(key)), setting ? "new tab" : "same tab")
+                << QString::fromUtf16(key) << setting << QString::fromUtf16(without) << QString::fromUtf16(with);
+        };
+        row(u"mnuNavigateHome1", true, u"h1,h1", u"x,h1");
+        row(u"mnuNavigateHome2", true, u"h2", u"x,h2");
+        row(u"mnuNavigateMail", true, u"mail,mail", u"x,mail");
+        row(u"Home", false, u"h1,h1", u"x,h1");
+        row(u"Home", true, u"h1", u"x|h1");
+        row(u"Home2", false, u"h2", u"x,h2");
+        row(u"News", true, u"news", u"x|news");
+        row(u"Mail", true, u"mail", u"x|mail");
+        row(u"New", false, u"h1", u"x|h1");
+        row(u"mnuFileNew", false, u"h1", u"x|h1");
+        row(u"mnuNewCurrent", false, u"h1", u"x|x");
+        row(u"mnuNewClipboard", false, u"clip", u"x|clip");
+        row(u"mnuHelpContents", false, u"corvane://www/help.html", u"x|corvane://www/help.html");
+    }
+
+    void siteCommands()
+    {
+        QFETCH(const QString, key);
+        QFETCH(const bool, newTabSetting);
+        QFETCH(const QString, withoutDocument);
+        QFETCH(const QString, withDocument);
+        QGuiApplication::clipboard()->setText(u"clip"_s);
+        for (const bool document : {false, true}) {
+            MainFixture f;
+            f.seedQuietStart();
+            for (const auto &[name, address] : {std::pair{u"SitesHome1", u"h1"},
+                                                {u"SitesHome2", u"h2"},
+                                                {u"SitesMail", u"mail"},
+                                                {u"SitesSearch", u"search"},
+                                                {u"SitesNews", u"news"}})
+                f.set(u"Sites", name, address);
+            f.set(u"Control", u"ControlNavNew", fromBoolean(newTabSetting));
+            QVERIFY(f.start(document ? u"x"_s : QString()));
+            if (document)
+                f.engine.browsers[0]->address = u"x"_s;
+            QVERIFY(f.main().commands().run(key));
+            QStringList sent;
+            for (const auto &browser : f.engine.browsers)
+                sent += browser->calls.filter(u"Navigate2"_s).join(u',').remove(u"Navigate2 "_s);
+            QCOMPARE(sent.join(u'|'), document ? withDocument : withoutDocument);
+        }
+    }
+
+    void textSizeStaysInItsRange()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start());
+        // No document: nothing to do, nothing goes wrong.
+        for (const char16_t *key :
+             {u"mnuEditIncFont", u"mnuEditResetFont", u"mnuFilePrint", u"mnuNavigateBack", u"mnuFileClose"})
+            click(f.main(), QString::fromUtf16(key));
+
+        f.main().LoadNewDoc(u"x"_s);
+        ScriptedBrowser &browser = *f.engine.browsers.last();
+        const auto written = [&](int now, QStringView key) {
+            browser.execResult = now;
+            browser.calls.clear();
+            click(f.main(), key.toString());
+            return browser.calls.last();
+        };
+        QVERIFY(written(4, u"mnuEditIncFont").endsWith(u" 4"_s));
+        QVERIFY(written(2, u"mnuEditIncFont").endsWith(u" 3"_s));
+        QVERIFY(written(0, u"mnuEditDecFont").endsWith(u" 0"_s));
+        QVERIFY(written(3, u"mnuEditDecFont").endsWith(u" 2"_s));
+    }
+
+    void alignMovesTheBands()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start(u"x"_s));
+        frmMain &main = f.main();
+        main.resize(600, 500);
+        QTRY_VERIFY(main.picHolder->y() < main.mdi->y());
+        click(main, u"mnuAlignBottom"_s);
+        QTRY_VERIFY(main.picHolder->y() > main.mdi->y());
+        QVERIFY(main.picHolder->geometry().bottom() < main.vbalStatusBar1->y());
+        QVERIFY(main.m_cMenu->RadioChecked(main.m_cMenu->IndexForKey(u"mnuAlignBottom"_s)));
+        QVERIFY(!main.m_cMenu->RadioChecked(main.m_cMenu->IndexForKey(u"mnuAlignTop"_s)));
+        click(main, u"mnuAlignTop"_s);
+        QTRY_VERIFY(main.picHolder->y() < main.mdi->y());
+    }
 
 private:
     static void click(frmMain &main, const QString &key)
@@ -38,357 +314,12 @@ private:
         QVERIFY(item > 0);
         emit main.m_cMenu->Click(item);
     }
+
     static void openMenu(frmMain &main, const QString &key)
     {
         emit main.m_cMenu->InitPopupMenu(main.m_cMenu->IndexForKey(key));
     }
 };
-
-void tst_Menus::everyKeyHasAnEntry()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    const frmMain &main = f.main();
-    // The tab strip answers these itself.
-    const QStringList elsewhere{u"mnuTabRefresh"_s, u"mnuTabClose"_s, u"mnuTabToggleShrink"_s, u"mnuTabDuplicate"_s,
-                                u"mnuTabCancel"_s};
-    QStringList missing;
-    int items = 0;
-    const std::function<void(const controls::PopupMenu &, int)> walk = [&](const controls::PopupMenu &menu,
-                                                                           int parent) {
-        for (const int item : menu.Children(parent)) {
-            ++items;
-            const QString key = menu.ItemKey(item);
-            walk(menu, item);
-            const bool silent =
-                menu.Caption(item) == u"-"_s || !menu.Children(item).empty() || key.startsWith(u"mnuWin"_s);
-            if (!silent && !elsewhere.contains(key) && !Commands::knows(key))
-                missing += key;
-        }
-    };
-    for (const auto &menu : {&main.m_cMenu, &main.m_cNew, &main.m_cNavToolbar, &main.m_cSitesToolbar, &main.m_cTabMenu,
-                             &main.m_cRefresh, &main.m_cStop})
-        walk(**menu, 0);
-    QCOMPARE(missing, QStringList());
-    QCOMPARE(items, 100 + 10 + 5 + 7 + 16 + 1 + 1);
-    QVERIFY(!Commands::knows(u"mnuFile"_s));
-    for (int i = 0; i < main.Toolbar1->ButtonCount(); ++i)
-        QVERIFY(main.Toolbar1->ButtonKey(i).isEmpty() || Commands::knows(main.Toolbar1->ButtonKey(i)));
-}
-
-void tst_Menus::shapeOfTheMainMenu()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    const controls::PopupMenu &menu = *f.main().m_cMenu;
-    QStringList tops;
-    for (const int item : menu.Children(0))
-        tops += menu.Caption(item);
-    QCOMPARE(tops, (QStringList{u"&File"_s, u"&Edit"_s, u"&View"_s, u"&Navigate"_s, u"&Content"_s, u"&Window"_s,
-                                u"&Help"_s}));
-    QCOMPARE(menu.Caption(menu.IndexForKey(u"mnuFileNew"_s)), u"&New\tCtrl+N"_s);
-    QCOMPARE(menu.Children(menu.IndexForKey(u"mnuTabAutoRefresh"_s)).size(), 6u);
-    QVERIFY(menu.RadioChecked(menu.IndexForKey(u"mnuAlignTop"_s)));
-    QVERIFY(!menu.RadioChecked(menu.IndexForKey(u"mnuAlignBottom"_s)));
-}
-
-void tst_Menus::windowMenuListsDocuments_data()
-{
-    QTest::addColumn<int>("documents");
-    QTest::addColumn<int>("lines");
-    QTest::newRow("none") << 0 << 0;
-    QTest::newRow("one") << 1 << 1;
-    QTest::newRow("two") << 2 << 2;
-    QTest::newRow("ten") << 10 << 10;
-    QTest::newRow("twelve") << 12 << 11;
-}
-
-void tst_Menus::windowMenuListsDocuments()
-{
-    QFETCH(const int, documents);
-    QFETCH(const int, lines);
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    for (int i = 1; i <= documents; ++i)
-        f.main().LoadNewDoc(u"http://%1.example/"_s.arg(i));
-    if (documents > 1)
-        f.main().mdi->activateForm(f.main().mdi->forms().at(1));
-    if (documents > 0)
-        f.main().ActiveForm()->setCaption(QString(33, u'x'));
-    controls::PopupMenu &menu = *f.main().m_cMenu;
-    openMenu(f.main(), u"mnuWindow"_s);
-    openMenu(f.main(), u"mnuWindow"_s);
-
-    std::vector<int> items = menu.Children(menu.IndexForKey(u"mnuWindow"_s));
-    QCOMPARE(static_cast<int>(items.size()), 9 + (lines > 0 ? 1 + lines : 0));
-    QCOMPARE(menu.ItemKey(items[0]), u"mnuSkin"_s);
-    QCOMPARE(menu.ItemData(items[0]), -8000);
-    for (const int position : {7, 8}) {
-        QCOMPARE(menu.Enabled(items[position]), documents >= 2);
-        QCOMPARE(menu.ItemData(items[position]), -7998 - position);
-    }
-    if (lines == 0)
-        return;
-    items.erase(items.begin(), items.begin() + 10);
-    QCOMPARE(menu.Caption(items[0]), u"&1) "_s + QString(32, u'x') + u"..."_s);
-    QCOMPARE(menu.ItemKey(items[0]), u"mnuWin(8)"_s);
-    QStringList captions;
-    for (const int item : items) {
-        QCOMPARE(menu.Checked(item), item == items[0]);
-        captions += menu.Caption(item);
-    }
-    if (documents > 1)
-        QCOMPARE(captions[1], u"&2) http://1.example/"_s);
-    if (documents > 2)
-        QCOMPARE(captions[2], u"&3) http://3.example/"_s);
-    if (documents <= 10)
-        return;
-    QCOMPARE(captions.last(), u"&More Windows..."_s);
-    QCOMPARE(menu.ItemData(items.back()), -8007);
-    emit menu.Click(items.back());
-    auto *windows = f.main().findChild<frmWindows *>();
-    QVERIFY(windows);
-    QCOMPARE(windows->lstWindows->count(), documents);
-    QCOMPARE(windows->lstWindows->currentRow(), 1);
-    windows->lstWindows->setCurrentRow(11);
-    windows->btnOk->click();
-    QCOMPARE(f.main().mdi->activeForm(), f.main().mdi->forms().at(11));
-}
-
-void tst_Menus::windowMenuActivates()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    for (const char16_t *url : {u"http://1/", u"http://2/", u"http://3/"})
-        f.main().LoadNewDoc(QString::fromUtf16(url));
-    const QList<QWidget *> forms = f.main().mdi->forms();
-    openMenu(f.main(), u"mnuWindow"_s);
-    click(f.main(), u"mnuWin(9)"_s);
-    QCOMPARE(f.main().mdi->activeForm(), forms[0]);
-
-    // The document behind a line goes while the menu is open.
-    openMenu(f.main(), u"mnuWindow"_s);
-    qobject_cast<Document *>(forms[1])->Unload();
-    DocumentFixture::deleteClosed();
-    click(f.main(), u"mnuWin(9)"_s);
-    QCOMPARE(f.main().mdi->activeForm(), forms[0]);
-
-    openMenu(f.main(), u"mnuWindow"_s);
-    click(f.main(), u"mnuWin(5)"_s);
-    QCOMPARE(f.main().mdi->activeForm(), forms[2]);
-    click(f.main(), u"mnuWin(0)"_s);
-    QCOMPARE(f.main().mdi->WindowState(forms[0]), controls::vbNormal);
-    click(f.main(), u"mnuWin(2)"_s);
-    QCOMPARE(f.main().mdi->WindowState(forms[0]), controls::vbMaximized);
-    click(f.main(), u"mnuWin(3)"_s);
-    QCOMPARE(f.main().mdi->WindowState(forms[0]), controls::vbMinimized);
-    QCOMPARE(f.main().mdi->WindowState(forms[2]), controls::vbMinimized);
-}
-
-void tst_Menus::togglesMoveTheirMark_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("band");
-    QTest::newRow("browse toolbar") << u"mnuViewBrowseToolbar"_s << u"Toolbar1"_s;
-    QTest::newRow("sites toolbar") << u"mnuViewSitesToolbar"_s << u"Toolbar2"_s;
-    QTest::newRow("address bar") << u"mnuViewAddressBar"_s << u"Addressbar"_s;
-    QTest::newRow("tabs bar") << u"mnuViewTabsBar"_s << u"Tabbar"_s;
-    QTest::newRow("status bar") << u"mnuViewStatusBar"_s << QString();
-    QTest::newRow("navigator") << u"mnuViewNavigator"_s << QString();
-}
-
-void tst_Menus::togglesMoveTheirMark()
-{
-    QFETCH(const QString, key);
-    QFETCH(const QString, band);
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    frmMain &main = f.main();
-    const auto shown = [&] {
-        if (!band.isEmpty())
-            return main.cReBar1->BandVisible(main.cReBar1->BandIndexForKey(band));
-        return key == u"mnuViewNavigator"_s ? main.navigator->isVisible() : main.vbalStatusBar1->isVisible();
-    };
-    bool expected = shown();
-    for (int i = 0; i < 2; ++i) {
-        click(main, key);
-        expected = !expected;
-        QCOMPARE(shown(), expected);
-        QCOMPARE(main.m_cMenu->Checked(main.m_cMenu->IndexForKey(key)), expected);
-    }
-    if (key == u"mnuViewNavigator"_s) {
-        click(main, key);
-        main.navigator->close();
-        QVERIFY(!main.m_cMenu->Checked(main.m_cMenu->IndexForKey(key)));
-    }
-}
-
-void tst_Menus::contentChoicesReachAllDocuments()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start(u"http://1/"_s));
-    f.main().LoadNewDoc(u"http://2/"_s);
-    const auto forget = [&] {
-        for (const auto &browser : f.engine.browsers)
-            browser->calls.clear();
-    };
-    forget();
-    click(f.main(), u"mnuContentImage"_s);
-    QVERIFY(!f.settings().EnableImages);
-    QVERIFY(!f.main().m_cMenu->Checked(f.main().m_cMenu->IndexForKey(u"mnuContentImage"_s)));
-    for (const auto &browser : f.engine.browsers)
-        QCOMPARE(browser->calls, (QStringList{u"ambient -5512 96"_s, u"Refresh2 3"_s}));
-
-    // Flash has no bit of its own: the pages are only loaded anew. Page errors touch nothing else.
-    forget();
-    f.main().mnuContentFlash();
-    QVERIFY(!f.settings().EnableFlash);
-    click(f.main(), u"mnuContentSuppressErrors"_s);
-    for (const auto &browser : f.engine.browsers)
-        QCOMPARE(browser->calls, QStringList{u"Refresh2 3"_s});
-
-    forget();
-    click(f.main(), u"mnuContentSuppressScriptErrors"_s);
-    QCOMPARE(f.engine.browsers[0]->calls, QStringList());
-    QCOMPARE(f.engine.browsers[1]->calls, QStringList{u"Silent True"_s});
-}
-
-void tst_Menus::siteCommands_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<bool>("newTabSetting");
-    QTest::addColumn<QString>("withoutDocument");
-    QTest::addColumn<QString>("withDocument");
-    // What the browsers are sent: "a|b" in two documents, "a,b" in the same one.
-    const auto row = [](const char16_t *key, bool setting, const char16_t *without, const char16_t *with) {
-        QTest::addRow("%s %s", qPrintable(QString::fromUtf16(key)), setting ? "new tab" : "same tab")
-            << QString::fromUtf16(key) << setting << QString::fromUtf16(without) << QString::fromUtf16(with);
-    };
-    row(u"mnuNavigateHome1", true, u"h1,h1", u"x,h1");
-    row(u"mnuNavigateHome2", true, u"h2", u"x,h2");
-    row(u"mnuNavigateMail", true, u"mail,mail", u"x,mail");
-    row(u"mnuNavigateSearch", true, u"search,search", u"x,search");
-    row(u"mnuNavigateNews", true, u"news,news", u"x,news");
-    row(u"Home", false, u"h1,h1", u"x,h1");
-    row(u"Home", true, u"h1", u"x|h1");
-    row(u"Home2", false, u"h2", u"x,h2");
-    row(u"News", true, u"news", u"x|news");
-    row(u"Search", false, u"search,search", u"x,search");
-    row(u"Mail", true, u"mail", u"x|mail");
-    row(u"New", false, u"h1", u"x|h1");
-    row(u"mnuFileNew", false, u"h1", u"x|h1");
-    row(u"mnuNewEmail", false, u"mail", u"x|mail");
-    row(u"mnuNewBlank", false, u"about:blank", u"x|about:blank");
-    row(u"mnuNewCurrent", false, u"h1", u"x|x");
-    row(u"mnuNewClipboard", false, u"clip", u"x|clip");
-    row(u"mnuHelpContents", false, u"corvane://www/help.html", u"x|corvane://www/help.html");
-}
-
-void tst_Menus::siteCommands()
-{
-    QFETCH(const QString, key);
-    QFETCH(const bool, newTabSetting);
-    QFETCH(const QString, withoutDocument);
-    QFETCH(const QString, withDocument);
-    QGuiApplication::clipboard()->setText(u"clip"_s);
-    for (const bool document : {false, true}) {
-        MainFixture f;
-        f.seedQuietStart();
-        for (const auto &[name, address] : {std::pair{u"SitesHome1", u"h1"},
-                                            {u"SitesHome2", u"h2"},
-                                            {u"SitesMail", u"mail"},
-                                            {u"SitesSearch", u"search"},
-                                            {u"SitesNews", u"news"}})
-            f.set(u"Sites", name, address);
-        f.set(u"Control", u"ControlNavNew", fromBoolean(newTabSetting));
-        QVERIFY(f.start(document ? u"x"_s : QString()));
-        if (document)
-            f.engine.browsers[0]->address = u"x"_s;
-        QVERIFY(f.main().commands().run(key));
-        QStringList sent;
-        for (const auto &browser : f.engine.browsers)
-            sent += browser->calls.filter(u"Navigate2"_s).join(u',').remove(u"Navigate2 "_s);
-        QCOMPARE(sent.join(u'|'), document ? withDocument : withoutDocument);
-    }
-}
-
-void tst_Menus::textSizeStaysInItsRange()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    // No document: nothing to do, nothing goes wrong.
-    for (const char16_t *key :
-         {u"mnuEditIncFont", u"mnuEditResetFont", u"mnuFilePrint", u"mnuNavigateBack", u"mnuFileClose"})
-        click(f.main(), QString::fromUtf16(key));
-
-    f.main().LoadNewDoc(u"x"_s);
-    ScriptedBrowser &browser = *f.engine.browsers.last();
-    const auto written = [&](int now, QStringView key) {
-        browser.execResult = now;
-        browser.calls.clear();
-        click(f.main(), key.toString());
-        return browser.calls.last();
-    };
-    QVERIFY(written(4, u"mnuEditIncFont").endsWith(u" 4"_s));
-    QVERIFY(written(2, u"mnuEditIncFont").endsWith(u" 3"_s));
-    QVERIFY(written(0, u"mnuEditDecFont").endsWith(u" 0"_s));
-    QVERIFY(written(3, u"mnuEditDecFont").endsWith(u" 2"_s));
-}
-
-void tst_Menus::openTakesTheFileAsCaption()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    f.dialogs.file.clear();
-    click(f.main(), u"mnuFileOpen"_s);
-    QCOMPARE(f.opened(), QStringList());
-    QCOMPARE(f.dialogs.asked, QStringList{u"Open|HTML Files (*.htm,*.html,*.url)|*.htm;*html;*.url"_s});
-    f.dialogs.file = u"/tmp/a page.htm"_s;
-    click(f.main(), u"mnuFileOpen"_s);
-    QCOMPARE(f.opened(), QStringList{u"/tmp/a page.htm"_s});
-    QCOMPARE(f.main().ActiveForm()->Caption(), u"/tmp/a page.htm"_s);
-}
-
-void tst_Menus::alignMovesTheBands()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start(u"x"_s));
-    frmMain &main = f.main();
-    main.resize(600, 500);
-    QTRY_VERIFY(main.picHolder->y() < main.mdi->y());
-    click(main, u"mnuAlignBottom"_s);
-    QTRY_VERIFY(main.picHolder->y() > main.mdi->y());
-    QVERIFY(main.picHolder->geometry().bottom() < main.vbalStatusBar1->y());
-    QVERIFY(main.m_cMenu->RadioChecked(main.m_cMenu->IndexForKey(u"mnuAlignBottom"_s)));
-    QVERIFY(!main.m_cMenu->RadioChecked(main.m_cMenu->IndexForKey(u"mnuAlignTop"_s)));
-    click(main, u"mnuAlignTop"_s);
-    QTRY_VERIFY(main.picHolder->y() < main.mdi->y());
-}
-
-void tst_Menus::aboutSilencesShortcuts()
-{
-    MainFixture f;
-    f.seedQuietStart();
-    QVERIFY(f.start());
-    click(f.main(), u"mnuHelpAbout"_s);
-    auto *about = f.main().findChild<frmAbout *>();
-    QVERIFY(about && about->isModal());
-    QCOMPARE(about->windowTitle(), u"About Corvane"_s);
-    QVERIFY(!f.code->flags.ShortcutsEnabled);
-    const QPointer<frmAbout> guard(about);
-    about->done(0);
-    QTRY_VERIFY(!guard);
-    QVERIFY(f.code->flags.ShortcutsEnabled);
-}
 
 QTEST_MAIN(tst_Menus)
 #include "tst_menus.moc"

@@ -13,95 +13,70 @@ class tst_HandOverMessage : public QObject
     Q_OBJECT
 
 private slots:
-    void messages_data();
-    void messages();
-    void wire();
-    void decoding_data();
-    void decoding();
-    void commandLines();
+    void messages_data()
+    {
+        QTest::addColumn<QByteArray>("commandLine");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<uint>("length");
+        QTest::newRow("address") << QByteArray("http://a.example/ b  c") << QByteArray("http://a.example/ b  c") << 22U;
+        QTest::newRow("nothing") << QByteArray() << QByteArray("\0", 1) << 0U;
+        QTest::newRow("quoted path") << QByteArray("\"/a b.html\"") << QByteArray("/a b.html") << 9U;
+        QTest::newRow("text behind the quotes") << QByteArray("\"/a b\" -x") << QByteArray("/a b\" -") << 7U;
+        QTest::newRow("quotes around nothing") << QByteArray("\"\"") << QByteArray("\0", 1) << 0U;
+        QTest::newRow("one quote") << QByteArray("\"") << QByteArray("\0", 1) << 0U;
+        QTest::newRow("quote inside") << QByteArray("a\"b\"") << QByteArray("a\"b\"") << 4U;
+        // a with two dots has two bytes, the face has four bytes and two UTF-16 units.
+        QTest::newRow("UTF-8") << QByteArray("\xC3\xA4\xF0\x9F\x98\x80") << QByteArray("\xC3\xA4\xF0\x9F\x98\x80")
+                               << 3U;
+        QTest::newRow("last character of several bytes") << QByteArray("\"a\xF0\x9F\x98\x80") << QByteArray("a") << 1U;
+    }
+
+    void messages()
+    {
+        QFETCH(QByteArray, commandLine);
+        const instance::CopyData message = instance::handOverMessage(commandLine.toStdString());
+        QTEST(QByteArray::fromStdString(message.bytes), "bytes");
+        QTEST(message.dwData, "length");
+    }
+
+    void wire()
+    {
+        const std::string bytes = instance::serialize({0x01020304, "xyz"});
+        QCOMPARE(QByteArray::fromStdString(bytes), QByteArray("\x04\x03\x02\x01\x03\0\0\0xyz", 11));
+        instance::CopyData message;
+        // A message that arrives byte by byte is complete with its last byte and not before.
+        for (size_t count = 0; count < bytes.size(); ++count)
+            QCOMPARE(instance::decode(std::string_view(bytes).substr(0, count), message),
+                     instance::Decoded::Incomplete);
+        QCOMPARE(instance::decode(bytes + "more", message), instance::Decoded::Complete);
+        QCOMPARE(message.dwData, 0x01020304U);
+        QCOMPARE(QByteArray::fromStdString(message.bytes), "xyz");
+    }
+
+    void commandLines()
+    {
+        QTemporaryDir folder;
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(folder.path()));
+        QFile file(u"a page.html"_s);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(QDir().mkdir(u"folder"_s));
+        const auto joined = [](std::initializer_list<const char *> arguments) {
+            std::vector<const char *> argv{"corvane"};
+            argv.insert(argv.end(), arguments);
+            return QString::fromStdString(instance::commandLine(int(argv.size()), argv.data()));
+        };
+        const QString here = QDir::currentPath();
+        QCOMPARE(joined({}), QString());
+        QCOMPARE(joined({"www.a.example"}), u"www.a.example"_s);
+        QCOMPARE(joined({"a", "", "b c"}), u"a  b c"_s);
+        QCOMPARE(joined({"a page.html"}), here + u"/a page.html"_s);
+        QCOMPARE(joined({"x", "./a page.html"}), u"x "_s + here + u"/./a page.html"_s);
+        QCOMPARE(joined({qPrintable(here + u"/a page.html"_s)}), here + u"/a page.html"_s);
+        QCOMPARE(joined({"folder", "absent.html"}), u"folder absent.html"_s);
+        QDir::setCurrent(before);
+    }
 };
-
-void tst_HandOverMessage::messages_data()
-{
-    QTest::addColumn<QByteArray>("commandLine");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<uint>("length");
-    QTest::newRow("address") << QByteArray("http://a.example/ b  c") << QByteArray("http://a.example/ b  c") << 22U;
-    QTest::newRow("nothing") << QByteArray() << QByteArray("\0", 1) << 0U;
-    QTest::newRow("quoted path") << QByteArray("\"/a b.html\"") << QByteArray("/a b.html") << 9U;
-    QTest::newRow("text behind the quotes") << QByteArray("\"/a b\" -x") << QByteArray("/a b\" -") << 7U;
-    QTest::newRow("quotes around nothing") << QByteArray("\"\"") << QByteArray("\0", 1) << 0U;
-    QTest::newRow("one quote") << QByteArray("\"") << QByteArray("\0", 1) << 0U;
-    QTest::newRow("quote inside") << QByteArray("a\"b\"") << QByteArray("a\"b\"") << 4U;
-    // a with two dots has two bytes, the face has four bytes and two UTF-16 units.
-    QTest::newRow("UTF-8") << QByteArray("\xC3\xA4\xF0\x9F\x98\x80") << QByteArray("\xC3\xA4\xF0\x9F\x98\x80") << 3U;
-    QTest::newRow("last character of several bytes") << QByteArray("\"a\xF0\x9F\x98\x80") << QByteArray("a") << 1U;
-}
-
-void tst_HandOverMessage::messages()
-{
-    QFETCH(QByteArray, commandLine);
-    const instance::CopyData message = instance::handOverMessage(commandLine.toStdString());
-    QTEST(QByteArray::fromStdString(message.bytes), "bytes");
-    QTEST(message.dwData, "length");
-}
-
-void tst_HandOverMessage::wire()
-{
-    const std::string bytes = instance::serialize({0x01020304, "xyz"});
-    QCOMPARE(QByteArray::fromStdString(bytes), QByteArray("\x04\x03\x02\x01\x03\0\0\0xyz", 11));
-    instance::CopyData message;
-    // A message that arrives byte by byte is complete with its last byte and not before.
-    for (size_t count = 0; count < bytes.size(); ++count)
-        QCOMPARE(instance::decode(std::string_view(bytes).substr(0, count), message), instance::Decoded::Incomplete);
-    QCOMPARE(instance::decode(bytes + "more", message), instance::Decoded::Complete);
-    QCOMPARE(message.dwData, 0x01020304U);
-    QCOMPARE(QByteArray::fromStdString(message.bytes), "xyz");
-}
-
-void tst_HandOverMessage::decoding_data()
-{
-    QTest::addColumn<QByteArray>("header");
-    QTest::addColumn<bool>("refused");
-    QTest::newRow("no bytes") << QByteArray("\0\0\0\0\0\0\0\0", 8) << true;
-    QTest::newRow("negative size") << QByteArray("\0\0\0\0\xFF\xFF\xFF\xFF", 8) << true;
-    QTest::newRow("one too many") << QByteArray("\0\0\0\0\x01\0\x10\0", 8) << true;
-    QTest::newRow("as many as may be") << QByteArray("\0\0\0\0\0\0\x10\0", 8) << false;
-    QTest::newRow("text") << QByteArray("GET / HTTP/1.1\r\n") << true;
-}
-
-void tst_HandOverMessage::decoding()
-{
-    QFETCH(QByteArray, header);
-    QFETCH(bool, refused);
-    instance::CopyData message;
-    QCOMPARE(instance::decode(header.toStdString(), message),
-             refused ? instance::Decoded::Refused : instance::Decoded::Incomplete);
-}
-
-void tst_HandOverMessage::commandLines()
-{
-    QTemporaryDir folder;
-    const QString before = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(folder.path()));
-    QFile file(u"a page.html"_s);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(QDir().mkdir(u"folder"_s));
-    const auto joined = [](std::initializer_list<const char *> arguments) {
-        std::vector<const char *> argv{"corvane"};
-        argv.insert(argv.end(), arguments);
-        return QString::fromStdString(instance::commandLine(int(argv.size()), argv.data()));
-    };
-    const QString here = QDir::currentPath();
-    QCOMPARE(joined({}), QString());
-    QCOMPARE(joined({"www.a.example"}), u"www.a.example"_s);
-    QCOMPARE(joined({"a", "", "b c"}), u"a  b c"_s);
-    QCOMPARE(joined({"a page.html"}), here + u"/a page.html"_s);
-    QCOMPARE(joined({"x", "./a page.html"}), u"x "_s + here + u"/./a page.html"_s);
-    QCOMPARE(joined({qPrintable(here + u"/a page.html"_s)}), here + u"/a page.html"_s);
-    QCOMPARE(joined({"folder", "absent.html"}), u"folder absent.html"_s);
-    QDir::setCurrent(before);
-}
 
 QTEST_GUILESS_MAIN(tst_HandOverMessage)
 #include "tst_handovermessage.moc"

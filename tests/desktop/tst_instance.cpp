@@ -43,27 +43,259 @@ class tst_Instance : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_home = std::make_unique<QTemporaryDir>();
+        qputenv("CORVANE_HOME", m_home->path().toUtf8());
+        m_run = QString::fromStdString(instance::runtimeFolder());
+        QCOMPARE(m_run, m_home->filePath(u"run"_s));
+        m_lock = std::make_unique<instance::Lock>();
+        QVERIFY(m_lock->acquire(m_run.toStdString(), instance::kMutexName));
+        QVERIFY(m_lock->held());
+    }
 
-    void lockHasOneOwner();
-    void lockEndsWithItsProcess();
-    void lockWithoutAFolder();
-    void runtimeFolders();
+    void cleanup() { m_lock.reset(); }
 
-    void handOver_data();
-    void handOver();
-    void answerComesAfterTheReceiver();
-    void launcherWithoutARunningProgram();
-    void launcherWhileTheFirstIsLoading();
-    void severalMarks();
-    void deadSockets();
-    void foreignBytes_data();
-    void foreignBytes();
-    void silentAndSlowSenders();
-    void sendersThatGo();
-    void markThatEndsInItsReceiver();
-    void nobodyAnswers();
+    void lockHasOneOwner()
+    {
+        const std::string folder = m_run.toStdString();
+        instance::Lock second;
+        QVERIFY(!second.acquire(folder, instance::kMutexName));
+        QVERIFY(!second.held());
+        QVERIFY(instance::isOwned(folder, instance::kMutexName));
+        QVERIFY(!instance::isOwned(folder, "other"));
+        QVERIFY(second.acquire(folder, "other"));
+
+        // Given back for the way to the tray, taken by another program, and gone for the first until that has ended.
+        m_lock->release();
+        QVERIFY(!instance::isOwned(folder, instance::kMutexName));
+        {
+            instance::Lock third;
+            QVERIFY(third.acquire(folder, instance::kMutexName));
+            QVERIFY(!m_lock->acquire(folder, instance::kMutexName));
+        }
+        QVERIFY(m_lock->acquire(folder, instance::kMutexName));
+        QVERIFY(m_lock->held());
+        QVERIFY(m_lock->acquire(folder, instance::kMutexName));
+    }
+
+    void lockWithoutAFolder()
+    {
+        // Whatever else fails counts as owning it: the program starts.
+        for (const char *folder : {"", "/proc/no/such/folder", "/dev/null"}) {
+            instance::Lock lock;
+            QVERIFY(lock.acquire(folder, instance::kMutexName));
+            QVERIFY(!lock.held());
+            QVERIFY(!instance::isOwned(folder, instance::kMutexName));
+        }
+    }
+
+    void runtimeFolders()
+    {
+        const QByteArray run = m_run.toUtf8();
+        struct stat info;
+        QCOMPARE(stat(run.constData(), &info), 0);
+        QCOMPARE(info.st_mode & 0777, 0700U);
+        // Opened to others by somebody: closed again.
+        chmod(run.constData(), 0777);
+        QCOMPARE(QString::fromStdString(instance::runtimeFolder()), m_run);
+        QCOMPARE(stat(run.constData(), &info), 0);
+        QCOMPARE(info.st_mode & 0777, 0700U);
+        const Window window(m_run);
+        QCOMPARE(stat(onlyMark(m_run).toUtf8().constData(), &info), 0);
+        QCOMPARE(info.st_mode & 0777, 0600U);
+
+        // A link may lead to where others can write.
+        QTemporaryDir other;
+        qputenv("CORVANE_HOME", other.path().toUtf8());
+        QCOMPARE(symlink(run.constData(), other.filePath(u"run"_s).toUtf8().constData()), 0);
+        QCOMPARE(instance::runtimeFolder(), std::string());
+
+        const QByteArray usual = qgetenv("XDG_RUNTIME_DIR");
+        qunsetenv("CORVANE_HOME");
+        qputenv("XDG_RUNTIME_DIR", m_home->path().toUtf8());
+        QCOMPARE(QString::fromStdString(instance::runtimeFolder()), m_home->filePath(u"corvane"_s));
+        qputenv("XDG_RUNTIME_DIR", "/proc/none");
+        qputenv("TMPDIR", m_home->path().toUtf8());
+        QCOMPARE(QString::fromStdString(instance::runtimeFolder()), m_home->filePath(u"corvane-%1"_s.arg(geteuid())));
+        qunsetenv("TMPDIR");
+        qputenv("XDG_RUNTIME_DIR", usual);
+    }
+
+    void handOver_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("address") << QStringList{u"http://a.example/?b=c&d"_s} << QByteArray("http://a.example/?b=c&d");
+        QTest::newRow("no arguments") << QStringList() << QByteArray("\0", 1);
+        QTest::newRow("100 KB") << QStringList{QString(100 * 1024, u'x')} << QByteArray(100 * 1024, 'x');
+    }
+
+    void handOver()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QByteArray, bytes);
+        int32_t size = 0;
+        QByteArrayList received;
+        const InstanceMark mark(m_run, [&](int32_t cbData, const QByteArray &text) {
+            size = cbData;
+            received += text;
+        });
+        QVERIFY(mark.isListening());
+        const auto process = launch(arguments);
+        QTRY_COMPARE(process->state(), QProcess::NotRunning);
+        QCOMPARE(process->exitCode(), 0);
+        QCOMPARE(received, QByteArrayList{bytes});
+        QCOMPARE(size, bytes.size());
+    }
+
+    void answerComesAfterTheReceiver()
+    {
+        // The receiver opens a document and lets events through meanwhile, also the next message.
+        QStringList steps;
+        QEventLoop loop;
+        std::unique_ptr<QProcess> second;
+        const InstanceMark mark(m_run, [&](int32_t, const QByteArray &text) {
+            steps += u"begin "_s + QString::fromUtf8(text);
+            if (text == "first") {
+                second = launch({u"second"_s});
+                loop.exec();
+            } else {
+                loop.quit();
+            }
+            steps += u"end "_s + QString::fromUtf8(text);
+        });
+        const auto first = launch({u"first"_s});
+        connect(first.get(), &QProcess::finished, this, [&] { steps += u"first process"_s; });
+        QTRY_COMPARE(first->state(), QProcess::NotRunning);
+        QTRY_COMPARE(second->state(), QProcess::NotRunning);
+        QCOMPARE(steps, (QStringList{u"begin first"_s, u"begin second"_s, u"end second"_s, u"end first"_s,
+                                     u"first process"_s}));
+    }
+
+    void launcherWhileTheFirstIsLoading()
+    {
+        const auto process = launch({u"http://a.example/"_s});
+        QTRY_COMPARE(process->state(), QProcess::NotRunning);
+        QCOMPARE(process->exitCode(), 0);
+        QCOMPARE(process->readAllStandardOutput(), QByteArray());
+    }
+
+    void deadSockets()
+    {
+        // A process that was killed leaves its socket; the lowest number makes sure that it is looked at first.
+        const std::string dead = instance::socketPath(m_run.toStdString(), 0, 1);
+        const int descriptor = instance::listenOn(dead);
+        QVERIFY(descriptor >= 0);
+        close(descriptor);
+        // So may other things with such a name.
+        const QString other = QString::fromStdString(instance::socketPath(m_run.toStdString(), 0, 2));
+        QVERIFY(writeFileWhole(other, "x"));
+        QVERIFY(QFileInfo(QString::fromStdString(dead)).exists());
+        Window window(m_run);
+        QVERIFY(handsOver("x", window));
+        QVERIFY(!QFileInfo::exists(QString::fromStdString(dead)));
+        QVERIFY(QFileInfo::exists(other));
+
+        // A home whose path is longer than the address of a socket may be.
+        qputenv("CORVANE_HOME", m_home->filePath(QString(150, u'h')).toUtf8());
+        const QString deep = QString::fromStdString(instance::runtimeFolder());
+        QVERIFY(deep.size() > 150);
+        Window hidden(deep);
+        QVERIFY(hidden.mark->isListening());
+        auto sent = std::async(std::launch::async, [&] {
+            return instance::send(instance::findRunningInstance(deep.toStdString()), {1, "deep"}, 5000);
+        });
+        QTRY_COMPARE(hidden.received, QByteArrayList{"deep"});
+        QVERIFY(sent.get());
+    }
+
+    void foreignBytes_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("isMessage");
+        QTest::newRow("garbage") << QByteArray("GET / HTTP/1.1\r\n\r\n") << false;
+        QTest::newRow("10 MB of garbage") << QByteArray(10 * 1024 * 1024, '\xFF') << false;
+        QTest::newRow("10 MB announced") << QByteArray("\0\0\0\0\0\0\xA0\0", 8) + QByteArray(10 * 1024 * 1024, 'x')
+                                         << false;
+        QTest::newRow("no bytes announced") << QByteArray("\0\0\0\0\0\0\0\0more", 12) << false;
+        QTest::newRow("a message and 10 MB behind it")
+            << QByteArray("\x01\0\0\0\x01\0\0\0x", 9) + QByteArray(10 * 1024 * 1024, 'x') << true;
+    }
+
+    void foreignBytes()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, isMessage);
+        Window window(m_run);
+        QLocalSocket sender;
+        sender.connectToServer(onlyMark(m_run));
+        QVERIFY(sender.waitForConnected());
+        sender.write(bytes);
+        // Refused or answered, in both cases it ends at once and not by the time limit.
+        QTRY_COMPARE_WITH_TIMEOUT(sender.state(), QLocalSocket::UnconnectedState, 1500);
+        QCOMPARE(window.received.size(), isMessage ? 1 : 0);
+        QVERIFY(handsOver("after", window));
+    }
+
+    void silentAndSlowSenders()
+    {
+        Window window(m_run);
+        QLocalSocket silent;
+        QLocalSocket stuck;
+        QLocalSocket slow;
+        for (QLocalSocket *sender : {&silent, &stuck, &slow}) {
+            sender->connectToServer(onlyMark(m_run));
+            QVERIFY(sender->waitForConnected());
+        }
+        stuck.write(QByteArray("\x05\0\0\0\x05\0\0\0ab", 10));
+        // They hold nobody up.
+        QVERIFY(handsOver("x", window));
+        window.received.clear();
+        for (const char byte : QByteArray("\x05\0\0\0\x05\0\0\0abcde", 13)) {
+            slow.write(&byte, 1);
+            slow.flush();
+            QTest::qWait(1);
+        }
+        QTRY_COMPARE(window.received, QByteArrayList{"abcde"});
+        QTRY_COMPARE(slow.bytesAvailable(), 1);
+        QTRY_COMPARE(silent.state(), QLocalSocket::UnconnectedState);
+        QTRY_COMPARE(stuck.state(), QLocalSocket::UnconnectedState);
+        QCOMPARE(window.received.size(), 1);
+    }
+
+    void markThatEndsInItsReceiver()
+    {
+        std::unique_ptr<InstanceMark> mark;
+        int calls = 0;
+        mark = std::make_unique<InstanceMark>(m_run, [&](int32_t, const QByteArray &) {
+            ++calls;
+            mark.reset();
+        });
+        const auto process = launch({u"x"_s});
+        QTRY_COMPARE(process->state(), QProcess::NotRunning);
+        QCOMPARE(process->exitCode(), 0);
+        QCOMPARE(calls, 1);
+        QCOMPARE(onlyMark(m_run), QString());
+    }
+
+    void nobodyAnswers()
+    {
+        // A program that hangs: it listens and does nothing more.
+        const std::string path = instance::socketPath(m_run.toStdString(), 1, 1);
+        const int descriptor = instance::listenOn(path);
+        QVERIFY(descriptor >= 0);
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(!instance::send(path, {1, "x"}, 300));
+        // More than the socket takes without a reader.
+        QVERIFY(!instance::send(path, {1, std::string(instance::kMaxBytes, 'x')}, 300));
+        QVERIFY(timer.elapsed() >= 600 && timer.elapsed() < 10000);
+        close(descriptor);
+        QVERIFY(!instance::send(path, {1, "x"}, 300));
+        QVERIFY(!instance::send({}, {1, "x"}, 300));
+        QVERIFY(!instance::send(path, {1, std::string(instance::kMaxBytes + 1, 'x')}, 300));
+    }
 
 private:
     /// The real launcher with a home of its own; finished or failed after some seconds.
@@ -77,6 +309,7 @@ private:
         process->start(program, arguments);
         return process;
     }
+
     bool handsOver(const QByteArray &text, Window &window)
     {
         window.received.clear();
@@ -89,346 +322,6 @@ private:
     QString m_run;
     std::unique_ptr<instance::Lock> m_lock;
 };
-
-void tst_Instance::init()
-{
-    m_home = std::make_unique<QTemporaryDir>();
-    qputenv("CORVANE_HOME", m_home->path().toUtf8());
-    m_run = QString::fromStdString(instance::runtimeFolder());
-    QCOMPARE(m_run, m_home->filePath(u"run"_s));
-    m_lock = std::make_unique<instance::Lock>();
-    QVERIFY(m_lock->acquire(m_run.toStdString(), instance::kMutexName));
-    QVERIFY(m_lock->held());
-}
-
-void tst_Instance::cleanup()
-{
-    m_lock.reset();
-}
-
-void tst_Instance::lockHasOneOwner()
-{
-    const std::string folder = m_run.toStdString();
-    instance::Lock second;
-    QVERIFY(!second.acquire(folder, instance::kMutexName));
-    QVERIFY(!second.held());
-    QVERIFY(instance::isOwned(folder, instance::kMutexName));
-    QVERIFY(!instance::isOwned(folder, "other"));
-    QVERIFY(second.acquire(folder, "other"));
-
-    // Given back for the way to the tray, taken by another program, and gone for the first until that has ended.
-    m_lock->release();
-    QVERIFY(!instance::isOwned(folder, instance::kMutexName));
-    {
-        instance::Lock third;
-        QVERIFY(third.acquire(folder, instance::kMutexName));
-        QVERIFY(!m_lock->acquire(folder, instance::kMutexName));
-    }
-    QVERIFY(m_lock->acquire(folder, instance::kMutexName));
-    QVERIFY(m_lock->held());
-    QVERIFY(m_lock->acquire(folder, instance::kMutexName));
-}
-
-void tst_Instance::lockEndsWithItsProcess()
-{
-    m_lock->release();
-    const std::string folder = m_run.toStdString();
-    int ready[2];
-    QCOMPARE(pipe(ready), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        instance::Lock lock;
-        const char owns = lock.acquire(folder, instance::kMutexName) && lock.held();
-        [[maybe_unused]] const ssize_t written = write(ready[1], &owns, 1);
-        while (true)
-            pause();
-    }
-    char owns = 0;
-    QCOMPARE(read(ready[0], &owns, 1), 1);
-    close(ready[0]);
-    close(ready[1]);
-    QVERIFY(owns);
-    QVERIFY(!m_lock->acquire(folder, instance::kMutexName));
-    QCOMPARE(kill(child, SIGKILL), 0);
-    QCOMPARE(waitpid(child, nullptr, 0), child);
-    QVERIFY(QFileInfo::exists(m_run + u'/' + QString::fromLatin1(instance::kMutexName) + u".lock"_s));
-    QVERIFY(m_lock->acquire(folder, instance::kMutexName));
-    QVERIFY(m_lock->held());
-}
-
-void tst_Instance::lockWithoutAFolder()
-{
-    // Whatever else fails counts as owning it: the program starts.
-    for (const char *folder : {"", "/proc/no/such/folder", "/dev/null"}) {
-        instance::Lock lock;
-        QVERIFY(lock.acquire(folder, instance::kMutexName));
-        QVERIFY(!lock.held());
-        QVERIFY(!instance::isOwned(folder, instance::kMutexName));
-    }
-}
-
-void tst_Instance::runtimeFolders()
-{
-    const QByteArray run = m_run.toUtf8();
-    struct stat info;
-    QCOMPARE(stat(run.constData(), &info), 0);
-    QCOMPARE(info.st_mode & 0777, 0700U);
-    // Opened to others by somebody: closed again.
-    chmod(run.constData(), 0777);
-    QCOMPARE(QString::fromStdString(instance::runtimeFolder()), m_run);
-    QCOMPARE(stat(run.constData(), &info), 0);
-    QCOMPARE(info.st_mode & 0777, 0700U);
-    const Window window(m_run);
-    QCOMPARE(stat(onlyMark(m_run).toUtf8().constData(), &info), 0);
-    QCOMPARE(info.st_mode & 0777, 0600U);
-
-    // A link may lead to where others can write.
-    QTemporaryDir other;
-    qputenv("CORVANE_HOME", other.path().toUtf8());
-    QCOMPARE(symlink(run.constData(), other.filePath(u"run"_s).toUtf8().constData()), 0);
-    QCOMPARE(instance::runtimeFolder(), std::string());
-
-    const QByteArray usual = qgetenv("XDG_RUNTIME_DIR");
-    qunsetenv("CORVANE_HOME");
-    qputenv("XDG_RUNTIME_DIR", m_home->path().toUtf8());
-    QCOMPARE(QString::fromStdString(instance::runtimeFolder()), m_home->filePath(u"corvane"_s));
-    qputenv("XDG_RUNTIME_DIR", "/proc/none");
-    qputenv("TMPDIR", m_home->path().toUtf8());
-    QCOMPARE(QString::fromStdString(instance::runtimeFolder()), m_home->filePath(u"corvane-%1"_s.arg(geteuid())));
-    qunsetenv("TMPDIR");
-    qputenv("XDG_RUNTIME_DIR", usual);
-}
-
-void tst_Instance::handOver_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("address") << QStringList{u"http://a.example/?b=c&d"_s} << QByteArray("http://a.example/?b=c&d");
-    QTest::newRow("no arguments") << QStringList() << QByteArray("\0", 1);
-    QTest::newRow("UTF-8") << QStringList{u"\u00e4\U0001F600"_s} << QByteArray("\xC3\xA4\xF0\x9F\x98\x80");
-    QTest::newRow("100 KB") << QStringList{QString(100 * 1024, u'x')} << QByteArray(100 * 1024, 'x');
-}
-
-void tst_Instance::handOver()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QByteArray, bytes);
-    int32_t size = 0;
-    QByteArrayList received;
-    const InstanceMark mark(m_run, [&](int32_t cbData, const QByteArray &text) {
-        size = cbData;
-        received += text;
-    });
-    QVERIFY(mark.isListening());
-    const auto process = launch(arguments);
-    QTRY_COMPARE(process->state(), QProcess::NotRunning);
-    QCOMPARE(process->exitCode(), 0);
-    QCOMPARE(received, QByteArrayList{bytes});
-    QCOMPARE(size, bytes.size());
-}
-
-void tst_Instance::answerComesAfterTheReceiver()
-{
-    // The receiver opens a document and lets events through meanwhile, also the next message.
-    QStringList steps;
-    QEventLoop loop;
-    std::unique_ptr<QProcess> second;
-    const InstanceMark mark(m_run, [&](int32_t, const QByteArray &text) {
-        steps += u"begin "_s + QString::fromUtf8(text);
-        if (text == "first") {
-            second = launch({u"second"_s});
-            loop.exec();
-        } else {
-            loop.quit();
-        }
-        steps += u"end "_s + QString::fromUtf8(text);
-    });
-    const auto first = launch({u"first"_s});
-    connect(first.get(), &QProcess::finished, this, [&] { steps += u"first process"_s; });
-    QTRY_COMPARE(first->state(), QProcess::NotRunning);
-    QTRY_COMPARE(second->state(), QProcess::NotRunning);
-    QCOMPARE(steps,
-             (QStringList{u"begin first"_s, u"begin second"_s, u"end second"_s, u"end first"_s, u"first process"_s}));
-}
-
-void tst_Instance::launcherWithoutARunningProgram()
-{
-    // Beside the launcher lies the browser, here one that only tells what it was started with.
-    m_lock->release();
-    const QString launcher = m_home->filePath(u"corvane"_s);
-    const QString browser = m_home->filePath(u"corvane-browser"_s);
-    QVERIFY(QFile::copy(QStringLiteral(LAUNCHER), launcher));
-    QVERIFY(writeFileWhole(browser, "#!/bin/sh\nprintf '%s|' \"$@\"\n"));
-    QVERIFY(QFile::setPermissions(browser, QFileDevice::ReadOwner | QFileDevice::ExeOwner));
-    const auto process = launch({u"a b"_s, u""_s, u"c"_s}, launcher);
-    QTRY_COMPARE(process->state(), QProcess::NotRunning);
-    QCOMPARE(process->readAllStandardOutput(), "a b||c|");
-    // The lock is the browser's to take.
-    QVERIFY(m_lock->acquire(m_run.toStdString(), instance::kMutexName));
-    QVERIFY(m_lock->held());
-}
-
-void tst_Instance::launcherWhileTheFirstIsLoading()
-{
-    const auto process = launch({u"http://a.example/"_s});
-    QTRY_COMPARE(process->state(), QProcess::NotRunning);
-    QCOMPARE(process->exitCode(), 0);
-    QCOMPARE(process->readAllStandardOutput(), QByteArray());
-}
-
-void tst_Instance::severalMarks()
-{
-    Window first(m_run);
-    Window second(m_run);
-    QVERIFY(first.mark->isListening());
-    QVERIFY(second.mark->isListening());
-    // Which one gets it is open, but one does, and only one.
-    const auto process = launch({u"x"_s});
-    QTRY_COMPARE(process->state(), QProcess::NotRunning);
-    QCOMPARE(first.received + second.received, QByteArrayList{"x"});
-    first.mark.reset();
-    QVERIFY(handsOver("y", second));
-    second.mark.reset();
-    QCOMPARE(onlyMark(m_run), QString());
-}
-
-void tst_Instance::deadSockets()
-{
-    // A process that was killed leaves its socket; the lowest number makes sure that it is looked at first.
-    const std::string dead = instance::socketPath(m_run.toStdString(), 0, 1);
-    const int descriptor = instance::listenOn(dead);
-    QVERIFY(descriptor >= 0);
-    close(descriptor);
-    // So may other things with such a name.
-    const QString other = QString::fromStdString(instance::socketPath(m_run.toStdString(), 0, 2));
-    QVERIFY(writeFileWhole(other, "x"));
-    QVERIFY(QFileInfo(QString::fromStdString(dead)).exists());
-    Window window(m_run);
-    QVERIFY(handsOver("x", window));
-    QVERIFY(!QFileInfo::exists(QString::fromStdString(dead)));
-    QVERIFY(QFileInfo::exists(other));
-
-    // A home whose path is longer than the address of a socket may be.
-    qputenv("CORVANE_HOME", m_home->filePath(QString(150, u'h')).toUtf8());
-    const QString deep = QString::fromStdString(instance::runtimeFolder());
-    QVERIFY(deep.size() > 150);
-    Window hidden(deep);
-    QVERIFY(hidden.mark->isListening());
-    auto sent = std::async(std::launch::async, [&] {
-        return instance::send(instance::findRunningInstance(deep.toStdString()), {1, "deep"}, 5000);
-    });
-    QTRY_COMPARE(hidden.received, QByteArrayList{"deep"});
-    QVERIFY(sent.get());
-}
-
-void tst_Instance::foreignBytes_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<bool>("isMessage");
-    QTest::newRow("garbage") << QByteArray("GET / HTTP/1.1\r\n\r\n") << false;
-    QTest::newRow("10 MB of garbage") << QByteArray(10 * 1024 * 1024, '\xFF') << false;
-    QTest::newRow("10 MB announced") << QByteArray("\0\0\0\0\0\0\xA0\0", 8) + QByteArray(10 * 1024 * 1024, 'x')
-                                     << false;
-    QTest::newRow("no bytes announced") << QByteArray("\0\0\0\0\0\0\0\0more", 12) << false;
-    QTest::newRow("a message and 10 MB behind it")
-        << QByteArray("\x01\0\0\0\x01\0\0\0x", 9) + QByteArray(10 * 1024 * 1024, 'x') << true;
-}
-
-void tst_Instance::foreignBytes()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(bool, isMessage);
-    Window window(m_run);
-    QLocalSocket sender;
-    sender.connectToServer(onlyMark(m_run));
-    QVERIFY(sender.waitForConnected());
-    sender.write(bytes);
-    // Refused or answered, in both cases it ends at once and not by the time limit.
-    QTRY_COMPARE_WITH_TIMEOUT(sender.state(), QLocalSocket::UnconnectedState, 1500);
-    QCOMPARE(window.received.size(), isMessage ? 1 : 0);
-    QVERIFY(handsOver("after", window));
-}
-
-void tst_Instance::silentAndSlowSenders()
-{
-    Window window(m_run);
-    QLocalSocket silent;
-    QLocalSocket stuck;
-    QLocalSocket slow;
-    for (QLocalSocket *sender : {&silent, &stuck, &slow}) {
-        sender->connectToServer(onlyMark(m_run));
-        QVERIFY(sender->waitForConnected());
-    }
-    stuck.write(QByteArray("\x05\0\0\0\x05\0\0\0ab", 10));
-    // They hold nobody up.
-    QVERIFY(handsOver("x", window));
-    window.received.clear();
-    for (const char byte : QByteArray("\x05\0\0\0\x05\0\0\0abcde", 13)) {
-        slow.write(&byte, 1);
-        slow.flush();
-        QTest::qWait(1);
-    }
-    QTRY_COMPARE(window.received, QByteArrayList{"abcde"});
-    QTRY_COMPARE(slow.bytesAvailable(), 1);
-    QTRY_COMPARE(silent.state(), QLocalSocket::UnconnectedState);
-    QTRY_COMPARE(stuck.state(), QLocalSocket::UnconnectedState);
-    QCOMPARE(window.received.size(), 1);
-}
-
-void tst_Instance::sendersThatGo()
-{
-    Window window(m_run);
-    {
-        QLocalSocket half;
-        half.connectToServer(onlyMark(m_run));
-        QVERIFY(half.waitForConnected());
-        half.write("\x05\0\0\0\x05\0\0\0ab", 10);
-        QVERIFY(half.waitForBytesWritten());
-    }
-    {
-        QLocalSocket whole;
-        whole.connectToServer(onlyMark(m_run));
-        QVERIFY(whole.waitForConnected());
-        whole.write("\x01\0\0\0\x01\0\0\0x", 9);
-        QVERIFY(whole.waitForBytesWritten());
-    }
-    // It was sent whole, so it counts, although nobody waits for the answer.
-    QTRY_COMPARE(window.received, QByteArrayList{"x"});
-    QVERIFY(handsOver("after", window));
-}
-
-void tst_Instance::markThatEndsInItsReceiver()
-{
-    std::unique_ptr<InstanceMark> mark;
-    int calls = 0;
-    mark = std::make_unique<InstanceMark>(m_run, [&](int32_t, const QByteArray &) {
-        ++calls;
-        mark.reset();
-    });
-    const auto process = launch({u"x"_s});
-    QTRY_COMPARE(process->state(), QProcess::NotRunning);
-    QCOMPARE(process->exitCode(), 0);
-    QCOMPARE(calls, 1);
-    QCOMPARE(onlyMark(m_run), QString());
-}
-
-void tst_Instance::nobodyAnswers()
-{
-    // A program that hangs: it listens and does nothing more.
-    const std::string path = instance::socketPath(m_run.toStdString(), 1, 1);
-    const int descriptor = instance::listenOn(path);
-    QVERIFY(descriptor >= 0);
-    QElapsedTimer timer;
-    timer.start();
-    QVERIFY(!instance::send(path, {1, "x"}, 300));
-    // More than the socket takes without a reader.
-    QVERIFY(!instance::send(path, {1, std::string(instance::kMaxBytes, 'x')}, 300));
-    QVERIFY(timer.elapsed() >= 600 && timer.elapsed() < 10000);
-    close(descriptor);
-    QVERIFY(!instance::send(path, {1, "x"}, 300));
-    QVERIFY(!instance::send({}, {1, "x"}, 300));
-    QVERIFY(!instance::send(path, {1, std::string(instance::kMaxBytes + 1, 'x')}, 300));
-}
 
 QTEST_GUILESS_MAIN(tst_Instance)
 #include "tst_instance.moc"

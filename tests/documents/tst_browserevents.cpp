@@ -26,7 +26,6 @@ private slots:
     void addressBarText();
     void flashAddressIsACommand_data();
     void flashAddressIsACommand();
-    void operationsReachTheBrowser();
     void pageMessages_data();
     void pageMessages();
 };
@@ -231,26 +230,6 @@ void tst_BrowserEvents::flashAddressIsACommand()
     QTEST(f.main.calls.contains(u"mnuContentFlash"_s), "command");
     QVERIFY(document.isLoading());
     QCOMPARE(f.addressBar.Text(), url);
-}
-
-void tst_BrowserEvents::operationsReachTheBrowser()
-{
-    DocumentFixture f;
-    frmDocument &document = f.open(u"a"_s);
-    ScriptedBrowser &browser = f.lastBrowser();
-    browser.calls.clear();
-    browser.execResult = 3;
-    document.RefreshDoc();
-    document.StopDoc();
-    document.GoBackDoc();
-    document.GoForwardDoc();
-    QCOMPARE(document.ExecWBDoc(19, 2, QVariant(1)), QVariant(3));
-    browser.failing = {u"GoForward"_s, u"ExecWB"_s, u"GoBack"_s};
-    document.GoForwardDoc();
-    QVERIFY(!document.ExecWBDoc(6, 0).isValid());
-    QVERIFY_THROWS_EXCEPTION(std::runtime_error, document.GoBackDoc());
-    QCOMPARE(browser.calls, (QStringList{u"Refresh2 3"_s, u"Stop"_s, u"GoBack"_s, u"GoForward"_s, u"ExecWB 19 2 1"_s,
-                                         u"GoForward"_s, u"ExecWB 6 0"_s, u"GoBack"_s}));
 }
 
 void tst_BrowserEvents::pageMessages_data()

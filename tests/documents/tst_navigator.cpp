@@ -13,16 +13,150 @@ class tst_Navigator : public QObject
 private slots:
     void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
 
-    void formShowsItsStrings();
-    void captionCounts();
-    void heightMovesInSteps_data();
-    void heightMovesInSteps();
-    void keptHeightWaits();
-    void pointerAndFocusGiveTheDirection();
-    void clickedLineComesToTheFront();
-    void toolbarActsOnTheSelectedLine();
-    void closeOnlyHides();
-    void geometryStaysOnTheDesktop();
+    void captionCounts()
+    {
+        DocumentFixture f;
+        f.navigator.tmrLoading.setInterval(1);
+        QStringList seen;
+        connect(&f.navigator.tmrLoading, &QTimer::timeout, this, [&] {
+            seen += f.navigator.Caption();
+            if (seen.size() == 7)
+                f.navigator.endLoading();
+        });
+        f.navigator.tmrLoading.setEnabled(true);
+        QTRY_COMPARE(seen.size(), 7);
+        const QString name = u"Navigator"_s;
+        QCOMPARE(seen, (QStringList{name + u"."_s, name + u".."_s, name + u"..."_s, name + u"...."_s, name + u"....."_s,
+                                    name, name + u"."_s}));
+        QCOMPARE(f.navigator.Caption(), name);
+        QCOMPARE(f.navigator.nDots, 1);
+    }
+
+    void heightMovesInSteps_data()
+    {
+        QTest::addColumn<double>("from");
+        QTest::addColumn<QString>("direction");
+        QTest::addColumn<double>("to");
+        QTest::newRow("grow") << 600.0 << u"0"_s << 5100.0;
+        QTest::newRow("shrink past the bound") << 1305.0 << u"1"_s << 405.0;
+        QTest::newRow("at the lower bound") << 600.0 << u"1"_s << 600.0;
+        QTest::newRow("at the upper bound") << 5010.0 << u"0"_s << 5010.0;
+    }
+
+    void heightMovesInSteps()
+    {
+        QFETCH(const double, from);
+        QFETCH(const QString, direction);
+        DocumentFixture f;
+        const double width = f.navigator.Width();
+        f.navigator.setHeight(from);
+        f.navigator.Timer1.setInterval(1);
+        f.navigator.Timer1.setTag(direction);
+        f.navigator.Timer1.setEnabled(true);
+        QTRY_VERIFY(!f.navigator.Timer1.Enabled());
+        QTEST(f.navigator.Height(), "to");
+        QCOMPARE(f.navigator.Width(), width);
+    }
+
+    void pointerAndFocusGiveTheDirection()
+    {
+        DocumentFixture f;
+        f.navigator.Timer1.setInterval(1000000);
+        f.navigator.show();
+        f.navigator.MDIForm_MouseMove();
+        QCOMPARE(f.navigator.Timer1.Tag(), u"1"_s);
+        QVERIFY(f.navigator.Timer1.Enabled());
+        QTest::mouseMove(f.navigator.ListView1.viewport(), QPoint(3, 3));
+        QTRY_COMPARE(f.navigator.Timer1.Tag(), u"0"_s);
+        f.navigator.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&f.navigator));
+        f.window.activateWindow();
+        QTRY_COMPARE(f.navigator.Timer1.Tag(), u"1"_s);
+    }
+
+    void clickedLineComesToTheFront()
+    {
+        DocumentFixture f;
+        frmDocument &a = f.open(u"a"_s);
+        f.open(u"b"_s);
+        f.navigator.setHeight(5000);
+        f.navigator.show();
+        f.navigator.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&f.navigator));
+        const QRect rect = f.navigator.ListView1.visualItemRect(f.navigator.ListView1.topLevelItem(0));
+        QTest::mouseClick(f.navigator.ListView1.viewport(), Qt::LeftButton, {}, rect.center());
+        QVERIFY(a.isActive());
+        QVERIFY(f.line(1).Bold() && !f.line(2).Bold());
+        QTRY_VERIFY(f.navigator.isActiveWindow());
+    }
+
+    void toolbarActsOnTheSelectedLine()
+    {
+        DocumentFixture f;
+        frmNavigator &navigator = f.navigator;
+        f.open(u"a"_s);
+        f.open(u"b"_s);
+        ScriptedBrowser &a = DocumentFixture::browserOf(f.document(1));
+        a.calls.clear();
+        f.lastBrowser().calls.clear();
+        for (const QString &text : {u"Refresh"_s, u"Stop"_s, u"Close"_s})
+            button(navigator, text)->trigger();
+        QCOMPARE(f.count(), 2);
+        QVERIFY(f.lastBrowser().calls.isEmpty());
+
+        navigator.ListView1.setCurrentItem(navigator.ListView1.topLevelItem(0));
+        button(navigator, u"Refresh"_s)->trigger();
+        button(navigator, u"Stop"_s)->trigger();
+        QCOMPARE(a.calls, (QStringList{u"Refresh2 3"_s, u"Stop"_s}));
+        button(navigator, u"Close"_s)->trigger();
+        QCOMPARE(f.disorder(), QString());
+        QCOMPARE(f.line(1).Text(), u"b"_s);
+        button(navigator, u"New"_s)->trigger();
+        QCOMPARE(f.main.opened.last(), u"http://home.example/"_s);
+
+        QSignalSpy newMenu(&navigator, &frmNavigator::newMenuRequested);
+        for (auto *tool : navigator.Toolbar1.findChildren<QToolButton *>()) {
+            if (tool->arrowType() == Qt::DownArrow)
+                tool->click();
+        }
+        QCOMPARE(newMenu.size(), 1);
+    }
+
+    void closeOnlyHides()
+    {
+        DocumentFixture f;
+        frmDocument &document = f.open(u"a"_s);
+        f.navigator.show();
+        f.main.menuChecks.insert(u"mnuViewNavigator"_s, true);
+        QVERIFY(!f.navigator.close());
+        QVERIFY(!f.navigator.isVisible());
+        QVERIFY(!f.main.menuChecks.value(u"mnuViewNavigator"_s));
+        QCOMPARE(f.disorder(), QString());
+
+        f.navigator.tmrLoading.setEnabled(true);
+        f.navigator.setTag(u"1"_s);
+        QVERIFY(f.navigator.Unload());
+        QVERIFY(!f.navigator.tmrLoading.Enabled());
+        // The register still serves the documents that close after it.
+        QCOMPARE(f.disorder(), QString());
+        document.Unload();
+        QCOMPARE(f.count(), 0);
+    }
+
+    void geometryStaysOnTheDesktop()
+    {
+        DocumentFixture f;
+        const QRect desktop = f.navigator.screen()->virtualGeometry();
+        f.navigator.setWidth(1e30);
+        f.navigator.setHeight(-5);
+        f.navigator.setLeft(-1e9);
+        f.navigator.setTop(1e9);
+        QVERIFY(desktop.contains(f.navigator.pos()));
+        QVERIFY(f.navigator.width() <= desktop.width() && f.navigator.height() >= 0);
+        f.navigator.move(desktop.bottomRight() * 3);
+        f.navigator.show();
+        QVERIFY(desktop.intersects(f.navigator.frameGeometry()));
+    }
 
 private:
     static QAction *button(frmNavigator &navigator, const QString &text)
@@ -34,181 +168,6 @@ private:
         return nullptr;
     }
 };
-
-void tst_Navigator::formShowsItsStrings()
-{
-    DocumentFixture f;
-    QCOMPARE(f.navigator.Caption(), u"Navigator"_s);
-    QCOMPARE(f.navigator.ListView1.headerItem()->text(0), u"Site"_s);
-    QCOMPARE(f.navigator.ListView1.headerItem()->text(1), u"Status"_s);
-    const QAction *close = button(f.navigator, u"Close"_s);
-    QVERIFY(close && !close->icon().pixmap(16).isNull());
-    QCOMPARE(close->toolTip(), u"Close selected site"_s);
-    QCOMPARE(f.navigator.Check1.toolTip(), u"Keep visible"_s);
-    f.navigator.Check1.click();
-    QCOMPARE(f.navigator.Check1.toolTip(), u"Auto shrink"_s);
-    QCOMPARE(f.navigator.parentWidget(), &f.window);
-    QVERIFY(f.navigator.isWindow() && !f.navigator.isVisible());
-    QCOMPARE(f.navigator.Width(), 4815.0);
-    QCOMPARE(f.navigator.Height(), 1305.0);
-}
-
-void tst_Navigator::captionCounts()
-{
-    DocumentFixture f;
-    f.navigator.tmrLoading.setInterval(1);
-    QStringList seen;
-    connect(&f.navigator.tmrLoading, &QTimer::timeout, this, [&] {
-        seen += f.navigator.Caption();
-        if (seen.size() == 7)
-            f.navigator.endLoading();
-    });
-    f.navigator.tmrLoading.setEnabled(true);
-    QTRY_COMPARE(seen.size(), 7);
-    const QString name = u"Navigator"_s;
-    QCOMPARE(seen, (QStringList{name + u"."_s, name + u".."_s, name + u"..."_s, name + u"...."_s, name + u"....."_s,
-                                name, name + u"."_s}));
-    QCOMPARE(f.navigator.Caption(), name);
-    QCOMPARE(f.navigator.nDots, 1);
-}
-
-void tst_Navigator::heightMovesInSteps_data()
-{
-    QTest::addColumn<double>("from");
-    QTest::addColumn<QString>("direction");
-    QTest::addColumn<double>("to");
-    QTest::newRow("grow") << 600.0 << u"0"_s << 5100.0;
-    QTest::newRow("shrink past the bound") << 1305.0 << u"1"_s << 405.0;
-    QTest::newRow("at the lower bound") << 600.0 << u"1"_s << 600.0;
-    QTest::newRow("at the upper bound") << 5010.0 << u"0"_s << 5010.0;
-}
-
-void tst_Navigator::heightMovesInSteps()
-{
-    QFETCH(const double, from);
-    QFETCH(const QString, direction);
-    DocumentFixture f;
-    const double width = f.navigator.Width();
-    f.navigator.setHeight(from);
-    f.navigator.Timer1.setInterval(1);
-    f.navigator.Timer1.setTag(direction);
-    f.navigator.Timer1.setEnabled(true);
-    QTRY_VERIFY(!f.navigator.Timer1.Enabled());
-    QTEST(f.navigator.Height(), "to");
-    QCOMPARE(f.navigator.Width(), width);
-}
-
-void tst_Navigator::keptHeightWaits()
-{
-    DocumentFixture f;
-    f.navigator.Timer1.setInterval(1);
-    f.navigator.Check1.setChecked(true);
-    f.navigator.MDIForm_MouseMove();
-    QTRY_VERIFY(!f.navigator.Timer1.Enabled());
-    QCOMPARE(f.navigator.Height(), 1305.0);
-    f.navigator.Check1.setChecked(false);
-    QTRY_COMPARE(f.navigator.Height(), 405.0);
-}
-
-void tst_Navigator::pointerAndFocusGiveTheDirection()
-{
-    DocumentFixture f;
-    f.navigator.Timer1.setInterval(1000000);
-    f.navigator.show();
-    f.navigator.MDIForm_MouseMove();
-    QCOMPARE(f.navigator.Timer1.Tag(), u"1"_s);
-    QVERIFY(f.navigator.Timer1.Enabled());
-    QTest::mouseMove(f.navigator.ListView1.viewport(), QPoint(3, 3));
-    QTRY_COMPARE(f.navigator.Timer1.Tag(), u"0"_s);
-    f.navigator.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&f.navigator));
-    f.window.activateWindow();
-    QTRY_COMPARE(f.navigator.Timer1.Tag(), u"1"_s);
-}
-
-void tst_Navigator::clickedLineComesToTheFront()
-{
-    DocumentFixture f;
-    frmDocument &a = f.open(u"a"_s);
-    f.open(u"b"_s);
-    f.navigator.setHeight(5000);
-    f.navigator.show();
-    f.navigator.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&f.navigator));
-    const QRect rect = f.navigator.ListView1.visualItemRect(f.navigator.ListView1.topLevelItem(0));
-    QTest::mouseClick(f.navigator.ListView1.viewport(), Qt::LeftButton, {}, rect.center());
-    QVERIFY(a.isActive());
-    QVERIFY(f.line(1).Bold() && !f.line(2).Bold());
-    QTRY_VERIFY(f.navigator.isActiveWindow());
-}
-
-void tst_Navigator::toolbarActsOnTheSelectedLine()
-{
-    DocumentFixture f;
-    frmNavigator &navigator = f.navigator;
-    f.open(u"a"_s);
-    f.open(u"b"_s);
-    ScriptedBrowser &a = DocumentFixture::browserOf(f.document(1));
-    a.calls.clear();
-    f.lastBrowser().calls.clear();
-    for (const QString &text : {u"Refresh"_s, u"Stop"_s, u"Close"_s})
-        button(navigator, text)->trigger();
-    QCOMPARE(f.count(), 2);
-    QVERIFY(f.lastBrowser().calls.isEmpty());
-
-    navigator.ListView1.setCurrentItem(navigator.ListView1.topLevelItem(0));
-    button(navigator, u"Refresh"_s)->trigger();
-    button(navigator, u"Stop"_s)->trigger();
-    QCOMPARE(a.calls, (QStringList{u"Refresh2 3"_s, u"Stop"_s}));
-    button(navigator, u"Close"_s)->trigger();
-    QCOMPARE(f.disorder(), QString());
-    QCOMPARE(f.line(1).Text(), u"b"_s);
-    button(navigator, u"New"_s)->trigger();
-    QCOMPARE(f.main.opened.last(), u"http://home.example/"_s);
-
-    QSignalSpy newMenu(&navigator, &frmNavigator::newMenuRequested);
-    for (auto *tool : navigator.Toolbar1.findChildren<QToolButton *>()) {
-        if (tool->arrowType() == Qt::DownArrow)
-            tool->click();
-    }
-    QCOMPARE(newMenu.size(), 1);
-}
-
-void tst_Navigator::closeOnlyHides()
-{
-    DocumentFixture f;
-    frmDocument &document = f.open(u"a"_s);
-    f.navigator.show();
-    f.main.menuChecks.insert(u"mnuViewNavigator"_s, true);
-    QVERIFY(!f.navigator.close());
-    QVERIFY(!f.navigator.isVisible());
-    QVERIFY(!f.main.menuChecks.value(u"mnuViewNavigator"_s));
-    QCOMPARE(f.disorder(), QString());
-
-    f.navigator.tmrLoading.setEnabled(true);
-    f.navigator.setTag(u"1"_s);
-    QVERIFY(f.navigator.Unload());
-    QVERIFY(!f.navigator.tmrLoading.Enabled());
-    // The register still serves the documents that close after it.
-    QCOMPARE(f.disorder(), QString());
-    document.Unload();
-    QCOMPARE(f.count(), 0);
-}
-
-void tst_Navigator::geometryStaysOnTheDesktop()
-{
-    DocumentFixture f;
-    const QRect desktop = f.navigator.screen()->virtualGeometry();
-    f.navigator.setWidth(1e30);
-    f.navigator.setHeight(-5);
-    f.navigator.setLeft(-1e9);
-    f.navigator.setTop(1e9);
-    QVERIFY(desktop.contains(f.navigator.pos()));
-    QVERIFY(f.navigator.width() <= desktop.width() && f.navigator.height() >= 0);
-    f.navigator.move(desktop.bottomRight() * 3);
-    f.navigator.show();
-    QVERIFY(desktop.intersects(f.navigator.frameGeometry()));
-}
 
 QTEST_MAIN(tst_Navigator)
 #include "tst_navigator.moc"

@@ -17,15 +17,12 @@ private slots:
     void loadNewDocRunsItsStepsInOrder();
     void shortcutFilesOpenTheAddressInside_data();
     void shortcutFilesOpenTheAddressInside();
-    void addressListTakesNoRepeatedTop();
     void downloadControlFollowsTheSettings_data();
     void downloadControlFollowsTheSettings();
     void closingKeepsPositionsInStep_data();
     void closingKeepsPositionsInStep();
     void closingReleasesTheBrowser();
     void activationMovesTheSharedControls();
-    void pageFillsItsWindow_data();
-    void pageFillsItsWindow();
     void windowOfAPageBecomesADocument();
 };
 
@@ -93,17 +90,6 @@ void tst_Opening::shortcutFilesOpenTheAddressInside()
     QCOMPARE(f.count(), 1);
     QVERIFY(f.lastBrowser().calls.contains(u"Navigate2 "_s + expected) || expected.isEmpty());
     QCOMPARE(f.addressBar.List(0), expected);
-}
-
-void tst_Opening::addressListTakesNoRepeatedTop()
-{
-    DocumentFixture f;
-    for (const QString &url : {u"a"_s, u"a"_s, u"b"_s, u"a"_s})
-        f.open(url);
-    QStringList entries;
-    for (int i = 0; i < f.addressBar.ListCount(); ++i)
-        entries += f.addressBar.List(i);
-    QCOMPARE(entries, (QStringList{u"a"_s, u"b"_s, u"a"_s}));
 }
 
 void tst_Opening::downloadControlFollowsTheSettings_data()
@@ -236,26 +222,6 @@ void tst_Opening::activationMovesTheSharedControls()
     QCOMPARE(f.statusBar.PanelText(1), u"from a"_s);
     pageOfA.events().WebBro_SetSecureLockIcon(0);
     QCOMPARE(f.statusBar.PanelIcon(u"Item5"_s), -1);
-}
-
-void tst_Opening::pageFillsItsWindow_data()
-{
-    QTest::addColumn<QSize>("client");
-    QTest::newRow("usual") << QSize(800, 600);
-    QTest::newRow("tiny") << QSize(5, 1);
-    QTest::newRow("at the limit of 16 bits") << QSize(2184, 2185);
-    QTest::newRow("beyond the limit") << QSize(3840, 2400);
-}
-
-void tst_Opening::pageFillsItsWindow()
-{
-    QFETCH(const QSize, client);
-    DocumentFixture f;
-    frmDocument document(f.context);
-    document.setParent(nullptr);
-    document.resize(client);
-    document.Form_Resize();
-    QCOMPARE(f.lastBrowser().geometry(), QRect(QPoint(0, 0), client));
 }
 
 void tst_Opening::windowOfAPageBecomesADocument()

@@ -17,139 +17,133 @@ class tst_SavedDocuments : public QObject
 private slots:
     void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
 
-    void savedInTabOrder();
-    void loading_data();
-    void loading();
-    void loadThatEndsMeanwhileChangesNothing();
-    void question_data();
-    void question();
+    void savedInTabOrder()
+    {
+        DocumentFixture f;
+        for (const QString &url : {u"http://a/"_s, u"http://b/"_s, u"http://c/"_s})
+            f.open(url);
+        f.saved.SaveAllDocuments();
+        QCOMPARE(stored(f, u"DocumentCount"_s), u"3"_s);
+        QCOMPARE(stored(f, u"Document3"_s), u"http://c/"_s);
+        DocumentFixture::browserOf(f.document(2)).address = u"http://b/deeper"_s;
+        f.document(1).Unload();
+        f.saved.SaveAllDocuments();
+        QCOMPARE(stored(f, u"DocumentCount"_s), u"2"_s);
+        QCOMPARE(stored(f, u"Document1"_s), u"http://b/deeper"_s);
+        QCOMPARE(stored(f, u"Document2"_s), u"http://c/"_s);
+        // What stands above the count stays.
+        QCOMPARE(stored(f, u"Document3"_s), u"http://c/"_s);
+    }
+
+    void loading_data()
+    {
+        QTest::addColumn<QString>("count");
+        QTest::addColumn<QStringList>("opened");
+        const QString a = u"http://a/"_s;
+        const QString home = u"http://home.example/"_s;
+        QTest::newRow("as many as stored") << u"2"_s << QStringList{a, u""_s};
+        QTest::newRow("more: the home page") << u"3"_s << QStringList{a, u""_s, home};
+        QTest::newRow("none") << u"0"_s << QStringList();
+        QTest::newRow("no number") << u"many"_s << QStringList();
+    }
+
+    void loading()
+    {
+        QFETCH(const QString, count);
+        QFETCH(const QStringList, opened);
+        DocumentFixture f;
+        store(f, u"DocumentCount"_s, count);
+        store(f, u"Document1"_s, u"http://a/"_s);
+        store(f, u"Document2"_s, QString());
+        f.saved.LoadAllDocuments();
+        QCOMPARE(f.main.opened, opened);
+        QCOMPARE(f.count(), opened.size());
+        if (!opened.isEmpty())
+            QVERIFY(f.document(f.count()).isActive());
+        f.saved.LoadAllDocuments();
+        QCOMPARE(f.count(), 2 * opened.size());
+    }
+
+    void loadThatEndsMeanwhileChangesNothing()
+    {
+        DocumentFixture f;
+        f.settings.SaveDocumentOnExit = true;
+        frmDocument &first = f.open(u"http://open/"_s);
+        store(f, u"DocumentCount"_s, u"3"_s);
+        for (const QString &n : {u"1"_s, u"2"_s, u"3"_s})
+            store(f, u"Document"_s + n, u"http://"_s + n);
+        f.main.opened.clear();
+        // Events are let through while documents open; the end of this load writes the list anew.
+        QMetaObject::invokeMethod(
+            &first, [&] { f.document(1).WebBro_ProgressChange(0, 0); }, Qt::QueuedConnection);
+        f.saved.LoadAllDocuments();
+        QVERIFY(f.main.calls.contains(u"SaveAllDocuments"_s));
+        QCOMPARE(f.main.opened, (QStringList{u"http://1"_s, u"http://2"_s, u"http://3"_s}));
+    }
+
+    void question_data()
+    {
+        QTest::addColumn<int>("option");
+        QTest::addColumn<bool>("dontAsk");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<int>("action");
+        QTest::addColumn<bool>("loads");
+        QTest::newRow("load") << 0 << false << u"ok"_s << 2 << true;
+        QTest::newRow("always load") << 0 << true << u"ok"_s << 1 << true;
+        QTest::newRow("nothing") << 1 << false << u"ok"_s << 2 << false;
+        QTest::newRow("never again") << 1 << true << u"ok"_s << 3 << false;
+        QTest::newRow("cancel ignores the box") << 0 << true << u"cancel"_s << 2 << false;
+        QTest::newRow("Enter") << 0 << false << u"enter"_s << 2 << true;
+        QTest::newRow("Escape") << 0 << true << u"escape"_s << 2 << false;
+    }
+
+    void question()
+    {
+        QFETCH(const int, option);
+        QFETCH(const bool, dontAsk);
+        QFETCH(const QString, button);
+        DocumentFixture f;
+        f.settings.LoadAction = 2;
+        f.flags.ShortcutsEnabled = true;
+        bool shortcutsWhileLoading = false;
+        {
+            frmLoad form(&f.window, f.main, f.settings, f.flags);
+            QVERIFY(!f.flags.ShortcutsEnabled);
+            QCOMPARE(form.windowTitle(), u"Load Saved Documents"_s);
+            QVERIFY(form.label1->text().startsWith(u"In a previous session"));
+            QVERIFY(form.Option1[0]->isChecked());
+            QVERIFY(!form.chkDontAskAgain->isChecked());
+            QCOMPARE(form.btnOk->text(), u"&OK"_s);
+            form.show();
+            form.Option1[option]->setChecked(true);
+            form.chkDontAskAgain->setChecked(dontAsk);
+            if (button == u"ok")
+                form.btnOk->click();
+            else if (button == u"cancel")
+                form.btnCancel->click();
+            else
+                QTest::keyClick(&form, button == u"enter" ? Qt::Key_Return : Qt::Key_Escape);
+            QVERIFY(!form.isVisible());
+            shortcutsWhileLoading = f.flags.ShortcutsEnabled;
+            f.flags.ShortcutsEnabled = false;
+        }
+        QVERIFY(shortcutsWhileLoading);
+        QVERIFY(!f.flags.ShortcutsEnabled);
+        QTEST(int(f.settings.LoadAction), "action");
+        QTEST(f.main.calls.contains(u"LoadAllDocuments"_s), "loads");
+    }
 
 private:
     static QString stored(DocumentFixture &f, const QString &key)
     {
         return f.store.GetSetting(appTitle(), u"Settings"_s, key, u"-"_s);
     }
+
     static void store(DocumentFixture &f, const QString &key, const QString &value)
     {
         f.store.SaveSetting(appTitle(), u"Settings"_s, key, value);
     }
 };
-
-void tst_SavedDocuments::savedInTabOrder()
-{
-    DocumentFixture f;
-    for (const QString &url : {u"http://a/"_s, u"http://b/"_s, u"http://c/"_s})
-        f.open(url);
-    f.saved.SaveAllDocuments();
-    QCOMPARE(stored(f, u"DocumentCount"_s), u"3"_s);
-    QCOMPARE(stored(f, u"Document3"_s), u"http://c/"_s);
-    DocumentFixture::browserOf(f.document(2)).address = u"http://b/deeper"_s;
-    f.document(1).Unload();
-    f.saved.SaveAllDocuments();
-    QCOMPARE(stored(f, u"DocumentCount"_s), u"2"_s);
-    QCOMPARE(stored(f, u"Document1"_s), u"http://b/deeper"_s);
-    QCOMPARE(stored(f, u"Document2"_s), u"http://c/"_s);
-    // What stands above the count stays.
-    QCOMPARE(stored(f, u"Document3"_s), u"http://c/"_s);
-}
-
-void tst_SavedDocuments::loading_data()
-{
-    QTest::addColumn<QString>("count");
-    QTest::addColumn<QStringList>("opened");
-    const QString a = u"http://a/"_s;
-    const QString home = u"http://home.example/"_s;
-    QTest::newRow("as many as stored") << u"2"_s << QStringList{a, u""_s};
-    QTest::newRow("more: the home page") << u"3"_s << QStringList{a, u""_s, home};
-    QTest::newRow("none") << u"0"_s << QStringList();
-    QTest::newRow("no number") << u"many"_s << QStringList();
-}
-
-void tst_SavedDocuments::loading()
-{
-    QFETCH(const QString, count);
-    QFETCH(const QStringList, opened);
-    DocumentFixture f;
-    store(f, u"DocumentCount"_s, count);
-    store(f, u"Document1"_s, u"http://a/"_s);
-    store(f, u"Document2"_s, QString());
-    f.saved.LoadAllDocuments();
-    QCOMPARE(f.main.opened, opened);
-    QCOMPARE(f.count(), opened.size());
-    if (!opened.isEmpty())
-        QVERIFY(f.document(f.count()).isActive());
-    f.saved.LoadAllDocuments();
-    QCOMPARE(f.count(), 2 * opened.size());
-}
-
-void tst_SavedDocuments::loadThatEndsMeanwhileChangesNothing()
-{
-    DocumentFixture f;
-    f.settings.SaveDocumentOnExit = true;
-    frmDocument &first = f.open(u"http://open/"_s);
-    store(f, u"DocumentCount"_s, u"3"_s);
-    for (const QString &n : {u"1"_s, u"2"_s, u"3"_s})
-        store(f, u"Document"_s + n, u"http://"_s + n);
-    f.main.opened.clear();
-    // Events are let through while documents open; the end of this load writes the list anew.
-    QMetaObject::invokeMethod(
-        &first, [&] { f.document(1).WebBro_ProgressChange(0, 0); }, Qt::QueuedConnection);
-    f.saved.LoadAllDocuments();
-    QVERIFY(f.main.calls.contains(u"SaveAllDocuments"_s));
-    QCOMPARE(f.main.opened, (QStringList{u"http://1"_s, u"http://2"_s, u"http://3"_s}));
-}
-
-void tst_SavedDocuments::question_data()
-{
-    QTest::addColumn<int>("option");
-    QTest::addColumn<bool>("dontAsk");
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<int>("action");
-    QTest::addColumn<bool>("loads");
-    QTest::newRow("load") << 0 << false << u"ok"_s << 2 << true;
-    QTest::newRow("always load") << 0 << true << u"ok"_s << 1 << true;
-    QTest::newRow("nothing") << 1 << false << u"ok"_s << 2 << false;
-    QTest::newRow("never again") << 1 << true << u"ok"_s << 3 << false;
-    QTest::newRow("cancel ignores the box") << 0 << true << u"cancel"_s << 2 << false;
-    QTest::newRow("Enter") << 0 << false << u"enter"_s << 2 << true;
-    QTest::newRow("Escape") << 0 << true << u"escape"_s << 2 << false;
-}
-
-void tst_SavedDocuments::question()
-{
-    QFETCH(const int, option);
-    QFETCH(const bool, dontAsk);
-    QFETCH(const QString, button);
-    DocumentFixture f;
-    f.settings.LoadAction = 2;
-    f.flags.ShortcutsEnabled = true;
-    bool shortcutsWhileLoading = false;
-    {
-        frmLoad form(&f.window, f.main, f.settings, f.flags);
-        QVERIFY(!f.flags.ShortcutsEnabled);
-        QCOMPARE(form.windowTitle(), u"Load Saved Documents"_s);
-        QVERIFY(form.label1->text().startsWith(u"In a previous session"));
-        QVERIFY(form.Option1[0]->isChecked());
-        QVERIFY(!form.chkDontAskAgain->isChecked());
-        QCOMPARE(form.btnOk->text(), u"&OK"_s);
-        form.show();
-        form.Option1[option]->setChecked(true);
-        form.chkDontAskAgain->setChecked(dontAsk);
-        if (button == u"ok")
-            form.btnOk->click();
-        else if (button == u"cancel")
-            form.btnCancel->click();
-        else
-            QTest::keyClick(&form, button == u"enter" ? Qt::Key_Return : Qt::Key_Escape);
-        QVERIFY(!form.isVisible());
-        shortcutsWhileLoading = f.flags.ShortcutsEnabled;
-        f.flags.ShortcutsEnabled = false;
-    }
-    QVERIFY(shortcutsWhileLoading);
-    QVERIFY(!f.flags.ShortcutsEnabled);
-    QTEST(int(f.settings.LoadAction), "action");
-    QTEST(f.main.calls.contains(u"LoadAllDocuments"_s), "loads");
-}
 
 QTEST_MAIN(tst_SavedDocuments)
 #include "tst_saveddocuments.moc"

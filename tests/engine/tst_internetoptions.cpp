@@ -136,14 +136,6 @@ private slots:
         QCOMPARE(m_host->present, expected);
     }
 
-    void cancelLeavesEverything()
-    {
-        click("optCookiesNone");
-        QTest::keyClick(m_dialog, Qt::Key_Escape);
-        QTRY_VERIFY(!m_dialog);
-        QCOMPARE(m_host->applied, 0);
-    }
-
     void wrongInputIsToldAndNotApplied()
     {
         const auto isRefused = [&](int message) {
@@ -167,20 +159,12 @@ private slots:
             path.setText(wrong);
             QVERIFY(isRefused(20567));
         }
-        QFile file(folder.filePath(u"file"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        path.setText(file.fileName());
-        QVERIFY(isRefused(20568));
         path.setText(folder.filePath(u"new/one"_s));
         QVERIFY(problem().isEmpty());
         click("btnSystemFolder");
         QCOMPARE(path.text(), m_host->systemDownloadFolder());
 
         toFront("Identification");
-        QCOMPARE(shownAgent(), u"Engine/1"_s);
-        click("optAgentOld");
-        QCOMPARE(shownAgent(), QString(EngineSettings::kOldAgent));
-        QVERIFY(child<QLineEdit>("txtAgent").isReadOnly());
         click("optAgentCustom");
         auto &agent = child<QLineEdit>("txtAgent");
         QTest::keyClick(&agent, Qt::Key_A, Qt::ControlModifier);
@@ -190,9 +174,6 @@ private slots:
         agent.insert(u"\u00e9"_s);
         QVERIFY(isRefused(20570));
         QTest::keyClick(&agent, Qt::Key_Backspace);
-        // The user's own text survives a look at the others.
-        click("optAgentOwn");
-        click("optAgentCustom");
         click("btnOk");
         QCOMPARE(m_host->present.customAgent, u"Mine"_s);
         QVERIFY(m_host->present.downloadFolder.isEmpty());
@@ -235,18 +216,6 @@ private slots:
         click("chkSystem");
         click("btnOk");
         QCOMPARE(m_host->present.languages, QStringList());
-    }
-
-    void clearsWhatIsChosen()
-    {
-        QVERIFY(!isEnabled("btnClear"));
-        click("chkCookies");
-        click("chkHistory");
-        click("btnClear");
-        QCOMPARE(m_host->cleared, Traces(Trace::Cookies | Trace::History));
-        QVERIFY(child<QLabel>("lblCleared").text().startsWith(u"Cleared: cookies, history."_s));
-        QVERIFY(!isEnabled("btnClear"));
-        QCOMPARE(m_host->applied, 0);
     }
 
     void whatCouldNotBeStoredIsTold()
@@ -297,17 +266,6 @@ private slots:
                          qPrintable(field->objectName()));
             }
         }
-    }
-
-    void folderIsChosenWithoutStopping()
-    {
-        const QTemporaryDir folder;
-        click("btnBrowse");
-        auto *dialog = m_dialog->findChild<QFileDialog *>();
-        QVERIFY(dialog && dialog->isVisible());
-        emit dialog->fileSelected(folder.path());
-        QCOMPARE(child<QLineEdit>("txtFolder").text(), folder.path());
-        delete m_dialog;
     }
 };
 

@@ -226,40 +226,6 @@ private slots:
         QCOMPARE(order, QList<int>({1, 2, 3}));
     }
 
-    void findBarOpensByKey()
-    {
-        m_site.page("/own", "Own",
-                    "<p>one two two</p><script>addEventListener('keydown', e => { if (e.key == 'f' && e.ctrlKey &&"
-                    "location.hash == '#own') { e.preventDefault(); document.title = 'Page found'; } })</script>");
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(m_site.address(u"/own"_s)));
-        browser->setFocus();
-        const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-            if (QWidget *focused = QApplication::focusWidget())
-                QTest::keyClick(focused, key, modifiers);
-        };
-        const auto bar = [&] { return browser->findChild<FindBar *>(); };
-        WAIT_VERIFY(browser->focusProxy()->focusProxy());
-        WAIT_VERIFY((press(Qt::Key_F, Qt::ControlModifier), bar() && bar()->isVisible()));
-        WAIT_COMPARE(QApplication::focusWidget()->objectName(), u"txtFind"_s);
-        QCOMPARE(browser->focusProxy()->geometry().bottom() + 1, bar()->geometry().top());
-
-        QTest::keyClicks(QApplication::focusWidget(), u"two"_s);
-        const auto *hits = bar()->findChild<QLabel *>(u"lblHits"_s);
-        WAIT_COMPARE(hits->text(), u"1 of 2"_s);
-        press(Qt::Key_F3);
-        WAIT_COMPARE(hits->text(), u"2 of 2"_s);
-        press(Qt::Key_Escape);
-        QVERIFY(bar()->isHidden());
-        WAIT_VERIFY(browser->focusProxy()->isAncestorOf(QApplication::focusWidget()));
-        QCOMPARE(browser->focusProxy()->geometry(), browser->rect());
-
-        // A page with a find of its own keeps the key.
-        QVERIFY(browser.open(m_site.address(u"/own#own"_s)));
-        WAIT_VERIFY((press(Qt::Key_F, Qt::ControlModifier), browser->LocationName() == u"Page found"_s));
-        QVERIFY(bar()->isHidden());
-    }
-
     void properties()
     {
         LoopbackSite::Answer dated{"<title>Dated</title>abc", "text/html;charset=iso-8859-2"};

@@ -59,6 +59,7 @@ struct FakePage : PrintFacet, SaveFacet, InfoFacet, FindFacet
         painter.end();
         return bytes;
     }
+
     void makePdf(const PageSetup &setup, const QPageRanges &ranges,
                  std::function<void(const QByteArray &)> done) override
     {
@@ -66,17 +67,20 @@ struct FakePage : PrintFacet, SaveFacet, InfoFacet, FindFacet
         asked << u"pdf %1"_s.arg(ranges.toString());
         waiting.push_back([=] { done(pdf(setup)); });
     }
+
     void save(const QString &path, SaveFormat format, std::function<void(bool)> done) override
     {
         asked << u"save %1 %2"_s.arg(QFileInfo(path).fileName()).arg(static_cast<int>(format));
         waiting.push_back([this, done] { done(saves); });
     }
+
     bool isSaving() const override { return false; }
     PageInfo known() const override { return page; }
     void read(std::function<void(const PageInfo &)> done) override
     {
         waiting.push_back([this, done] { done(page); });
     }
+
     void find(const QString &text, const FindOptions &options, std::function<void(FindHits)> done) override
     {
         asked << u"find %1%2%3%4"_s.arg(text, options.backward ? u" back"_s : QString(),
@@ -84,6 +88,7 @@ struct FakePage : PrintFacet, SaveFacet, InfoFacet, FindFacet
                                         options.highlightAll ? QString() : u" plain"_s);
         waiting.push_back([hits = hits, done] { done(hits); });
     }
+
     void endFind() override { asked << u"end"_s; }
     void showFindBar() override {}
     void hideFindBar() override {}
@@ -109,355 +114,270 @@ class TestPageDialogs : public QObject
     Q_OBJECT
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
-    void pageSetupInAFile();
-    void damagedPageSetup_data();
-    void damagedPageSetup();
-    void fileName_data();
-    void fileName();
-    void saveDialog_data();
-    void saveDialog();
-    void pageSetupDialog();
-    void findBar();
-    void findBarLateAnswers();
-    void preview();
-    void printsToFile();
-    void warnsOfWhatWasNotSaved();
-    void closesWithItsDocument();
-};
 
-void TestPageDialogs::pageSetupInAFile()
-{
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(u"page-setup"_s);
-    PageSetup setup;
-    setup.layout.setPageSize(QPageSize(QPageSize::A5));
-    setup.layout.setOrientation(QPageLayout::Landscape);
-    setup.layout.setMargins({10, 20.5, 30, 0});
-    setup.background = true;
-    PageMemory(file).setSetup(setup);
-    QVERIFY(PageMemory(file).setup() == setup);
-    QVERIFY(PageMemory(folder.filePath(u"none"_s)).setup() == PageSetup());
-}
-
-void TestPageDialogs::damagedPageSetup_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("rubbish") << QByteArray("\0\xff=\n==\npaper\n", 13);
-    QTest::newRow("unknown paper") << QByteArray("paper=Napkin\n");
-    QTest::newRow("three margins") << QByteArray("margins=1 2 3\n");
-    QTest::newRow("no numbers") << QByteArray("margins=nan 2 3 inf\n");
-    QTest::newRow("negative margin") << QByteArray("margins=-5 2 3 4\n");
-    QTest::newRow("nothing left of the sheet") << QByteArray("paper=A4\nmargins=80 80 80 200\n");
-}
-
-void TestPageDialogs::damagedPageSetup()
-{
-    QFETCH(const QByteArray, text);
-    const PageSetup setup = PageSetup::fromText(text);
-    QCOMPARE(setup.layout, PageSetup::standardLayout());
-    QVERIFY(setup.isPrintable());
-}
-
-void TestPageDialogs::fileName_data()
-{
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("address");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("plain") << u"A page"_s << u"http://x.org/"_s << u"A page"_s;
-    QTest::newRow("path") << u"../../etc/passwd"_s << u"http://x.org/"_s << u"etc passwd"_s;
-    QTest::newRow("forbidden") << u"What? \"A\" <b>:\n*|c\\"_s << u"http://x.org/"_s << u"What A b c"_s;
-    QTest::newRow("direction override") << u"a\u202Egnp.exe"_s << u"http://x.org/"_s << u"a gnp.exe"_s;
-    QTest::newRow("dots") << u"...hidden..."_s << u"http://x.org/"_s << u"hidden"_s;
-    QTest::newRow("without title") << u"http://x.org/a/list.html?q=1"_s << u"http://x.org/a/list.html?q=1"_s
-                                   << u"list"_s;
-    QTest::newRow("only host") << u"/"_s << u"http://x.org/"_s << u"x.org"_s;
-    QTest::newRow("nothing") << QString() << u"about:blank"_s << u"blank"_s;
-    QTest::newRow("nothing at all") << u"?"_s << u"about:"_s << u"page"_s;
-}
-
-void TestPageDialogs::fileName()
-{
-    QFETCH(const QString, title);
-    QFETCH(const QString, address);
-    PageInfo info;
-    info.title = title;
-    info.address = address;
-    info.url = QUrl(address);
-    QTEST(fileNameFor(info), "name");
-
-    info.title = QString(100, u'ä') + QString::fromUcs4(U"\U0001F600").repeated(40);
-    const QString cut = fileNameFor(info);
-    QVERIFY(cut.toUtf8().size() <= 200);
-    QVERIFY(!cut.back().isHighSurrogate());
-}
-
-void TestPageDialogs::saveDialog_data()
-{
-    QTest::addColumn<int>("filter");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("saved");
-    QTest::addColumn<int>("format");
-    QTest::newRow("as proposed") << 0 << QString() << u"A page.html"_s << static_cast<int>(SaveFormat::Complete);
-    QTest::newRow("single file") << 1 << u"one"_s << u"one.mhtml"_s << static_cast<int>(SaveFormat::SingleFile);
-    // An archive under the ending of a page would be shown as text.
-    QTest::newRow("wrong ending") << 1 << u"one.html"_s << u"one.html.mhtml"_s
-                                  << static_cast<int>(SaveFormat::SingleFile);
-    QTest::newRow("other ending") << 2 << u"v1.2"_s << u"v1.2.html"_s << static_cast<int>(SaveFormat::HtmlOnly);
-    QTest::newRow("short ending") << 2 << u"v.HTM"_s << u"v.HTM"_s << static_cast<int>(SaveFormat::HtmlOnly);
-}
-
-void TestPageDialogs::saveDialog()
-{
-    QFETCH(const int, filter);
-    QFETCH(const QString, typed);
-    const QTemporaryDir folder;
-    QWidget page;
-    PageInfo info;
-    info.title = u"A page"_s;
-    QString path;
-    int format = -1;
-    QFileDialog *dialog = showSaveDialog(info, folder.path(), &page, [&](const QString &chosen, SaveFormat as) {
-        path = chosen;
-        format = static_cast<int>(as);
-    });
-    QVERIFY(!dialog->isModal());
-    dialog->selectNameFilter(dialog->nameFilters().at(filter));
-    emit dialog->filterSelected(dialog->nameFilters().at(filter));
-    if (!typed.isEmpty())
-        dialog->selectFile(typed);
-    QMetaObject::invokeMethod(dialog, "accept");
-    QCOMPARE(QFileInfo(path).absolutePath(), folder.path());
-    QTEST(QFileInfo(path).fileName(), "saved");
-    QTEST(format, "format");
-}
-
-void TestPageDialogs::pageSetupDialog()
-{
-    PageSetup setup;
-    setup.layout.setMargins({10, 20, 30, 40});
-    QWidget page;
-    auto *dialog = new PageSetupDialog(setup, &page);
-    QVERIFY(dialog->setup() == setup);
-
-    PageSetup chosen;
-    connect(dialog, &PageSetupDialog::chosen, this, [&](const PageSetup &given) { chosen = given; });
-    auto *paper = child<QComboBox>(*dialog, "cmbPaper");
-    paper->setCurrentIndex(paper->findData(QPageSize::A6));
-    auto *ok = dialog->findChild<QDialogButtonBox *>()->buttons().first();
-    child<QDoubleSpinBox>(*dialog, "txtMargin0")->setValue(80);
-    QVERIFY(!ok->isEnabled());
-    child<QDoubleSpinBox>(*dialog, "txtMargin0")->setValue(5);
-    child<QRadioButton>(*dialog, "optLandscape")->setChecked(true);
-    child<QCheckBox>(*dialog, "chkBackground")->setChecked(true);
-    QVERIFY(ok->isEnabled());
-    ok->click();
-    QCOMPARE(chosen.layout.pageSize().id(), QPageSize::A6);
-    QCOMPARE(chosen.layout.orientation(), QPageLayout::Landscape);
-    QCOMPARE(chosen.layout.margins(), QMarginsF(5, 20, 30, 40));
-    QVERIFY(chosen.background);
-}
-
-void TestPageDialogs::findBar()
-{
-    FakePage page;
-    page.hits = {2, 7};
-    QWidget window;
-    FindBar bar(page, &window);
-    QSignalSpy left(&bar, &FindBar::focusLeft);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    bar.open();
-    auto *text = child<QLineEdit>(bar, "txtFind");
-    auto *count = child<QLabel>(bar, "lblHits");
-    QCOMPARE(window.focusWidget(), text);
-
-    // Typing asks once for the word, not for each letter.
-    QTest::keyClicks(text, u"corvane"_s);
-    QTRY_COMPARE(page.asked, QStringList{u"find corvane"_s});
-    page.answerAll();
-    QCOMPARE(count->text(), u"2 of 7"_s);
-
-    page.asked.clear();
-    QTest::keyClick(text, Qt::Key_Return);
-    QTest::keyClick(text, Qt::Key_Enter, Qt::ShiftModifier);
-    QTest::keyClick(text, Qt::Key_F3);
-    QTest::keyClick(text, Qt::Key_F3, Qt::ShiftModifier);
-    child<QToolButton>(bar, "btnPrevious")->click();
-    child<QToolButton>(bar, "btnNext")->click();
-    child<QCheckBox>(bar, "chkCase")->click();
-    child<QCheckBox>(bar, "chkHighlight")->click();
-    QCOMPARE(page.asked, QStringList({u"find corvane"_s, u"find corvane back"_s, u"find corvane"_s,
-                                      u"find corvane back"_s, u"find corvane back"_s, u"find corvane"_s,
-                                      u"find corvane case"_s, u"find corvane case plain"_s}));
-    page.hits = {};
-    QTest::keyClick(text, Qt::Key_Return);
-    page.answerAll();
-    QCOMPARE(count->text(), LoadResString(20474));
-
-    page.asked.clear();
-    QTest::keyClick(text, Qt::Key_Escape);
-    QVERIFY(bar.isHidden());
-    QCOMPARE(page.asked, QStringList{u"end"_s});
-    QCOMPARE(left.count(), 1);
-}
-
-void TestPageDialogs::findBarLateAnswers()
-{
-    FakePage page;
-    auto bar = std::make_unique<FindBar>(page, nullptr);
-    bar->open();
-    auto *text = child<QLineEdit>(*bar, "txtFind");
-    auto *count = child<QLabel>(*bar, "lblHits");
-    text->setText(u"a"_s);
-    page.hits = {1, 99};
-    bar->findNext();
-    page.hits = {1, 1};
-    bar->findNext();
-    std::swap(page.waiting[0], page.waiting[1]);
-    page.answerAll();
-    QCOMPARE(count->text(), u"1 of 1"_s);
-
-    bar->findNext();
-    bar->pageChanged();
-    page.answerAll();
-    QCOMPARE(count->text(), QString());
-
-    bar->findNext();
-    bar.reset();
-    page.answerAll();
-}
-
-void TestPageDialogs::preview()
-{
-    FakePage page;
-    QWidget document;
-    PrintPreview window(document, page, PageSetup(), u"A page"_s);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.show();
-    QVERIFY(window.windowTitle().contains(u"A page"_s));
-    page.answerAll();
-    auto *number = child<QSpinBox>(window, "txtPage");
-    auto *zoom = child<QComboBox>(window, "cmbZoom");
-    PreviewPages &pages = window.pages();
-    QCOMPARE(pages.count(), 5);
-    QCOMPARE(child<QLabel>(window, "lblPages")->text(), u"of 5"_s);
-    QCOMPARE(number->value(), 1);
-    QTRY_VERIFY(pages.zoom() < 1);
-    const double fitted = pages.zoom();
-
-    number->setValue(4);
-    QCOMPARE(pages.currentPage(), 4);
-    // The sheet is white and has the blue square in its corner.
-    const QImage shot = pages.grab().toImage();
-    int blue = 0;
-    for (int y = 0; y < shot.height(); y += 2) {
-        for (int x = 0; x < shot.width(); x += 2)
-            blue += shot.pixelColor(x, y) == QColor(Qt::blue);
+    void pageSetupInAFile()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(u"page-setup"_s);
+        PageSetup setup;
+        setup.layout.setPageSize(QPageSize(QPageSize::A5));
+        setup.layout.setOrientation(QPageLayout::Landscape);
+        setup.layout.setMargins({10, 20.5, 30, 0});
+        setup.background = true;
+        PageMemory(file).setSetup(setup);
+        QVERIFY(PageMemory(file).setup() == setup);
+        QVERIFY(PageMemory(folder.filePath(u"none"_s)).setup() == PageSetup());
+        // The last one would leave nothing of the sheet.
+        for (const char *damaged : {"\xff=\n==\npaper\n", "paper=Napkin\n", "margins=1 2 3\n", "margins=nan 2 3 inf\n",
+                                    "margins=-5 2 3 4\n", "paper=A4\nmargins=80 80 80 200\n"}) {
+            QCOMPARE(PageSetup::fromText(damaged).layout, PageSetup::standardLayout());
+        }
     }
-    QVERIFY(blue > 5);
 
-    emit zoom->activated(1);
-    QVERIFY(pages.zoom() > fitted);
-    zoom->setEditText(u"150%"_s);
-    QTest::keyClick(zoom, Qt::Key_Return);
-    QCOMPARE(pages.zoom(), 1.5);
-    QCOMPARE(pages.currentPage(), 4);
-    zoom->setEditText(u"wide"_s);
-    QTest::keyClick(zoom, Qt::Key_Return);
-    QCOMPARE(zoom->currentText(), u"150 %"_s);
-
-    QSignalSpy changed(&window, &PrintPreview::setupChanged);
-    for (QAction *action : window.findChildren<QAction *>()) {
-        if (action->text() == LoadResString(20428))
-            action->trigger();
+    void fileName_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("path") << u"../../etc/passwd"_s << u"http://x.org/"_s << u"etc passwd"_s;
+        QTest::newRow("forbidden") << u"What? \"A\" <b>:\n*|c\\"_s << u"http://x.org/"_s << u"What A b c"_s;
+        QTest::newRow("direction override") << u"a\u202Egnp.exe"_s << u"http://x.org/"_s << u"a gnp.exe"_s;
+        QTest::newRow("without title") << u"http://x.org/a/list.html?q=1"_s << u"http://x.org/a/list.html?q=1"_s
+                                       << u"list"_s;
+        QTest::newRow("only host") << u"/"_s << u"http://x.org/"_s << u"x.org"_s;
+        QTest::newRow("nothing at all") << u"?"_s << u"about:"_s << u"page"_s;
     }
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(page.setups.back().layout.orientation(), QPageLayout::Landscape);
-    page.answerAll();
-    QCOMPARE(pages.count(), 3);
-    QCOMPARE(number->value(), 3);
-}
 
-void TestPageDialogs::printsToFile()
-{
-    const QTemporaryDir folder;
-    FakePage page;
-    QWidget document;
-    QStringList told;
-    const auto tell = [&](const QString &text) { told << text; };
-    for (const bool isWritable : {true, false}) {
-        auto *job = new PrintJob(document, page, PageSetup(), u"A page"_s, u"A page"_s, tell);
-        QSignalSpy gone(job, &QObject::destroyed);
-        const QString file = folder.filePath(isWritable ? u"out.pdf"_s : u"missing/out.pdf"_s);
-        job->printer().setOutputFormat(QPrinter::PdfFormat);
-        job->printer().setOutputFileName(file);
-        job->printer().setPrintRange(QPrinter::PageRange);
-        job->printer().setFromTo(2, 3);
-        job->print();
+    void fileName()
+    {
+        QFETCH(const QString, title);
+        QFETCH(const QString, address);
+        PageInfo info;
+        info.title = title;
+        info.address = address;
+        info.url = QUrl(address);
+        QTEST(fileNameFor(info), "name");
+
+        info.title = QString(100, u'ä') + QString::fromUcs4(U"\U0001F600").repeated(40);
+        const QString cut = fileNameFor(info);
+        QVERIFY(cut.toUtf8().size() <= 200);
+        QVERIFY(!cut.back().isHighSurrogate());
+    }
+
+    void saveDialog_data()
+    {
+        QTest::addColumn<int>("filter");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("saved");
+        QTest::addColumn<int>("format");
+        QTest::newRow("as proposed") << 0 << QString() << u"A page.html"_s << static_cast<int>(SaveFormat::Complete);
+        QTest::newRow("single file") << 1 << u"one"_s << u"one.mhtml"_s << static_cast<int>(SaveFormat::SingleFile);
+        // An archive under the ending of a page would be shown as text.
+        QTest::newRow("wrong ending") << 1 << u"one.html"_s << u"one.html.mhtml"_s
+                                      << static_cast<int>(SaveFormat::SingleFile);
+        QTest::newRow("other ending") << 2 << u"v1.2"_s << u"v1.2.html"_s << static_cast<int>(SaveFormat::HtmlOnly);
+        QTest::newRow("short ending") << 2 << u"v.HTM"_s << u"v.HTM"_s << static_cast<int>(SaveFormat::HtmlOnly);
+    }
+
+    void saveDialog()
+    {
+        QFETCH(const int, filter);
+        QFETCH(const QString, typed);
+        const QTemporaryDir folder;
+        QWidget page;
+        PageInfo info;
+        info.title = u"A page"_s;
+        QString path;
+        int format = -1;
+        QFileDialog *dialog = showSaveDialog(info, folder.path(), &page, [&](const QString &chosen, SaveFormat as) {
+            path = chosen;
+            format = static_cast<int>(as);
+        });
+        QVERIFY(!dialog->isModal());
+        dialog->selectNameFilter(dialog->nameFilters().at(filter));
+        emit dialog->filterSelected(dialog->nameFilters().at(filter));
+        if (!typed.isEmpty())
+            dialog->selectFile(typed);
+        QMetaObject::invokeMethod(dialog, "accept");
+        QCOMPARE(QFileInfo(path).absolutePath(), folder.path());
+        QTEST(QFileInfo(path).fileName(), "saved");
+        QTEST(format, "format");
+    }
+
+    void pageSetupDialog()
+    {
+        PageSetup setup;
+        setup.layout.setMargins({10, 20, 30, 40});
+        QWidget page;
+        auto *dialog = new PageSetupDialog(setup, &page);
+        QVERIFY(dialog->setup() == setup);
+
+        PageSetup chosen;
+        connect(dialog, &PageSetupDialog::chosen, this, [&](const PageSetup &given) { chosen = given; });
+        auto *paper = child<QComboBox>(*dialog, "cmbPaper");
+        paper->setCurrentIndex(paper->findData(QPageSize::A6));
+        auto *ok = dialog->findChild<QDialogButtonBox *>()->buttons().first();
+        child<QDoubleSpinBox>(*dialog, "txtMargin0")->setValue(80);
+        QVERIFY(!ok->isEnabled());
+        child<QDoubleSpinBox>(*dialog, "txtMargin0")->setValue(5);
+        child<QRadioButton>(*dialog, "optLandscape")->setChecked(true);
+        child<QCheckBox>(*dialog, "chkBackground")->setChecked(true);
+        QVERIFY(ok->isEnabled());
+        ok->click();
+        QCOMPARE(chosen.layout.pageSize().id(), QPageSize::A6);
+        QCOMPARE(chosen.layout.orientation(), QPageLayout::Landscape);
+        QCOMPARE(chosen.layout.margins(), QMarginsF(5, 20, 30, 40));
+        QVERIFY(chosen.background);
+    }
+
+    void findBar()
+    {
+        FakePage page;
+        QWidget window;
+        FindBar bar(page, &window);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        bar.open();
+        auto *text = child<QLineEdit>(bar, "txtFind");
+        page.hits = {2, 7};
+        // Typing asks once for the word, not for each letter.
+        QTest::keyClicks(text, u"corvane"_s);
+        QTRY_COMPARE(page.asked, QStringList{u"find corvane"_s});
         page.answerAll();
-        QVERIFY(gone.wait());
-        QCOMPARE(page.asked.last(), u"pdf 2-3"_s);
-        QCOMPARE(QFile::exists(file), isWritable);
-        QVERIFY(told.last().contains(file));
-        QCOMPARE(told.last() == LoadResString(20416).arg(file), isWritable);
+        page.asked.clear();
+        QTest::keyClick(text, Qt::Key_Return);
+        QTest::keyClick(text, Qt::Key_Enter, Qt::ShiftModifier);
+        QTest::keyClick(text, Qt::Key_F3);
+        QTest::keyClick(text, Qt::Key_F3, Qt::ShiftModifier);
+        child<QToolButton>(bar, "btnPrevious")->click();
+        child<QToolButton>(bar, "btnNext")->click();
+        child<QCheckBox>(bar, "chkCase")->click();
+        child<QCheckBox>(bar, "chkHighlight")->click();
+        QCOMPARE(page.asked, QStringList({u"find corvane"_s, u"find corvane back"_s, u"find corvane"_s,
+                                          u"find corvane back"_s, u"find corvane back"_s, u"find corvane"_s,
+                                          u"find corvane case"_s, u"find corvane case plain"_s}));
     }
-    QVERIFY(openPdf(QByteArray("no PDF")) == nullptr);
-}
 
-void TestPageDialogs::warnsOfWhatWasNotSaved()
-{
-    const QTemporaryDir folder;
-    FakePage fake;
-    fake.page.title = u"A page"_s;
-    QWidget page;
-    PageMemory memory{QString()};
-    memory.setFolder(folder.path());
-    QStringList told;
-    QStringList warned;
-    PageCommands commands(
-        page, {fake, fake, fake}, memory, [&](const QString &text) { told << text; },
-        [&](const QString &, const QString &text) { warned << text; });
-    for (const bool saves : {true, false}) {
-        fake.saves = saves;
-        QVERIFY(commands.run(OLECMDID_SAVEAS));
-        QVERIFY(commands.run(OLECMDID_SAVEAS));
-        fake.answerAll();
-        QMetaObject::invokeMethod(page.findChild<QFileDialog *>(), "accept");
-        QCOMPARE(fake.asked.last(), u"save A page.html 0"_s);
-        fake.answerAll();
-        QCOMPARE(warned.size(), saves ? 0 : 1);
-        QTRY_VERIFY(!page.findChild<QFileDialog *>());
+    void findBarLateAnswers()
+    {
+        FakePage page;
+        auto bar = std::make_unique<FindBar>(page, nullptr);
+        bar->open();
+        auto *text = child<QLineEdit>(*bar, "txtFind");
+        auto *count = child<QLabel>(*bar, "lblHits");
+        text->setText(u"a"_s);
+        page.hits = {1, 99};
+        bar->findNext();
+        page.hits = {1, 1};
+        bar->findNext();
+        std::swap(page.waiting[0], page.waiting[1]);
+        page.answerAll();
+        QCOMPARE(count->text(), u"1 of 1"_s);
+
+        bar->findNext();
+        bar->pageChanged();
+        page.answerAll();
+        QCOMPARE(count->text(), QString());
+
+        bar->findNext();
+        bar.reset();
+        page.answerAll();
     }
-    QVERIFY(warned.first().contains(folder.filePath(u"A page.html"_s)));
-    QVERIFY(told.contains(LoadResString(20103).arg(u"A page.html"_s, folder.path())));
-    QVERIFY(!commands.run(OLECMDID_ZOOM));
-}
 
-void TestPageDialogs::closesWithItsDocument()
-{
-    FakePage fake;
-    PageMemory memory{QString()};
-    for (const bool isAnswered : {true, false}) {
-        auto page = std::make_unique<QWidget>();
-        auto commands = std::make_unique<PageCommands>(
-            *page, PageCommands::Facets{fake, fake, fake}, memory, [](const QString &) {},
-            [](const QString &, const QString &) {});
-        for (const int command : {OLECMDID_PROPERTIES, OLECMDID_PRINT, OLECMDID_PRINTPREVIEW, OLECMDID_PAGESETUP})
-            commands->run(command);
-        if (isAnswered)
+    void preview()
+    {
+        FakePage page;
+        QWidget document;
+        PrintPreview window(document, page, PageSetup(), u"A page"_s);
+        window.setAttribute(Qt::WA_DeleteOnClose, false);
+        window.show();
+        QVERIFY(window.windowTitle().contains(u"A page"_s));
+        page.answerAll();
+        auto *number = child<QSpinBox>(window, "txtPage");
+        PreviewPages &pages = window.pages();
+        QCOMPARE(pages.count(), 5);
+        QCOMPARE(child<QLabel>(window, "lblPages")->text(), u"of 5"_s);
+        QCOMPARE(number->value(), 1);
+        QTRY_VERIFY(pages.zoom() < 1);
+
+        number->setValue(4);
+        QCOMPARE(pages.currentPage(), 4);
+        // The sheet is white and has the blue square in its corner.
+        const QImage shot = pages.grab().toImage();
+        int blue = 0;
+        for (int y = 0; y < shot.height(); y += 2) {
+            for (int x = 0; x < shot.width(); x += 2)
+                blue += shot.pixelColor(x, y) == QColor(Qt::blue);
+        }
+        QVERIFY(blue > 5);
+
+        QSignalSpy changed(&window, &PrintPreview::setupChanged);
+        for (QAction *action : window.findChildren<QAction *>()) {
+            if (action->text() == LoadResString(20428))
+                action->trigger();
+        }
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(page.setups.back().layout.orientation(), QPageLayout::Landscape);
+        page.answerAll();
+        QCOMPARE(pages.count(), 3);
+        QCOMPARE(number->value(), 3);
+    }
+
+    void printsToFile()
+    {
+        const QTemporaryDir folder;
+        FakePage page;
+        QWidget document;
+        QStringList told;
+        const auto tell = [&](const QString &text) { told << text; };
+        for (const bool isWritable : {true, false}) {
+            auto *job = new PrintJob(document, page, PageSetup(), u"A page"_s, u"A page"_s, tell);
+            QSignalSpy gone(job, &QObject::destroyed);
+            const QString file = folder.filePath(isWritable ? u"out.pdf"_s : u"missing/out.pdf"_s);
+            job->printer().setOutputFormat(QPrinter::PdfFormat);
+            job->printer().setOutputFileName(file);
+            job->printer().setPrintRange(QPrinter::PageRange);
+            job->printer().setFromTo(2, 3);
+            job->print();
+            page.answerAll();
+            QVERIFY(gone.wait());
+            QCOMPARE(page.asked.last(), u"pdf 2-3"_s);
+            QCOMPARE(QFile::exists(file), isWritable);
+            QVERIFY(told.last().contains(file));
+            QCOMPARE(told.last() == LoadResString(20416).arg(file), isWritable);
+        }
+        QVERIFY(openPdf(QByteArray("no PDF")) == nullptr);
+    }
+
+    void warnsOfWhatWasNotSaved()
+    {
+        const QTemporaryDir folder;
+        FakePage fake;
+        fake.page.title = u"A page"_s;
+        QWidget page;
+        PageMemory memory{QString()};
+        memory.setFolder(folder.path());
+        QStringList told;
+        QStringList warned;
+        PageCommands commands(
+            page, {fake, fake, fake}, memory, [&](const QString &text) { told << text; },
+            [&](const QString &, const QString &text) { warned << text; });
+        for (const bool saves : {true, false}) {
+            fake.saves = saves;
+            QVERIFY(commands.run(OLECMDID_SAVEAS));
+            QVERIFY(commands.run(OLECMDID_SAVEAS));
             fake.answerAll();
-        const auto windows = [] {
-            const QWidgetList all = QApplication::topLevelWidgets();
-            return std::count_if(all.begin(), all.end(), [](const QWidget *window) { return window->isVisible(); });
-        };
-        QCOMPARE(windows(), isAnswered ? 4 : 3);
-        commands.reset();
-        QCOMPARE(windows(), 0);
-        page.reset();
-        fake.answerAll();
+            QMetaObject::invokeMethod(page.findChild<QFileDialog *>(), "accept");
+            QCOMPARE(fake.asked.last(), u"save A page.html 0"_s);
+            fake.answerAll();
+            QCOMPARE(warned.size(), saves ? 0 : 1);
+            QTRY_VERIFY(!page.findChild<QFileDialog *>());
+        }
+        QVERIFY(warned.first().contains(folder.filePath(u"A page.html"_s)));
+        QVERIFY(told.contains(LoadResString(20103).arg(u"A page.html"_s, folder.path())));
+        QVERIFY(!commands.run(OLECMDID_ZOOM));
     }
-}
+};
 
 QTEST_MAIN(TestPageDialogs)
 #include "tst_pagedialogs.moc"

@@ -82,16 +82,9 @@ private slots:
         QVERIFY(!file.readAll().contains("once"));
     }
 
-    void damagedFileIsKeptAside_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("no database") << "this is not a database, but long enough to be looked at"_ba.repeated(100);
-        QTest::newRow("cut header") << "SQLite format 3\0 and then nothing that makes sense at all"_ba.repeated(50);
-    }
-
     void damagedFileIsKeptAside()
     {
-        QFETCH(QByteArray, content);
+        const QByteArray content = "SQLite format 3\0 and then nothing of any sense at all"_ba.repeated(50);
         QDir().mkpath(QFileInfo(m_file).path());
         QFile file(m_file);
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -103,18 +96,6 @@ private slots:
         QFile aside(m_file + u".damaged"_s);
         QVERIFY(aside.open(QIODevice::ReadOnly));
         QCOMPARE(aside.readAll(), content);
-    }
-
-    void unusablePlaceCostsTheHistoryOnly()
-    {
-        QVERIFY(QDir().mkpath(m_file));
-        VisitLog log(m_file);
-        log.addVisit(u"http://example.com/"_s, {});
-        log.flush();
-        QVERIFY(all(log).empty());
-        QVERIFY(log.find(u"example"_s, 5).empty());
-        log.remove(u"http://example.com/"_s);
-        log.clear();
     }
 };
 

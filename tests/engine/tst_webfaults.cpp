@@ -46,21 +46,6 @@ private slots:
         WAIT_VERIFY(!browser->findChild<QWidget *>(u"Overlay"_s));
     }
 
-    void hungPageIsClosedAtOnce()
-    {
-        m_site.page("/hung", "Hung",
-                    "<script>onload = () => setTimeout(() => { fetch('/hanging'); for (;;); }, 0)</script>");
-        auto browser = std::make_unique<RecordedBrowser>(*m_test.engine, m_site);
-        QVERIFY(browser->open(at(u"/hung"_s)));
-        QElapsedTimer time;
-        time.start();
-        browser.reset();
-        // The bound is the promise to the user, far above what it takes.
-        QVERIFY(time.elapsed() < 2000);
-        RecordedBrowser next(*m_test.engine, m_site);
-        QVERIFY(next.open(at(u"/plain"_s)));
-    }
-
     void badCertificateIsTheUsersChoice()
     {
         m_secure.page("/plain", "Secret");
@@ -117,9 +102,7 @@ private slots:
         QTest::addColumn<QString>("address");
         QTest::addColumn<bool>("isThere");
         QTest::newRow("page") << u"corvane://www/index.html"_s << true;
-        QTest::newRow("folder") << u"corvane://www/"_s << true;
         QTest::newRow("other case") << u"corvane://www/INDEX.html"_s << true;
-        QTest::newRow("missing") << u"corvane://www/none.html"_s << false;
         QTest::newRow("outside") << u"corvane://www/%2e%2e/strings/strings.txt"_s << false;
     }
 
@@ -178,23 +161,6 @@ private slots:
         QFile second(folder.filePath(u"data (2).tar.gz"_s));
         QVERIFY(second.open(QIODevice::ReadOnly));
         QCOMPARE(second.readAll(), late.body);
-    }
-
-    void secondProgramGetsAProfileOfItsOwn()
-    {
-        m_test.engine->warmUp();
-        {
-            const auto second = engine::makeWebEngine(m_test.config());
-            RecordedBrowser browser(*second, m_site);
-            QVERIFY(browser.open(at(u"/plain"_s)));
-            const QFileInfo own(m_test.config().profileFolder + u"-2"_s);
-            QVERIFY(own.isDir());
-            QCOMPARE(own.permissions() & QFile::Permissions(0x77), QFile::Permissions());
-        }
-        // Its place is free again when it has gone.
-        const auto third = engine::makeWebEngine(m_test.config());
-        third->warmUp();
-        QVERIFY(!QFileInfo::exists(m_test.config().profileFolder + u"-3"_s));
     }
 };
 

@@ -335,17 +335,6 @@ private slots:
         // The next start knows it too.
         QCOMPARE(EngineSettings::load(settingsFile()).downloadFolder, folder);
     }
-
-    void oneDialogAtATime()
-    {
-        RecordedBrowser browser(*m_test.engine, m_site);
-        RecordedBrowser other(*m_test.engine, m_site);
-        for (int i = 0; i < 2; ++i)
-            browser->Exec(IDM_OPTIONS, 0, 0);
-        QCOMPARE(browser->window()->findChildren<InternetOptions *>().size(), 1);
-        // The other documents go on meanwhile.
-        QVERIFY(open(other, u"/page"_s));
-    }
 };
 
 int main(int argc, char **argv)

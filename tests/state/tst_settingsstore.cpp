@@ -17,30 +17,203 @@ class tst_SettingsStore : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void valuesComeBack_data();
-    void valuesComeBack();
-    void handEditedValues_data();
-    void handEditedValues();
-    void absentKeys();
-    void whatTheProgramDoesNotKnowSurvives();
-    void sectionCalledGeneral();
-    void fileIsPrivate();
-    void damagedFileIsKept_data();
-    void damagedFileIsKept();
-    void fullDisk();
-    void placeThatCannotBeWritten();
-    void twoProgramsOnOneFile();
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_file = m_folder->filePath(u"config/settings.ini"_s);
+        m_copy = m_folder->filePath(u"copy.ini"_s);
+    }
+
+    void valuesComeBack_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::newRow("plain") << u"https://a.example/?b=c&d#e"_s;
+        QTest::newRow("comma") << u"a, b,c"_s;
+        QTest::newRow("semicolon and hash") << u";a # b; c"_s;
+        QTest::newRow("quotes") << u"\"a\""_s;
+        QTest::newRow("quote inside") << u"a\"b\""_s;
+        QTest::newRow("backslashes") << u"C:\\new\\x41\\"_s;
+        QTest::newRow("percent") << u"%20%%s%"_s;
+        QTest::newRow("blanks at the ends") << u"  a \t"_s;
+        QTest::newRow("line breaks") << u"a\r\nb\n\rc\n"_s;
+        QTest::newRow("escaped and quoted") << u" \\n\\\"\\u0041\""_s;
+        QTest::newRow("control characters") << u"\0\x01\x1b\x7f"_s;
+        QTest::newRow("Unicode") << u"\u00e4\u4e2d\U0001F600\u202e\u0085\ufeff"_s;
+        QTest::newRow("half of a surrogate pair") << QString(QChar(0xD83D)) + u'x' + QChar(0xDE00);
+        QTest::newRow("100 KB") << QString(100 * 1024, u'\u00e4');
+    }
+
+    void valuesComeBack()
+    {
+        QFETCH(QString, value);
+        {
+            SettingsStore store(m_file);
+            save(store, u"Key"_s, value);
+            save(store, u"Next"_s, u"next"_s);
+            QCOMPARE(get(store, u"Key"_s), value);
+        }
+        QCOMPARE(stored(u"Key"_s), value);
+        QCOMPARE(stored(u"Next"_s), u"next"_s);
+    }
+
+    void handEditedValues_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<QString>("value");
+        QTest::newRow("list") << QByteArray("Key=a, b,c") << u"a, b,c"_s;
+        QTest::newRow("blanks around") << QByteArray("  Key = a b  ") << u"a b"_s;
+        QTest::newRow("CR LF") << QByteArray("Key=a\r") << u"a"_s;
+        QTest::newRow("semicolon") << QByteArray("Key=a ; b") << u"a ; b"_s;
+        QTest::newRow("backslashes") << QByteArray("Key=C:\\new\\temp") << u"C:\\new\\temp"_s;
+        QTest::newRow("percent") << QByteArray("Key=a%20b%") << u"a%20b%"_s;
+        QTest::newRow("quotes around") << QByteArray("Key=\" a \"") << u" a "_s;
+        QTest::newRow("quotes and more") << QByteArray("Key=\"a\" b \"c\"") << u"\"a\" b \"c\""_s;
+        QTest::newRow("unknown escape in quotes") << QByteArray("Key=\"C:\\windows\"") << u"\"C:\\windows\""_s;
+        QTest::newRow("equals signs") << QByteArray("Key=a=b=") << u"a=b="_s;
+        QTest::newRow("the last counts") << QByteArray("Key=a\nKey=b") << u"b"_s;
+        QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF[Corvane/General]\nKey=a") << u"a"_s;
+    }
+
+    void handEditedValues()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(QString, value);
+        if (!line.startsWith('\xEF'))
+            line.prepend("[Corvane/General]\n");
+        QDir().mkpath(QFileInfo(m_file).path());
+        QVERIFY(writeFileWhole(m_file, line));
+        {
+            SettingsStore store(m_file);
+            QCOMPARE(get(store, u"Key"_s), value);
+            save(store, u"Other"_s, u"x"_s);
+        }
+        // Writing another key must not change it.
+        QCOMPARE(stored(u"Key"_s), value);
+        QCOMPARE(stored(u"Other"_s), u"x"_s);
+    }
+
+    void absentKeys()
+    {
+        SettingsStore store(m_file);
+        QCOMPARE(store.GetSetting(appTitle(), u"A"_s, u"Key"_s, u"default"_s), u"default"_s);
+        QCOMPARE(store.GetSetting(appTitle(), u"A"_s, u"Key"_s), QString());
+        save(store, u"Key"_s, u"x"_s);
+        QCOMPARE(store.GetSetting(appTitle(), u"A"_s, u"Key"_s, u"default"_s), u"default"_s);
+        QCOMPARE(store.GetSetting(u"Other"_s, u"General"_s, u"Key"_s, u"default"_s), u"default"_s);
+        QCOMPARE(get(store, u"key"_s), u"(absent)"_s);
+        // Stored as empty is not absent.
+        save(store, u"Key"_s, QString());
+        QCOMPARE(get(store, u"Key"_s), QString());
+    }
+
+    void whatTheProgramDoesNotKnowSurvives()
+    {
+        QDir().mkpath(QFileInfo(m_file).path());
+        QVERIFY(writeFileWhole(m_file, "Alone=1\n"
+                                       "[Other program/Deep/Section]\nFuture=a, b\n"
+                                       "[Corvane/General]\n; written by hand\nNewKey=2\n???\na/b=c\nLoadAction=1\n"));
+        {
+            SettingsStore store(m_file);
+            save(store, u"LoadAction"_s, u"3"_s);
+        }
+        const QByteArray content = readFile(m_file).value_or(QByteArray());
+        for (const char *line : {"Alone=1\n", "[Other program/Deep/Section]\nFuture=a, b\n",
+                                 "; written by hand\n???\na/b=c\n", "NewKey=2\n", "LoadAction=3\n"})
+            QVERIFY2(content.contains(line), content.constData());
+        QVERIFY(!content.contains("LoadAction=1"));
+    }
+
+    void fileIsPrivate()
+    {
+        SettingsStore store(m_file);
+        save(store, u"TrayPassword"_s, u"secret"_s);
+        QVERIFY(store.sync());
+        QVERIFY(!(QFile::permissions(m_file) & kOthers));
+
+        const QString open = m_folder->filePath(u"open.ini"_s);
+        QVERIFY(writeFileWhole(open, {}));
+        QFile::setPermissions(open, QFile::permissions(open) | QFileDevice::ReadOther);
+        SettingsStore other(open);
+        QVERIFY(!(QFile::permissions(open) & kOthers));
+    }
+
+    void damagedFileIsKept_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("zero bytes") << QByteArray("[Corvane/General]\nKey=a\n\0\0\0\0", 29);
+        QTest::newRow("no text") << QByteArray("\xFF\xFE\x80[Corvane/General]\nKey=a\n");
+    }
+
+    void damagedFileIsKept()
+    {
+        QFETCH(QByteArray, content);
+        QDir().mkpath(QFileInfo(m_file).path());
+        QVERIFY(writeFileWhole(m_file, content));
+        {
+            SettingsStore store(m_file);
+            QCOMPARE(get(store, u"Key"_s), u"(absent)"_s);
+            save(store, u"Other"_s, u"x"_s);
+            QVERIFY(store.sync());
+        }
+        QCOMPARE(stored(u"Other"_s), u"x"_s);
+        QVERIFY(!(QFile::permissions(m_file) & kOthers));
+        QCOMPARE(readFile(m_file + u".damaged"_s).value_or("none"), content);
+
+        // A folder in the file's place cannot be read as a file.
+        const QString folder = m_folder->filePath(u"folder"_s);
+        QVERIFY(QDir().mkpath(folder + u"/inner"_s));
+        SettingsStore store(folder);
+        save(store, u"Key"_s, u"x"_s);
+        QVERIFY(store.sync());
+        QVERIFY(QFileInfo::exists(folder + u".damaged/inner"_s));
+    }
+
+    void fullDisk()
+    {
+        SettingsStore store(m_file);
+        save(store, u"Key"_s, u"old"_s);
+        QVERIFY(store.sync());
+        save(store, u"Key"_s, QString(10000, u'x'));
+
+        {
+            const FullDisk full(1000);
+            QVERIFY(!store.sync());
+        }
+        QCOMPARE(readFile(m_file).value_or("none"), "[Corvane/General]\nKey=old\n");
+        QCOMPARE(get(store, u"Key"_s).size(), 10000);
+        // When there is room again, the change is not lost.
+        QVERIFY(store.sync());
+        QCOMPARE(stored(u"Key"_s).size(), 10000);
+    }
+
+    void twoProgramsOnOneFile()
+    {
+        SettingsStore store(m_file);
+        save(store, u"Mine"_s, u"1"_s);
+        save(store, u"Both"_s, u"1"_s);
+        QVERIFY(store.sync());
+
+        // Another program changes the file meanwhile.
+        QVERIFY(writeFileWhole(m_file, "[Corvane/General]\nBoth=22\nMine=1\nTheirs=22\n"));
+        save(store, u"Mine"_s, u"333"_s);
+        QVERIFY(store.sync());
+        QCOMPARE(stored(u"Mine"_s), u"333"_s);
+        QCOMPARE(stored(u"Theirs"_s), u"22"_s);
+        QCOMPARE(stored(u"Both"_s), u"22"_s);
+        QCOMPARE(get(store, u"Both"_s), u"22"_s);
+    }
 
 private:
     static QString get(const SettingsStore &store, const QString &key)
     {
         return store.GetSetting(appTitle(), u"General"_s, key, u"(absent)"_s);
     }
+
     static void save(SettingsStore &store, const QString &key, const QString &value)
     {
         store.SaveSetting(appTitle(), u"General"_s, key, value);
     }
+
     /// What another start of the program would find.
     QString stored(const QString &key) const
     {
@@ -54,230 +227,6 @@ private:
     /// Within one process two stores on one file share their values, so what is on the disk is read from a copy.
     QString m_copy;
 };
-
-void tst_SettingsStore::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_file = m_folder->filePath(u"config/settings.ini"_s);
-    m_copy = m_folder->filePath(u"copy.ini"_s);
-}
-
-void tst_SettingsStore::valuesComeBack_data()
-{
-    QTest::addColumn<QString>("value");
-    QTest::newRow("empty") << QString();
-    QTest::newRow("plain") << u"https://a.example/?b=c&d#e"_s;
-    QTest::newRow("comma") << u"a, b,c"_s;
-    QTest::newRow("semicolon and hash") << u";a # b; c"_s;
-    QTest::newRow("quotes") << u"\"a\""_s;
-    QTest::newRow("quote in front") << u"\"a"_s;
-    QTest::newRow("one quote") << u"\""_s;
-    QTest::newRow("quote inside") << u"a\"b\""_s;
-    QTest::newRow("backslashes") << u"C:\\new\\x41\\"_s;
-    QTest::newRow("percent") << u"%20%%s%"_s;
-    QTest::newRow("brackets") << u"[General]"_s;
-    QTest::newRow("at sign") << u"@Invalid()"_s;
-    QTest::newRow("blanks at the ends") << u"  a \t"_s;
-    QTest::newRow("only blanks") << u"   "_s;
-    QTest::newRow("line breaks") << u"a\r\nb\n\rc\n"_s;
-    QTest::newRow("escaped and quoted") << u" \\n\\\"\\u0041\""_s;
-    QTest::newRow("control characters") << u"\0\x01\x1b\x7f"_s;
-    QTest::newRow("Unicode") << u"\u00e4\u4e2d\U0001F600\u202e\u0085\ufeff"_s;
-    QTest::newRow("half of a surrogate pair") << QString(QChar(0xD83D)) + u'x' + QChar(0xDE00);
-    QTest::newRow("100 KB") << QString(100 * 1024, u'\u00e4');
-}
-
-void tst_SettingsStore::valuesComeBack()
-{
-    QFETCH(QString, value);
-    {
-        SettingsStore store(m_file);
-        save(store, u"Key"_s, value);
-        save(store, u"Next"_s, u"next"_s);
-        QCOMPARE(get(store, u"Key"_s), value);
-    }
-    QCOMPARE(stored(u"Key"_s), value);
-    QCOMPARE(stored(u"Next"_s), u"next"_s);
-}
-
-void tst_SettingsStore::handEditedValues_data()
-{
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QString>("value");
-    QTest::newRow("list") << QByteArray("Key=a, b,c") << u"a, b,c"_s;
-    QTest::newRow("blanks around") << QByteArray("  Key = a b  ") << u"a b"_s;
-    QTest::newRow("CR LF") << QByteArray("Key=a\r") << u"a"_s;
-    QTest::newRow("semicolon") << QByteArray("Key=a ; b") << u"a ; b"_s;
-    QTest::newRow("backslashes") << QByteArray("Key=C:\\new\\temp") << u"C:\\new\\temp"_s;
-    QTest::newRow("percent") << QByteArray("Key=a%20b%") << u"a%20b%"_s;
-    QTest::newRow("quotes around") << QByteArray("Key=\" a \"") << u" a "_s;
-    QTest::newRow("quotes and more") << QByteArray("Key=\"a\" b \"c\"") << u"\"a\" b \"c\""_s;
-    QTest::newRow("unknown escape in quotes") << QByteArray("Key=\"C:\\windows\"") << u"\"C:\\windows\""_s;
-    QTest::newRow("open quote") << QByteArray("Key=\"a") << u"\"a"_s;
-    QTest::newRow("nothing") << QByteArray("Key=") << QString();
-    QTest::newRow("equals signs") << QByteArray("Key=a=b=") << u"a=b="_s;
-    QTest::newRow("the last counts") << QByteArray("Key=a\nKey=b") << u"b"_s;
-    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF[Corvane/General]\nKey=a") << u"a"_s;
-    QTest::newRow("no equals sign") << QByteArray("Key") << u"(absent)"_s;
-}
-
-void tst_SettingsStore::handEditedValues()
-{
-    QFETCH(QByteArray, line);
-    QFETCH(QString, value);
-    if (!line.startsWith('\xEF'))
-        line.prepend("[Corvane/General]\n");
-    QDir().mkpath(QFileInfo(m_file).path());
-    QVERIFY(writeFileWhole(m_file, line));
-    {
-        SettingsStore store(m_file);
-        QCOMPARE(get(store, u"Key"_s), value);
-        save(store, u"Other"_s, u"x"_s);
-    }
-    // Writing another key must not change it.
-    QCOMPARE(stored(u"Key"_s), value);
-    QCOMPARE(stored(u"Other"_s), u"x"_s);
-}
-
-void tst_SettingsStore::absentKeys()
-{
-    SettingsStore store(m_file);
-    QCOMPARE(store.GetSetting(appTitle(), u"A"_s, u"Key"_s, u"default"_s), u"default"_s);
-    QCOMPARE(store.GetSetting(appTitle(), u"A"_s, u"Key"_s), QString());
-    save(store, u"Key"_s, u"x"_s);
-    QCOMPARE(store.GetSetting(appTitle(), u"A"_s, u"Key"_s, u"default"_s), u"default"_s);
-    QCOMPARE(store.GetSetting(u"Other"_s, u"General"_s, u"Key"_s, u"default"_s), u"default"_s);
-    QCOMPARE(get(store, u"key"_s), u"(absent)"_s);
-    // Stored as empty is not absent.
-    save(store, u"Key"_s, QString());
-    QCOMPARE(get(store, u"Key"_s), QString());
-}
-
-void tst_SettingsStore::whatTheProgramDoesNotKnowSurvives()
-{
-    QDir().mkpath(QFileInfo(m_file).path());
-    QVERIFY(writeFileWhole(m_file, "Alone=1\n"
-                                   "[Other program/Deep/Section]\nFuture=a, b\n"
-                                   "[Corvane/General]\n; written by hand\nNewKey=2\n???\na/b=c\nLoadAction=1\n"));
-    {
-        SettingsStore store(m_file);
-        save(store, u"LoadAction"_s, u"3"_s);
-    }
-    const QByteArray content = readFile(m_file).value_or(QByteArray());
-    for (const char *line : {"Alone=1\n", "[Other program/Deep/Section]\nFuture=a, b\n",
-                             "; written by hand\n???\na/b=c\n", "NewKey=2\n", "LoadAction=3\n"})
-        QVERIFY2(content.contains(line), content.constData());
-    QVERIFY(!content.contains("LoadAction=1"));
-}
-
-void tst_SettingsStore::sectionCalledGeneral()
-{
-    {
-        SettingsStore store(m_file);
-        save(store, u"LoadAction"_s, u"2"_s);
-        store.SaveSetting(u"General"_s, u"General"_s, u"LoadAction"_s, u"3"_s);
-    }
-    QCOMPARE(readFile(m_file).value_or(QByteArray()),
-             "[Corvane/General]\nLoadAction=2\n\n[General/General]\nLoadAction=3\n");
-}
-
-void tst_SettingsStore::fileIsPrivate()
-{
-    SettingsStore store(m_file);
-    save(store, u"TrayPassword"_s, u"secret"_s);
-    QVERIFY(store.sync());
-    QVERIFY(!(QFile::permissions(m_file) & kOthers));
-
-    const QString open = m_folder->filePath(u"open.ini"_s);
-    QVERIFY(writeFileWhole(open, {}));
-    QFile::setPermissions(open, QFile::permissions(open) | QFileDevice::ReadOther);
-    SettingsStore other(open);
-    QVERIFY(!(QFile::permissions(open) & kOthers));
-}
-
-void tst_SettingsStore::damagedFileIsKept_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("zero bytes") << QByteArray("[Corvane/General]\nKey=a\n\0\0\0\0", 29);
-    QTest::newRow("no text") << QByteArray("\xFF\xFE\x80[Corvane/General]\nKey=a\n");
-}
-
-void tst_SettingsStore::damagedFileIsKept()
-{
-    QFETCH(QByteArray, content);
-    QDir().mkpath(QFileInfo(m_file).path());
-    QVERIFY(writeFileWhole(m_file, content));
-    {
-        SettingsStore store(m_file);
-        QCOMPARE(get(store, u"Key"_s), u"(absent)"_s);
-        save(store, u"Other"_s, u"x"_s);
-        QVERIFY(store.sync());
-    }
-    QCOMPARE(stored(u"Other"_s), u"x"_s);
-    QVERIFY(!(QFile::permissions(m_file) & kOthers));
-    QCOMPARE(readFile(m_file + u".damaged"_s).value_or("none"), content);
-
-    // A folder in the file's place cannot be read as a file.
-    const QString folder = m_folder->filePath(u"folder"_s);
-    QVERIFY(QDir().mkpath(folder + u"/inner"_s));
-    SettingsStore store(folder);
-    save(store, u"Key"_s, u"x"_s);
-    QVERIFY(store.sync());
-    QVERIFY(QFileInfo::exists(folder + u".damaged/inner"_s));
-}
-
-void tst_SettingsStore::fullDisk()
-{
-    SettingsStore store(m_file);
-    save(store, u"Key"_s, u"old"_s);
-    QVERIFY(store.sync());
-    save(store, u"Key"_s, QString(10000, u'x'));
-
-    {
-        const FullDisk full(1000);
-        QVERIFY(!store.sync());
-    }
-    QCOMPARE(readFile(m_file).value_or("none"), "[Corvane/General]\nKey=old\n");
-    QCOMPARE(get(store, u"Key"_s).size(), 10000);
-    // When there is room again, the change is not lost.
-    QVERIFY(store.sync());
-    QCOMPARE(stored(u"Key"_s).size(), 10000);
-}
-
-void tst_SettingsStore::placeThatCannotBeWritten()
-{
-    for (const QString &file : {u"/proc/corvane/settings.ini"_s, u"/dev/null/settings.ini"_s}) {
-        SettingsStore store(file);
-        save(store, u"Key"_s, u"x"_s);
-        QVERIFY(!store.sync());
-        QCOMPARE(get(store, u"Key"_s), u"x"_s);
-    }
-}
-
-void tst_SettingsStore::twoProgramsOnOneFile()
-{
-    SettingsStore store(m_file);
-    save(store, u"Mine"_s, u"1"_s);
-    save(store, u"Both"_s, u"1"_s);
-    QVERIFY(store.sync());
-
-    // Another program changes the file meanwhile.
-    QVERIFY(writeFileWhole(m_file, "[Corvane/General]\nBoth=22\nMine=1\nTheirs=22\n"));
-    save(store, u"Mine"_s, u"333"_s);
-    QVERIFY(store.sync());
-    QCOMPARE(stored(u"Mine"_s), u"333"_s);
-    QCOMPARE(stored(u"Theirs"_s), u"22"_s);
-    QCOMPARE(stored(u"Both"_s), u"22"_s);
-    QCOMPARE(get(store, u"Both"_s), u"22"_s);
-
-    // Or damages it.
-    QVERIFY(writeFileWhole(m_file, QByteArray(100, '\0')));
-    save(store, u"Mine"_s, u"4444"_s);
-    QVERIFY(store.sync());
-    QCOMPARE(stored(u"Mine"_s), u"4444"_s);
-    QVERIFY(!(QFile::permissions(m_file) & kOthers));
-    QCOMPARE(readFile(m_file + u".damaged"_s).value_or("none"), QByteArray(100, '\0'));
-}
 
 QTEST_GUILESS_MAIN(tst_SettingsStore)
 #include "tst_settingsstore.moc"

@@ -18,15 +18,113 @@ class tst_SettingsTable : public QObject
     Q_OBJECT
 
 private slots:
-    void everyKey();
-    void everyKeyFillsItsOwnValue();
-    void valuesThatDoNotConvert();
-    void emptyFontName();
-    void booleans_data();
-    void booleans();
-    void numbers_data();
-    void numbers();
-    void singles();
+    void everyKey()
+    {
+        // Every key of the store, section by section in the order in which they are written: name, type, default, menu
+        // entry. "window" stands for the window's own value.
+        const QString expected = QString::fromUtf8(readFile(QStringLiteral(EXPECTED_KEYS)).value_or(QByteArray()));
+        const auto joined = [](const QStringList &parts) { return u"    "_s + parts.join(u' ').trimmed(); };
+        const char *const windowTypes[] = {"Boolean", "Integer", "Single", "Text"};
+        const char *const fieldTypes[] = {"Boolean", "Integer", "Color", "Text", "Integer"};
+        QStringList lines{u"Settings"_s};
+        for (const WindowKey &key : windowKeys())
+            lines += joined({QString::fromLatin1(key.key), QString::fromLatin1(windowTypes[int(key.type)]),
+                             key.defaultText ? QString::fromLatin1(key.defaultText) : u"window"_s});
+        for (const char *section : kSections) {
+            lines += QString::fromLatin1(section);
+            for (const SettingKey &key : settingKeys(section))
+                lines += joined({QString::fromLatin1(key.key), QString::fromLatin1(fieldTypes[key.field.index()]),
+                                 defaultOf(key, m_paths), QString::fromLatin1(key.menuKey)});
+        }
+        QCOMPARE(lines.join(u'\n') + u'\n', expected);
+        QVERIFY(settingKeys("Nothing").empty());
+    }
+
+    void emptyFontName()
+    {
+        SettingsStore store(m_folder.filePath(u"empty.ini"_s));
+        for (const SettingKey &key : settingKeys("Sidebar"))
+            store.SaveSetting(appTitle(), u"Sidebar"_s, QString::fromLatin1(key.key), QString());
+        store.SaveSetting(appTitle(), u"Sites"_s, u"SitesHome1"_s, QString());
+        Settings settings;
+        readKey(store, m_paths, settingKeys("Sidebar")[1], settings);
+        QCOMPARE(settings.QNFontName, u"Arial"_s);
+        readKey(store, m_paths, settingKeys("Sites")[0], settings);
+        QCOMPARE(settings.SitesHome1, QString());
+    }
+
+    void booleans_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("value"); // -1: doesn't convert
+        for (const QString &yes : {u" trUE "_s, u"-1"_s, u"0.1"_s, u"&H2"_s})
+            QTest::newRow(qPrintable(yes)) << yes << 1;
+        for (const QString &no : {u"fALSE"_s, u" 0.0 "_s, u"&H0"_s})
+            QTest::newRow(qPrintable(no)) << no << 0;
+        for (const QString &none : {u""_s, u" "_s, u"yes"_s, u"True."_s, u"Tru"_s, u"1x"_s, u"nan"_s, u"inf"_s})
+            QTest::newRow(qPrintable(none + u" doesn't"_s)) << none << -1;
+    }
+
+    void booleans()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, value);
+        int result = -1;
+        step([&] { result = toBoolean(text); });
+        QCOMPARE(result, value);
+        QCOMPARE(toBoolean(fromBoolean(true)), true);
+        QCOMPARE(toBoolean(fromBoolean(false)), false);
+    }
+
+    void numbers_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("integer");
+        QTest::addColumn<QString>("asLong");
+        const QString none = u"none"_s;
+        const auto same = [](const char *name, const QString &text, int value) {
+            QTest::newRow(name) << text << QString::number(value) << QString::number(value);
+        };
+        same("sign and blanks", u" +7 "_s, 7);
+        same("half to even, down", u"2.5"_s, 2);
+        same("half to even, up", u"3.5"_s, 4);
+        same("negative half", u"-0.5"_s, 0);
+        same("nearly", u"2.51"_s, 3);
+        same("no whole part", u".6"_s, 1);
+        same("exponent", u"1.5E2"_s, 150);
+        same("smallest 16 bits", u"-32768"_s, -32768);
+        same("largest 16 bits", u"32767.49"_s, 32767);
+        same("hexadecimal", u"&hfF"_s, 255);
+        QTest::newRow("above 16 bits") << u"32767.5"_s << none << u"32768"_s;
+        QTest::newRow("below 16 bits") << u"-32769"_s << none << u"-32769"_s;
+        QTest::newRow("hexadecimal pattern") << u"&HFFFFFFFE"_s << u"-2"_s << u"-2"_s;
+        QTest::newRow("largest 32 bits") << u"2147483647"_s << none << u"2147483647"_s;
+        for (const QString &bad :
+             {u"2147483648"_s, u"-2147483649"_s, u"1e400"_s, u""_s,    u" "_s,    u"-"_s,     u"."_s,
+              u"1 2"_s,        u"12px"_s,        u"0x10"_s,  u"1e"_s,  u"1,5"_s,  u"&H"_s,    u"&HG"_s,
+              u"&H-1"_s,       u"&H123456789"_s, u"nan"_s,   u"inf"_s, u"True"_s, u"\u0661"_s})
+            QTest::newRow(qPrintable(u"not "_s + bad)) << bad << none << none;
+    }
+
+    void numbers()
+    {
+        QFETCH(QString, text);
+        QString integer = u"none"_s;
+        QString asLong = u"none"_s;
+        step([&] { integer = QString::number(toInteger(text)); });
+        step([&] { asLong = QString::number(toLong(text)); });
+        QTEST(integer, "integer");
+        QTEST(asLong, "asLong");
+    }
+
+    void singles()
+    {
+        QCOMPARE(toSingle(u"-1000.25"_s), -1000.25F);
+        QCOMPARE(toSingle(u"6500"_s), 6500.0F);
+        QCOMPARE(toSingle(u"3.4e38"_s), 3.4e38F);
+        for (const QString &bad : {u"3.5e38"_s, u"-1e39"_s, u"wide"_s, QString()})
+            QVERIFY_THROWS_EXCEPTION(ControlError, toSingle(bad));
+    }
 
 private:
     QTemporaryDir m_folder;
@@ -36,170 +134,6 @@ private:
         return paths;
     }();
 };
-
-void tst_SettingsTable::everyKey()
-{
-    // Every key of the store, section by section in the order in which they are written: name, type, default, menu
-    // entry. "window" stands for the window's own value.
-    const QString expected = QString::fromUtf8(readFile(QStringLiteral(EXPECTED_KEYS)).value_or(QByteArray()));
-    const auto joined = [](const QStringList &parts) { return u"    "_s + parts.join(u' ').trimmed(); };
-    const char *const windowTypes[] = {"Boolean", "Integer", "Single", "Text"};
-    const char *const fieldTypes[] = {"Boolean", "Integer", "Color", "Text", "Integer"};
-    QStringList lines{u"Settings"_s};
-    for (const WindowKey &key : windowKeys())
-        lines += joined({QString::fromLatin1(key.key), QString::fromLatin1(windowTypes[int(key.type)]),
-                         key.defaultText ? QString::fromLatin1(key.defaultText) : u"window"_s});
-    for (const char *section : kSections) {
-        lines += QString::fromLatin1(section);
-        for (const SettingKey &key : settingKeys(section))
-            lines += joined({QString::fromLatin1(key.key), QString::fromLatin1(fieldTypes[key.field.index()]),
-                             defaultOf(key, m_paths), QString::fromLatin1(key.menuKey)});
-    }
-    QCOMPARE(lines.join(u'\n') + u'\n', expected);
-    QVERIFY(settingKeys("Nothing").empty());
-}
-
-void tst_SettingsTable::everyKeyFillsItsOwnValue()
-{
-    // Each key gets a value of its own; two keys on one value, or a reader and a writer on different ones, would show.
-    SettingsStore store(m_folder.filePath(u"values.ini"_s));
-    const auto valueOf = [](const SettingKey &key, int n) {
-        return std::holds_alternative<bool Settings::*>(key.field) ? fromBoolean(n % 2) : QString::number(1000 + n);
-    };
-    for (const int turn : {0, 1}) {
-        int n = turn;
-        for (const char *section : kSections) {
-            for (const SettingKey &key : settingKeys(section))
-                store.SaveSetting(appTitle(), QString::fromLatin1(section), QString::fromLatin1(key.key),
-                                  valueOf(key, n++));
-        }
-        Settings settings;
-        for (const char *section : kSections) {
-            for (const SettingKey &key : settingKeys(section))
-                readKey(store, m_paths, key, settings);
-        }
-        SettingsStore written(m_folder.filePath(u"written%1.ini"_s.arg(turn)));
-        n = turn;
-        for (const char *section : kSections) {
-            for (const SettingKey &key : settingKeys(section)) {
-                writeKey(written, key, settings);
-                QCOMPARE(written.GetSetting(appTitle(), QString::fromLatin1(section), QString::fromLatin1(key.key)),
-                         valueOf(key, n++));
-            }
-        }
-        QCOMPARE(settings.LoadAction, int16_t(1001 + turn));
-        QCOMPARE(settings.SaveDocumentOnExit, turn == 1);
-    }
-}
-
-void tst_SettingsTable::valuesThatDoNotConvert()
-{
-    SettingsStore store(m_folder.filePath(u"corrupt.ini"_s));
-    for (const char *section : kSections) {
-        for (const SettingKey &key : settingKeys(section)) {
-            if (std::holds_alternative<QString Settings::*>(key.field))
-                continue;
-            store.SaveSetting(appTitle(), QString::fromLatin1(section), QString::fromLatin1(key.key), u"x1"_s);
-            Settings settings;
-            QVERIFY(!step([&] { readKey(store, m_paths, key, settings); }));
-        }
-    }
-    // Not the default: nothing at all.
-    Settings settings;
-    step([&] { readKey(store, m_paths, settingKeys("General")[1], settings); });
-    QCOMPARE(settings.LoadAction, int16_t(0));
-    settings.LoadAction = 3;
-    step([&] { readKey(store, m_paths, settingKeys("General")[1], settings); });
-    QCOMPARE(settings.LoadAction, int16_t(3));
-}
-
-void tst_SettingsTable::emptyFontName()
-{
-    SettingsStore store(m_folder.filePath(u"empty.ini"_s));
-    for (const SettingKey &key : settingKeys("Sidebar"))
-        store.SaveSetting(appTitle(), u"Sidebar"_s, QString::fromLatin1(key.key), QString());
-    store.SaveSetting(appTitle(), u"Sites"_s, u"SitesHome1"_s, QString());
-    Settings settings;
-    readKey(store, m_paths, settingKeys("Sidebar")[1], settings);
-    QCOMPARE(settings.QNFontName, u"Arial"_s);
-    readKey(store, m_paths, settingKeys("Sites")[0], settings);
-    QCOMPARE(settings.SitesHome1, QString());
-}
-
-void tst_SettingsTable::booleans_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("value"); // -1: doesn't convert
-    for (const QString &yes : {u"True"_s, u"TRUE"_s, u" true "_s, u"1"_s, u"-1"_s, u"0.1"_s, u"&H2"_s, u"1e3"_s})
-        QTest::newRow(qPrintable(yes)) << yes << 1;
-    for (const QString &no : {u"False"_s, u"fALSE"_s, u"0"_s, u" 0.0 "_s, u"&H0"_s, u"-0"_s})
-        QTest::newRow(qPrintable(no)) << no << 0;
-    for (const QString &none : {u""_s, u" "_s, u"yes"_s, u"True."_s, u"Tru"_s, u"1x"_s, u"nan"_s, u"inf"_s})
-        QTest::newRow(qPrintable(none + u" doesn't"_s)) << none << -1;
-}
-
-void tst_SettingsTable::booleans()
-{
-    QFETCH(QString, text);
-    QFETCH(int, value);
-    int result = -1;
-    step([&] { result = toBoolean(text); });
-    QCOMPARE(result, value);
-    QCOMPARE(toBoolean(fromBoolean(true)), true);
-    QCOMPARE(toBoolean(fromBoolean(false)), false);
-}
-
-void tst_SettingsTable::numbers_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("integer");
-    QTest::addColumn<QString>("asLong");
-    const QString none = u"none"_s;
-    const auto same = [](const char *name, const QString &text, int value) {
-        QTest::newRow(name) << text << QString::number(value) << QString::number(value);
-    };
-    same("digits", u"12"_s, 12);
-    same("negative", u"-1"_s, -1);
-    same("sign and blanks", u" +7 "_s, 7);
-    same("half to even, down", u"2.5"_s, 2);
-    same("half to even, up", u"3.5"_s, 4);
-    same("negative half", u"-0.5"_s, 0);
-    same("nearly", u"2.51"_s, 3);
-    same("no whole part", u".6"_s, 1);
-    same("exponent", u"1.5E2"_s, 150);
-    same("smallest 16 bits", u"-32768"_s, -32768);
-    same("largest 16 bits", u"32767.49"_s, 32767);
-    same("hexadecimal", u"&hfF"_s, 255);
-    QTest::newRow("above 16 bits") << u"32767.5"_s << none << u"32768"_s;
-    QTest::newRow("below 16 bits") << u"-32769"_s << none << u"-32769"_s;
-    QTest::newRow("colour") << u"&H00FF6666"_s << none << u"16737894"_s;
-    QTest::newRow("hexadecimal pattern") << u"&HFFFFFFFE"_s << u"-2"_s << u"-2"_s;
-    QTest::newRow("largest 32 bits") << u"2147483647"_s << none << u"2147483647"_s;
-    for (const QString &bad : {u"2147483648"_s, u"-2147483649"_s, u"1e400"_s, u""_s,    u" "_s,    u"-"_s,     u"."_s,
-                               u"1 2"_s,        u"12px"_s,        u"0x10"_s,  u"1e"_s,  u"1,5"_s,  u"&H"_s,    u"&HG"_s,
-                               u"&H-1"_s,       u"&H123456789"_s, u"nan"_s,   u"inf"_s, u"True"_s, u"\u0661"_s})
-        QTest::newRow(qPrintable(u"not "_s + bad)) << bad << none << none;
-}
-
-void tst_SettingsTable::numbers()
-{
-    QFETCH(QString, text);
-    QString integer = u"none"_s;
-    QString asLong = u"none"_s;
-    step([&] { integer = QString::number(toInteger(text)); });
-    step([&] { asLong = QString::number(toLong(text)); });
-    QTEST(integer, "integer");
-    QTEST(asLong, "asLong");
-}
-
-void tst_SettingsTable::singles()
-{
-    QCOMPARE(toSingle(u"-1000.25"_s), -1000.25F);
-    QCOMPARE(toSingle(u"6500"_s), 6500.0F);
-    QCOMPARE(toSingle(u"3.4e38"_s), 3.4e38F);
-    for (const QString &bad : {u"3.5e38"_s, u"-1e39"_s, u"wide"_s, QString()})
-        QVERIFY_THROWS_EXCEPTION(ControlError, toSingle(bad));
-}
 
 QTEST_GUILESS_MAIN(tst_SettingsTable)
 #include "tst_settingstable.moc"
