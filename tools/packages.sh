@@ -4,7 +4,7 @@
 packages_build=(
     ccache cmake g++ ninja-build pkg-config
     qt6-base-dev qt6-base-private-dev qt6-declarative-dev qt6-svg-dev qt6-webengine-dev qt6-webengine-dev-tools
-    libqt6opengl6-dev qt6-pdf-dev libsodium-dev qtkeychain-qt6-dev
+    libqt6opengl6-dev qt6-multimedia-dev qt6-pdf-dev libsodium-dev qtkeychain-qt6-dev
 )
 packages_run=(ca-certificates dbus-x11 fonts-dejavu-core fonts-liberation2 libqt6sql6-sqlite qt6-qpa-plugins)
 # A virtual screen with a window manager, and a way to send it clicks and keys.
