@@ -4,6 +4,7 @@
 #include "core/state/SettingsStore.h"
 #include "desktop/DesktopDialogs.h"
 #include "desktop/Paths.h"
+#include "desktop/SoundPlayer.h"
 #include "desktop/SystemTrayIcon.h"
 #include "desktop/instance/Instance.h"
 #include "engine/Engine.h"
@@ -90,9 +91,10 @@ int runProgram(QApplication &application, const QString &command)
         engine::makeWebEngine({paths.profileFolder, paths.cacheFolder, paths.visitFile, paths.downloadFolder});
     desktop::DesktopDialogs dialogs;
     desktop::SystemTrayIcon tray;
+    desktop::SoundPlayer sound;
 
     // Goes before the engine, with all its documents.
-    MainCode code({paths, store, *engine, dialogs, tray});
+    MainCode code({paths, store, *engine, dialogs, tray, sound});
     const auto close = [&code] {
         if (frmMain *window = code.mainWindow())
             window->Unload();

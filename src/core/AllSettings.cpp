@@ -3,6 +3,8 @@
 #include "base/Strings.h"
 #include "base/step.h"
 #include "base/units.h"
+#include "blocking/PopupKiller.h"
+#include "blocking/SiteBlocker.h"
 #include "controls/BandContainer.h"
 #include "controls/ComboBox.h"
 #include "controls/PopupMenu.h"
@@ -245,11 +247,10 @@ void LoadAllSettings(const SettingsTargets &to)
     loadSection(to, "Content");
     loadSection(to, "Forms");
     step([&] { readKey(to.store, to.paths, settingKeys("Popup").front(), to.settings); });
-    step([&] {
-        to.vbalStatusBar1.setPanelIcon(u"Item4"_s, to.settings.PopupKillerEnable ? kPopupKillerOn : kPopupKillerOff);
-    });
+    step([&] { to.vbalStatusBar1.setPanelIcon(u"Item4"_s, popupKillerIcon(to.settings.PopupKillerEnable)); });
     for (const SettingKey &key : settingKeys("Popup").subspan(1))
         step([&] { readKey(to.store, to.paths, key, to.settings); });
+    to.siteBlocker.ReadBlackList();
 }
 
 void SaveAllSettings(const SettingsTargets &from)
@@ -277,4 +278,5 @@ void SaveAllSettings(const SettingsTargets &from)
     from.settings.CurrentSkin = currentSkin;
     for (const char *section : {"Control", "Content", "Forms", "Popup"})
         saveSection(from, section);
+    from.siteBlocker.WriteBlackList();
 }

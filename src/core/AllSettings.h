@@ -5,6 +5,7 @@
 class QAbstractButton;
 class QWidget;
 class SettingsStore;
+class SiteBlocker;
 class frmNavigator;
 struct Settings;
 
@@ -36,18 +37,17 @@ struct SettingsTargets
     QAbstractButton &goNew;
     desktop::TrayIcon &tray;
     QString &g_sNextSkin;
+    SiteBlocker &siteBlocker;
 };
 
 /// Item picture of a typed address.
 inline constexpr int kAddressIcon = 4;
-/// Pictures of the status bar panel `Item4`.
-inline constexpr int kPopupKillerOn = 3;
-inline constexpr int kPopupKillerOff = 1;
 
-/// Reads all keys, in their order, and applies them to the controls. An error costs its own statement only: a text that
-/// does not convert leaves its value as it was.
+/// Reads all keys and the black list, in their order, and applies them to the controls. An error costs its own
+/// statement only: a text that does not convert leaves its value as it was.
 void LoadAllSettings(const SettingsTargets &to);
-/// Writes all keys, in their order. A minimised main window keeps the stored geometry of both windows.
+/// Writes all keys and the black list, in their order. A minimised main window keeps the stored geometry of both
+/// windows.
 void SaveAllSettings(const SettingsTargets &from);
 /// The skin keys, which are needed before the rest is read.
 void LoadSkinSettings(SettingsStore &store, const desktop::Paths &paths, Settings &settings);

@@ -13,6 +13,7 @@
 namespace desktop {
 class Dialogs;
 class InstanceMark;
+class Sound;
 class TrayIcon;
 struct Paths;
 } // namespace desktop
@@ -30,6 +31,7 @@ struct Ground
     engine::Engine &engine;
     desktop::Dialogs &dialogs;
     desktop::TrayIcon &tray;
+    desktop::Sound &sound;
 };
 
 /// Hears the name of each step of start and close as it begins.

@@ -11,6 +11,8 @@
 #include "base/Strings.h"
 #include "base/step.h"
 #include "base/units.h"
+#include "blocking/PopupKiller.h"
+#include "blocking/SiteBlocker.h"
 #include "controls/BandContainer.h"
 #include "controls/ComboBox.h"
 #include "controls/MdiFrame.h"
@@ -152,9 +154,11 @@ void frmMain::wire()
 {
     const Ground &ground = m_mainCode.ground();
     navigator = std::make_unique<frmNavigator>(this, *this, m_mainCode.settings, *mdi);
+    m_siteBlocker = std::make_unique<SiteBlocker>(m_mainCode.settings, ground.paths.programFolder);
     m_documents = std::make_unique<DocumentContext>(
         DocumentContext{*this, m_mainCode.settings, m_mainCode.flags, ground.engine, ground.dialogs, ground.paths, *mdi,
-                        *vbalDTabControl1, *AddressBar, *vbalStatusBar1, *cReBar1, *navigator});
+                        *vbalDTabControl1, *AddressBar, *vbalStatusBar1, *cReBar1, *navigator, *m_siteBlocker,
+                        ground.sound});
     m_opener = std::make_unique<DocumentOpener>(*m_documents);
     m_savedDocuments = std::make_unique<SavedDocuments>(ground.store, m_mainCode.settings, *navigator,
                                                         static_cast<MainWindow &>(*this));
@@ -337,6 +341,6 @@ void frmMain::vbalStatusBar1_PanelDoubleClick(int index)
     } else if (index == 4) {
         bool &enabled = m_mainCode.settings.PopupKillerEnable;
         enabled = !enabled;
-        vbalStatusBar1->setPanelIcon(u"Item4"_s, enabled ? kPopupKillerOn : kPopupKillerOff);
+        vbalStatusBar1->setPanelIcon(u"Item4"_s, popupKillerIcon(enabled));
     }
 }

@@ -24,6 +24,7 @@ class QVBoxLayout;
 class QLabel;
 class QToolButton;
 class SavedDocuments;
+class SiteBlocker;
 class cMediaProgress;
 class frmNavigator;
 class frmPassword;
@@ -179,6 +180,7 @@ private:
     std::unique_ptr<Bands> m_bands;
     std::unique_ptr<Commands> m_commands;
     std::unique_ptr<KeyboardHook> m_keyboardHook;
+    std::unique_ptr<SiteBlocker> m_siteBlocker;
     std::unique_ptr<DocumentContext> m_documents;
     std::unique_ptr<DocumentOpener> m_opener;
     std::unique_ptr<SavedDocuments> m_savedDocuments;

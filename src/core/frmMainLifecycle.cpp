@@ -123,7 +123,8 @@ SettingsTargets frmMain::settingsTargets()
 {
     const Ground &ground = m_mainCode.ground();
     return {ground.store, ground.paths, m_mainCode.settings, *this,  *navigator,  *cReBar1,   *m_cMenu,
-            *AddressBar,  miscIL,       *vbalStatusBar1,     *goNew, ground.tray, g_sNextSkin};
+            *AddressBar,  miscIL,       *vbalStatusBar1,     *goNew, ground.tray, g_sNextSkin,
+            *m_siteBlocker};
 }
 
 void frmMain::loadAllSettings()

@@ -2,6 +2,7 @@
 
 class frmNavigator;
 class MainWindow;
+class SiteBlocker;
 struct ProcessFlags;
 struct Settings;
 
@@ -14,6 +15,7 @@ class TabControl;
 } // namespace controls
 namespace desktop {
 class Dialogs;
+class Sound;
 struct Paths;
 } // namespace desktop
 namespace engine {
@@ -36,6 +38,8 @@ struct DocumentContext
     controls::StatusBar &vbalStatusBar1;
     controls::BandContainer &cReBar1;
     frmNavigator &navigator;
+    SiteBlocker &siteBlocker;
+    desktop::Sound &sound;
     /// Number of calls from the page engine that have not returned yet; see EngineCall.
     int engineCalls = 0;
 };

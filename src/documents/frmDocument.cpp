@@ -75,6 +75,7 @@ frmDocument::frmDocument(DocumentContext &context)
 {
     hide();
     connect(&tmrKillWindow, &QTimer::timeout, this, &frmDocument::tmrKillWindow_Timer);
+    connect(&tmrKillPopup, &QTimer::timeout, this, &frmDocument::tmrKillPopup_Timer);
     connect(&Highlight, &QTimer::timeout, this, &frmDocument::Highlight_Timer);
     connect(&tmrSilent, &QTimer::timeout, this, &frmDocument::tmrSilent_Timer);
     Form_Load();
@@ -326,11 +327,6 @@ QVariant frmDocument::ExecWBDoc(int cmdid, int cmdexecopt, const QVariant &invar
     return out;
 }
 
-void frmDocument::PlayPopupSound()
-{
-    // Silent until windows can be refused as popups: nobody calls it before.
-}
-
 std::optional<int> frmDocument::autoRefreshInterval() const
 {
     // The timer's interval in milliseconds is the period in seconds: every 1000th tick reloads.
@@ -355,15 +351,4 @@ void frmDocument::Highlight_Timer()
         Highlight.setTag(u"0"_s);
         step([&] { replaceIcon(kFlashIcon, kFinishedIcon); });
     }
-}
-
-void frmDocument::tmrSilent_Timer()
-{
-    tmrSilent.setEnabled(false);
-    step([&] { SilentDoc(false); });
-}
-
-void frmDocument::tmrKillWindow_Timer()
-{
-    Unload();
 }

@@ -100,6 +100,11 @@ private:
     void Highlight_Timer();
     void tmrSilent_Timer();
     void tmrKillWindow_Timer();
+    void tmrKillPopup_Timer();
+    bool asksForPopup() const;
+    void killPopup(bool &Cancel);
+    bool isRefusedSite(const QString &URL) const;
+    void refuseSite(bool &Cancel);
 
     /// The browser; throws ControlError when the form is closed.
     engine::WebBrowser &openBrowser() const;

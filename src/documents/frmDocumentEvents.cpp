@@ -52,6 +52,10 @@ void frmDocument::WebBro_BeforeNavigate2(const QString &URL, bool, bool &Cancel)
         Cancel = true;
         m_context.frmMain.mnuContentFlash();
     }
+    if (isRefusedSite(URL)) {
+        refuseSite(Cancel);
+        return;
+    }
     SetDownloadOptions();
     bFirstNavigate = false;
     bLoading = true;
@@ -61,9 +65,13 @@ void frmDocument::WebBro_BeforeNavigate2(const QString &URL, bool, bool &Cancel)
     Form_Resize();
 }
 
-void frmDocument::WebBro_NewWindow2(engine::WebBrowser *&ppDisp, bool &)
+void frmDocument::WebBro_NewWindow2(engine::WebBrowser *&ppDisp, bool &Cancel)
 {
     const EngineCall call(m_context);
+    if (asksForPopup()) {
+        killPopup(Cancel);
+        return;
+    }
     auto *frm = new frmDocument(m_context);
     ppDisp = frm->WebBro;
     controls::ListItem &line = m_context.navigator.ListView1.ListItems().Add();

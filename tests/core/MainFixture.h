@@ -17,6 +17,7 @@
 #include "documents/frmNavigator.h"
 #include "support/DocumentFixture.h"
 #include "support/RecordingDialogs.h"
+#include "support/RecordingSound.h"
 #include "support/ScriptedBrowser.h"
 
 #include <QTemporaryDir>
@@ -64,7 +65,7 @@ public:
     {
         trace.clear();
         code.reset();
-        code = std::make_unique<MainCode>(Ground{paths, store, engine, dialogs, tray},
+        code = std::make_unique<MainCode>(Ground{paths, store, engine, dialogs, tray, sound},
                                           [this](const QString &step) { trace += step; });
         return code->Main(command);
     }
@@ -93,6 +94,7 @@ public:
     ScriptedEngine engine;
     RecordingDialogs dialogs;
     FakeTray tray;
+    RecordingSound sound;
     QStringList trace;
     std::unique_ptr<MainCode> code;
 };

@@ -44,7 +44,7 @@ bool BrowserFixture::startAsStored(const QString &command)
 {
     m_engine =
         engine::makeWebEngine({m_paths.profileFolder, m_paths.cacheFolder, m_paths.visitFile, m_paths.downloadFolder});
-    m_code = std::make_unique<MainCode>(Ground{m_paths, *m_store, *m_engine, dialogs, m_tray});
+    m_code = std::make_unique<MainCode>(Ground{m_paths, *m_store, *m_engine, dialogs, m_tray, sound});
     return m_code->Main(command) && QTest::qWaitForWindowActive(&main());
 }
 

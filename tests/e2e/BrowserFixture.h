@@ -10,6 +10,7 @@
 #include "engine/Engine.h"
 #include "engine/webengine/WebEngineFactory.h"
 #include "support/RecordingDialogs.h"
+#include "support/RecordingSound.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -74,6 +75,8 @@ public:
 
     /// Answers file dialogs of the desktop and keeps what they were asked.
     RecordingDialogs dialogs;
+    /// Keeps the sounds that were to be heard.
+    RecordingSound sound;
 
 private:
     QTemporaryDir m_home;

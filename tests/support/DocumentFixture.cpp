@@ -37,7 +37,9 @@ DocumentFixture::DocumentFixture()
     , statusBar(&window)
     , bands(&window)
     , navigator(&window, main, settings, mdi)
-    , context{main, settings, flags, engine, dialogs, paths, mdi, tabs, addressBar, statusBar, bands, navigator}
+    , siteBlocker(settings, paths.programFolder)
+    , context{main, settings,   flags,     engine, dialogs,   paths,       mdi,
+              tabs, addressBar, statusBar, bands,  navigator, siteBlocker, sound}
     , opener(context)
     , saved(store, settings, navigator, main)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "blocking/SiteBlocker.h"
 #include "controls/BandContainer.h"
 #include "controls/ComboBox.h"
 #include "controls/ListView.h"
@@ -17,6 +18,7 @@
 #include "documents/frmDocument.h"
 #include "documents/frmNavigator.h"
 #include "support/RecordingDialogs.h"
+#include "support/RecordingSound.h"
 #include "support/ScriptedBrowser.h"
 
 #include <QRegularExpression>
@@ -90,6 +92,8 @@ public:
     controls::StatusBar statusBar;
     controls::BandContainer bands;
     frmNavigator navigator;
+    SiteBlocker siteBlocker;
+    RecordingSound sound;
     DocumentContext context;
     DocumentOpener opener;
     SavedDocuments saved;

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <array>
 #include <cstdint>
-#include <vector>
 
 /// The values in memory of the keys of the settings store, one for each key, under the key's name. They start as False,
 /// 0 or empty, not as the key's default: a stored text that does not convert leaves its value as it was.
@@ -93,6 +92,6 @@ struct Settings
     bool PopupCtrlEnable = false;
     bool PopupPlaySound = false;
     QString PopupSoundFile;
-    int16_t BlackListCount = 0;
-    std::vector<QString> BlackList{QString()};
+    int32_t BlackListCount = 0;
+    QStringList BlackList{QString()};
 };

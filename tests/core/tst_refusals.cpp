@@ -1,0 +1,67 @@
+#include "MainFixture.h"
+
+#include "base/Files.h"
+
+using namespace Qt::StringLiterals;
+
+/// Popup killer and black list in the whole program: from the files and the keys to the window.
+class tst_Refusals : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
+
+    void firstDocumentIsRefused()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        const QString file = f.paths.programFolder + u"/blacklist.cvd"_s;
+        QVERIFY(writeFileWhole(file, "ads.\nx\n"));
+        QVERIFY(f.start(u"http://www.ADS.example/"_s));
+        // The sound that comes with the program, which its start has put beside the list.
+        QCOMPARE(readFile(f.settings().PopupSoundFile).value_or("none").left(4), "RIFF");
+        QVERIFY(f.engine.browsers.last()->beforeNavigate(u"http://www.ADS.example/"_s));
+        QTRY_COMPARE(f.main().navigator->ListView1.ListItems().Count(), 0);
+        QTRY_VERIFY(!f.main().ActiveForm());
+        QVERIFY(f.main().isVisible());
+        QCOMPARE(f.sound.played, QStringList{f.settings().PopupSoundFile});
+
+        f.settings().BlackList += u"from the options"_s;
+        f.settings().BlackListCount = 3;
+        f.main().LoadNewDoc(u"http://good.e/"_s);
+        QVERIFY(!f.engine.browsers.last()->beforeNavigate(u"http://good.e/"_s));
+        f.close();
+        QCOMPARE(readFile(file).value_or("none"), "ads.\r\nx\r\nfrom the options\r\n");
+    }
+
+    void panelAndKeysDecideAtOnce()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start(u"http://a/"_s));
+        f.engine.browsers[0]->beforeNavigate(u"http://a/"_s);
+        const auto isKilled = [&f] {
+            engine::WebBrowser *ppDisp = nullptr;
+            bool cancel = false;
+            f.engine.browsers[0]->events().WebBro_NewWindow2(ppDisp, cancel);
+            return cancel;
+        };
+        QVERIFY(isKilled());
+        QTest::keyPress(f.main().windowHandle(), Qt::Key_Alt, Qt::AltModifier);
+        QVERIFY(!isKilled());
+        QTest::keyRelease(f.main().windowHandle(), Qt::Key_Alt);
+        QVERIFY(isKilled());
+
+        controls::StatusBar *bar = f.main().vbalStatusBar1;
+        const QPoint panel = bar->PanelRect(4).center();
+        for (const bool on : {false, true}) {
+            QTest::mouseDClick(bar, Qt::LeftButton, {}, panel);
+            QCOMPARE(bar->PanelIcon(u"Item4"_s), on ? 3 : 1);
+            QCOMPARE(isKilled(), on);
+        }
+    }
+};
+
+QTEST_MAIN(tst_Refusals)
+#include "tst_refusals.moc"
