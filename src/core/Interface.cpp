@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QPainter>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 using controls::StatusBar;
@@ -18,6 +19,22 @@ namespace {
 /// The renderer gets the panel's right and bottom edge as width and height, the right edge moved out by this much, so
 /// that the surface is never cut before the panel ends.
 constexpr int kBeyondPanel = 100;
+
+/// The plain bar of a platform that is not of the NT family: a filled part and the percentage over it.
+void drawPlainProgress(QPainter &painter, const QRect &rect, int p)
+{
+    if (p == 0)
+        return;
+    constexpr int kRightRoom = 20;
+    const int left = rect.left();
+    const int room = rect.width() - kRightRoom;
+    const int filled = static_cast<int>(std::nearbyint(room * p / 100.0 + left + 5)) - left;
+    painter.setPen(Qt::black);
+    painter.setBrush(QColor(204, 204, 255));
+    painter.drawRect(left, rect.top() + 1, filled - 1, rect.height() - 3);
+    const QRect text(left, rect.top() + 1, room, rect.height() - 2);
+    painter.drawText(text, Qt::AlignCenter | Qt::TextSingleLine, p == 100 ? LoadResString(20052) : u"%1%"_s.arg(p));
+}
 
 } // namespace
 
@@ -54,6 +71,10 @@ void drawProgressPanel(QPainter &painter, const QRect &rect, const StatusBar &ba
                        const ProcessFlags &flags, bool hasActiveForm)
 {
     int p = bar.Tag().toInt();
+    if (!flags.IsNT) {
+        drawPlainProgress(painter, rect, p);
+        return;
+    }
     const bool idle = flags.IsXP && p == 0;
     if (idle && !hasActiveForm)
         return;

@@ -3,6 +3,7 @@
 #include "base/Strings.h"
 #include "controls/ImageList.h"
 #include "controls/PopupMenu.h"
+#include "controls/Texts.h"
 
 #include <span>
 
@@ -191,7 +192,8 @@ constexpr int kMoreLine = 11;
 
 QString shortCaption(const QString &caption)
 {
-    return caption.size() > kCaptionLength ? caption.left(kCaptionLength) + u"..."_s : caption;
+    const QString line = controls::drawableLine(caption.left(kCaptionLength), kCaptionLength);
+    return caption.size() > kCaptionLength ? line + u"..."_s : line;
 }
 
 /// The active document first, the others in their order.
@@ -288,6 +290,8 @@ void BuildWindowMenu(controls::PopupMenu &menu, const QString &key, const std::v
             continue;
         }
         const WindowLine &line = lines[i - 1];
-        add(i + 7, u"&%1) "_s.arg(i) + shortCaption(line.caption), line.index, -1, true, i == 1);
+        // The title of a page may hold the sign that marks a letter in a menu.
+        const QString caption = shortCaption(line.caption).replace(u'&', u"&&"_s);
+        add(i + 7, u"&%1) "_s.arg(i) + caption, line.index, -1, true, i == 1);
     }
 }

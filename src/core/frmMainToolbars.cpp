@@ -7,6 +7,7 @@
 #include "appearance/Toolbars.h"
 #include "base/step.h"
 #include "controls/PopupMenu.h"
+#include "controls/Texts.h"
 #include "controls/ToolBar.h"
 #include "core/state/Document.h"
 #include "core/state/SettingsStore.h"
@@ -24,6 +25,8 @@ constexpr int kBandOfToolbar1 = 2;
 constexpr int kBandOfToolbar2 = 3;
 /// The button whose caption stands for all: the first one of Toolbar2 is never seen.
 constexpr int kTextButton = 1;
+/// Characters of a page's title that its line in a history list shows.
+constexpr int kTitleLimit = 60;
 
 } // namespace
 
@@ -78,7 +81,8 @@ void Commands::ShowHistoryMenu(bool isBack, const QPoint &at)
             QString title;
             QString address;
             custom->GetHistoryElement(isBack, i, title, address);
-            QAction *line = menu->addAction(title.replace(u"&"_s, u"&&"_s));
+            const QString name = controls::drawableLine(title.isEmpty() ? address : title, kTitleLimit);
+            QAction *line = menu->addAction(QString(name).replace(u'&', u"&&"_s));
             connect(line, &QAction::triggered, this, [this, address] {
                 if (Document *shown = active())
                     step([&] { shown->NavigateDoc(address); });

@@ -1,12 +1,20 @@
 #include "core/frmWindows.h"
 
 #include "base/Strings.h"
+#include "controls/Texts.h"
 #include "core/state/ProcessFlags.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+namespace {
+
+/// Characters of a caption that a line shows; the window is not wide enough for more.
+constexpr int kCaptionLimit = 200;
+
+} // namespace
 
 frmWindows::frmWindows(QWidget *owner, std::vector<Line> lines, int current, ProcessFlags &flags)
     : QDialog(owner)
@@ -18,7 +26,7 @@ frmWindows::frmWindows(QWidget *owner, std::vector<Line> lines, int current, Pro
     lstWindows = new QListWidget(this);
     lstWindows->setUniformItemSizes(true);
     for (const Line &line : m_lines)
-        lstWindows->addItem(line.caption);
+        lstWindows->addItem(controls::drawableLine(line.caption, kCaptionLimit));
     lstWindows->setCurrentRow(current);
     btnOk = new QPushButton(this);
     btnOk->setProperty(kTag, 111);
