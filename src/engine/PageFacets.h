@@ -7,6 +7,7 @@
 #include <QPageRanges>
 #include <QString>
 #include <QUrl>
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -24,6 +25,18 @@ public:
     /// under way are filled too. The number of filled inputs goes to the status text. A fill that is still under way
     /// ends first. Protected fields are left out when `locked`.
     virtual void fill(std::shared_ptr<const FormRecord> record, bool locked) = 0;
+};
+
+class ContentFacet
+{
+public:
+    virtual ~ContentFacet() = default;
+    /// Puts a box in the place of every Flash element of the page that is there, in all frames, and of those that come
+    /// later. Holds until the next load of the page itself.
+    virtual void blockFlash() = 0;
+    /// The download control value (DLCTL_...) that the page was loaded with.
+    virtual int32_t control() const = 0;
+    virtual bool isMuted() const = 0;
 };
 
 class PrintFacet

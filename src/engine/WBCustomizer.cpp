@@ -25,6 +25,12 @@ void WBCustomizer::ClearUserClick()
         m_browser->clearUserClicks();
 }
 
+void WBCustomizer::BlockFlash()
+{
+    if (ContentFacet *content = m_browser ? m_browser->contentFacet() : nullptr)
+        content->blockFlash();
+}
+
 int WBCustomizer::BackCount() const
 {
     return m_browser ? static_cast<int>(m_browser->backEntries().size()) : 0;

@@ -21,6 +21,10 @@ public:
     void GetUserClick(int32_t &clicks) const;
     void ClearUserClick();
 
+    /// Flash of the page, that is there or comes later, gives way to a box with a link whose address ends in
+    /// "ENABLEFLASH". Holds until the next load.
+    void BlockFlash();
+
     int BackCount() const;
     int ForwardCount() const;
     /// `position` counts from 1, 1 is the nearest page. Throws ControlError for a position outside the list.

@@ -10,6 +10,7 @@
 
 namespace engine {
 
+class ContentFacet;
 class FindFacet;
 class FormFacet;
 class InfoFacet;
@@ -103,6 +104,7 @@ public:
     virtual FindFacet *findFacet() { return nullptr; }
     virtual InfoFacet *infoFacet() { return nullptr; }
     virtual FormFacet *formFacet() { return nullptr; }
+    virtual ContentFacet *contentFacet() { return nullptr; }
 
 signals:
     /// IDM_OPTIONS: the user wants the engine's own settings.

@@ -73,6 +73,9 @@ public:
     /// Chooses an entry of the main menu; false when it is out of service.
     bool choose(const QString &menuKey);
 
+    const QString &downloadFolder() const { return m_paths.downloadFolder; }
+    engine::VisitLog &visits() { return m_engine->visits(); }
+
     /// Answers file dialogs of the desktop and keeps what they were asked.
     RecordingDialogs dialogs;
     /// Keeps the sounds that were to be heard.

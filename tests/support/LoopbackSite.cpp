@@ -97,6 +97,7 @@ bool LoopbackSite::waitFor(const QByteArray &path, int times, int milliseconds) 
 
 void LoopbackSite::incomingConnection(qintptr descriptor)
 {
+    ++m_connections;
     QTcpSocket *socket = nullptr;
     if (m_security == Security::SelfSigned) {
         auto *secure = new QSslSocket(this);

@@ -71,6 +71,8 @@ public:
     void release(const QByteArray &path);
 
     const std::vector<Request> &requests() const { return m_requests; }
+    /// How often anybody has connected, for a request or not.
+    int connections() const { return m_connections; }
     int count(const QByteArray &path) const;
     /// Waits until `path` has been asked for `times` times in all.
     bool waitFor(const QByteArray &path, int times = 1, int milliseconds = 10'000) const;
@@ -91,6 +93,7 @@ private:
     static void send(QTcpSocket *socket, const Answer &answer);
 
     Security m_security;
+    int m_connections = 0;
     QHash<QByteArray, Handler> m_handlers;
     std::vector<Request> m_requests;
     std::vector<Held> m_held;

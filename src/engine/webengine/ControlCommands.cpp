@@ -1,8 +1,10 @@
+#include "base/Strings.h"
 #include "base/step.h"
 #include "engine/webengine/WebBrowserControl.h"
 #include "engine/webengine/WebEngine.h"
 
 #include <QKeyEvent>
+#include <QWebEngineDownloadRequest>
 #include <QWebEngineSettings>
 #include <QWebEngineView>
 #include <array>
@@ -98,6 +100,19 @@ void WebBrowserControl::keyPressEvent(QKeyEvent *event)
 bool WebBrowserControl::takesDownload(QWebEngineDownloadRequest &download)
 {
     return m_tools && m_tools->takes(download);
+}
+
+bool WebBrowserControl::allowsDownload(const QWebEngineDownloadRequest &download)
+{
+    const int32_t control = m_content ? m_content->control() : kAllContent;
+    // Without plug-ins nothing shows a PDF document, and those in frames would all be saved unasked.
+    const bool standsIn = (control & DLCTL_NO_RUNACTIVEXCTLS) && download.mimeType() == "application/pdf"_L1;
+    if (!(control & DLCTL_NO_DLACTIVEXCTLS) && !standsIn)
+        return true;
+    if (m_downloads.isGranted(download.url(), now()))
+        return true;
+    tellStatus(LoadResString(20955).arg(download.downloadFileName()));
+    return false;
 }
 
 PrintFacet *WebBrowserControl::printFacet()

@@ -6,11 +6,11 @@
 
 #include <QApplication>
 #include <QAuthenticator>
-#include <QDeadlineTimer>
 #include <QWebEngineCertificateError>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
+#include <QWebEngineSettings>
 #include <QWebEngineView>
 
 using namespace Qt::StringLiterals;
@@ -32,6 +32,17 @@ QString bareAddress(QString address)
     while (address.endsWith(u'/'))
         address.chop(1);
     return address;
+}
+
+/// How long a page that has asked for too many windows gets none, unless the user acts in it; in milliseconds.
+constexpr int kWindowPause = 10'000;
+
+DownloadGrants::Cause causeOf(QWebEnginePage::NavigationType type)
+{
+    if (type == QWebEnginePage::NavigationTypeTyped)
+        return DownloadGrants::Cause::Program;
+    return type == QWebEnginePage::NavigationTypeRedirect ? DownloadGrants::Cause::Redirect
+                                                          : DownloadGrants::Cause::Page;
 }
 
 /// Milliseconds from the end of a load within which the download that it turned into is told of.
@@ -60,6 +71,8 @@ void WebBrowserControl::connectPage()
                 if (status != QWebEnginePage::NormalTerminationStatus)
                     processEnded();
             });
+    m_windowsAgain.setSingleShot(true);
+    connect(&m_windowsAgain, &QTimer::timeout, this, [this] { setWindowsAllowed(true); });
     m_standIn.setSingleShot(true);
     connect(&m_standIn, &QTimer::timeout, this, &WebBrowserControl::reportTitle);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { keepFocus(now); });
@@ -82,9 +95,11 @@ bool WebBrowserControl::navigationRequested(const QUrl &url, QWebEnginePage::Nav
         m_load.requested(true);
     else if (!reportNavigation(url, isMainFrame))
         return false;
+    m_downloads.navigating(url, causeOf(type), isMainFrame, now());
     if (isMainFrame) {
         m_mainRequest = url;
         m_badCertificate.reset();
+        m_content->begin();
     }
     return true;
 }
@@ -140,6 +155,7 @@ void WebBrowserControl::loadEnded(const QWebEngineLoadingInfo &info)
         m_isErrorPage = info.isErrorPage();
     m_boxes.setLeaving(false);
     m_reportedAhead.clear();
+    m_downloads.arrived();
 
     m_standIn.stop();
     reportTitle();
@@ -163,6 +179,7 @@ void WebBrowserControl::addressChanged(const QUrl &url)
     if (url.isEmpty())
         return;
     m_hasPage = true;
+    m_downloads.arrived();
     m_boxes.setLeaving(false);
     const bool isLoad = m_load.isLoading() || (m_openedByPage && m_isFirstLoad);
     if (!isLoad) {
@@ -251,8 +268,11 @@ void WebBrowserControl::openWindow(QWebEngineNewWindowRequest &request)
     const bool isCommand = url.scheme() == "view-source"_L1;
     if (isCommand)
         ++m_userClicks;
-    else if (!m_windowRequests.passes(QDeadlineTimer::current().deadline()))
+    else if (!takesWindowRequest())
         return;
+    // What a page asks for right after its load arrives before the engine tells that the load has ended.
+    if (!m_page->isLoading())
+        m_load.overtaken();
 
     WebBrowser *taker = nullptr;
     bool cancel = false;
@@ -260,6 +280,28 @@ void WebBrowserControl::openWindow(QWebEngineNewWindowRequest &request)
     auto *control = qobject_cast<WebBrowserControl *>(taker);
     if (!cancel && control && &control->m_engine == &m_engine)
         control->adopt(request);
+}
+
+bool WebBrowserControl::takesWindowRequest()
+{
+    if (m_windowRequests.passes(now()))
+        return true;
+    // The engine makes every window before it asks what is to become of it. Thousands of them would keep it busy.
+    setWindowsAllowed(false);
+    return false;
+}
+
+/// Whether pages may open windows that the engine does not take for the user's own; it refuses them unseen.
+void WebBrowserControl::setWindowsAllowed(bool allowed)
+{
+    QWebEngineSettings *settings = m_page->settings();
+    if (settings->testAttribute(QWebEngineSettings::JavascriptCanOpenWindows) == allowed)
+        return;
+    settings->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, allowed);
+    if (allowed)
+        m_windowsAgain.stop();
+    else
+        m_windowsAgain.start(kWindowPause);
 }
 
 /// Takes the window that a page asked for, with its opener and its name.
@@ -271,6 +313,9 @@ void WebBrowserControl::adopt(QWebEngineNewWindowRequest &request)
     m_engine.channel().join(*m_page, *this,
                             m_openedByPage ? PageChannel::WindowClose::Allowed : PageChannel::WindowClose::Ignored);
     request.openIn(m_page.get());
+    m_content->begin();
+    if (request.isUserInitiated())
+        m_downloads.acted(now());
 }
 
 void WebBrowserControl::closeWindow(int delay)

@@ -21,6 +21,7 @@ public:
     Downloads(const QString &folder, Status status);
 
     void start(QWebEngineDownloadRequest *download);
+    bool isRunning(quint32 id) const { return m_running.contains(id); }
     /// For what starts from now on.
     void setFolder(const QString &folder) { m_folder = folder; }
 

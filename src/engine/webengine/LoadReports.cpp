@@ -9,30 +9,38 @@ namespace {
 constexpr int kNoSignMs = 4000;
 /// A jump shows by the changed address, at once unless the page is busy.
 constexpr int kJumpMs = 1000;
+/// How long a page that has been read may wait for its frames without any sign before it counts as loaded.
+constexpr int kOnlyFramesMs = 4000;
 } // namespace
 
 LoadReports::LoadReports(Report report)
     : m_report(std::move(report))
 {
     m_noSign.setSingleShot(true);
+    m_onlyFrames.setSingleShot(true);
+    connect(&m_onlyFrames, &QTimer::timeout, this, &LoadReports::restWithoutFrames);
     connect(&m_noSign, &QTimer::timeout, this, [this] {
         m_mainRequested = false;
         m_frames = 0;
-        if (!m_loading)
+        if (!m_loading || m_endReported)
             close();
     });
 }
 
 void LoadReports::requested(bool isMainFrame)
 {
+    const bool isUnderWay = m_mainRequested || (m_loading && !m_endReported);
     m_owed = true;
     if (isMainFrame) {
         m_mainRequested = true;
         m_mainRefused = false;
-    } else if (!isLoading()) {
+    } else if (!isUnderWay) {
         ++m_frames;
+    } else if (m_loading) {
+        ++m_framesOfLoad;
+        sign();
     }
-    if (!m_loading)
+    if (!m_loading || m_endReported)
         m_noSign.start(kNoSignMs);
 }
 
@@ -41,6 +49,9 @@ void LoadReports::refused(bool isMainFrame)
     if (isMainFrame) {
         m_mainRefused = true;
         m_mainRequested = false;
+    } else if (m_framesOfLoad > 0) {
+        --m_framesOfLoad;
+        sign();
     } else if (m_frames > 0 && --m_frames == 0) {
         settle();
     }
@@ -56,9 +67,13 @@ void LoadReports::jumped()
 void LoadReports::started()
 {
     m_noSign.stop();
+    m_onlyFrames.stop();
     m_loading = true;
     m_mainRequested = false;
     m_frames = 0;
+    m_framesOfLoad = 0;
+    m_isRead = false;
+    m_endReported = false;
     m_owed = true;
     if (!m_mainRefused)
         m_report(0, 100);
@@ -66,30 +81,68 @@ void LoadReports::started()
 
 void LoadReports::progress(int percent)
 {
+    sign();
     // 100 comes right before the end, which has an event of its own.
-    if (m_loading && !m_mainRefused && percent > 0 && percent < 100)
+    if (m_loading && !m_mainRefused && !m_endReported && percent > 0 && percent < 100)
         m_report(percent, 100);
+}
+
+void LoadReports::read()
+{
+    m_isRead = m_loading;
+    sign();
+}
+
+/// Something has happened: the frames that are still missing get their time anew.
+void LoadReports::sign()
+{
+    if (m_loading && m_isRead && m_framesOfLoad > 0 && !m_endReported)
+        m_onlyFrames.start(kOnlyFramesMs);
+    else
+        m_onlyFrames.stop();
+}
+
+void LoadReports::restWithoutFrames()
+{
+    m_framesOfLoad = 0;
+    overtaken();
+}
+
+void LoadReports::overtaken()
+{
+    if (!m_loading || m_mainRequested || m_endReported)
+        return;
+    m_onlyFrames.stop();
+    m_endReported = true;
+    close();
 }
 
 void LoadReports::finished()
 {
+    m_onlyFrames.stop();
     m_loading = false;
     m_mainRequested = false;
     m_mainRefused = false;
+    m_endReported = false;
     m_frames = 0;
+    m_framesOfLoad = 0;
     close();
 }
 
 void LoadReports::frameLoaded()
 {
-    if (m_frames > 0 && --m_frames == 0)
+    if (m_framesOfLoad > 0) {
+        --m_framesOfLoad;
+        sign();
+    } else if (m_frames > 0 && --m_frames == 0) {
         settle();
+    }
 }
 
 void LoadReports::settle()
 {
     // Never from inside the call that led here: the handler of the request has not returned yet.
-    if (m_owed && !isLoading())
+    if (m_owed && !m_mainRequested && (!m_loading || m_endReported))
         m_noSign.start(0);
 }
 

@@ -9,7 +9,8 @@ namespace engine {
 /// Turns what the engine tells of loads into the progress events of a browser: after every navigation request that was
 /// reported, and after every load, comes exactly one closing event (0, 0). The engine ends loads of the page itself
 /// with a signal; loads of its frames it never ends, and some requests (a jump inside the page, another program's
-/// address, a download) have no load at all.
+/// address, a download) have no load at all. A page of which everything is there but a frame that never ends counts as
+/// loaded after a while.
 class LoadReports : public QObject
 {
     Q_OBJECT
@@ -26,7 +27,11 @@ public:
     /// The load of the page itself.
     void started();
     void progress(int percent);
+    /// Its document has been read; pictures and frames may still be missing.
+    void read();
     void finished();
+    /// It has ended, which the engine will tell a little later.
+    void overtaken();
     /// A frame has loaded.
     void frameLoaded();
     /// Whatever may still be open ends now, unless the engine is to end it.
@@ -37,10 +42,18 @@ public:
 
 private:
     void close();
+    void sign();
+    void restWithoutFrames();
 
     Report m_report;
     QTimer m_noSign;
+    QTimer m_onlyFrames;
     int m_frames = 0;
+    /// Frames whose load began during the load of the page itself, and has not ended.
+    int m_framesOfLoad = 0;
+    bool m_isRead = false;
+    /// The end of the load was reported before the engine told of it.
+    bool m_endReported = false;
     bool m_owed = false;
     bool m_loading = false;
     bool m_mainRequested = false;

@@ -63,33 +63,20 @@ const QString &frameScript()
     return script;
 }
 
-QString newToken()
+} // namespace
+
+QString PageChannel::newToken()
 {
     quint32 random[4];
     QRandomGenerator::system()->fillRange(random);
     return QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(random), sizeof random).toHex());
 }
 
-void insert(QWebEnginePage &page, const QString &name, const QString &source, quint32 world)
-{
-    QWebEngineScript script;
-    script.setName(name);
-    script.setSourceCode(source);
-    script.setWorldId(world);
-    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
-    script.setRunsOnSubFrames(true);
-    for (const QWebEngineScript &old : page.scripts().find(name))
-        page.scripts().remove(old);
-    page.scripts().insert(script);
-}
-
 /// Path data of a URL survive only while "+" and "&" stay escaped, so the values are decoded one by one.
-QString value(const QUrlQuery &query, const QString &key)
+QString PageChannel::value(const QUrlQuery &query, const QString &key)
 {
     return QUrl::fromPercentEncoding(query.queryItemValue(key, QUrl::FullyEncoded).toUtf8());
 }
-
-} // namespace
 
 void PageChannel::join(QWebEnginePage &page, Client &client, WindowClose close)
 {
@@ -98,13 +85,35 @@ void PageChannel::join(QWebEnginePage &page, Client &client, WindowClose close)
     const QString frameToken = newToken();
     m_boxes.insert(boxToken, &client);
     m_frames.insert(frameToken, &client);
-    insert(page, u"boxes"_s,
-           QString(boxScript())
-               .replace("%TOKEN%"_L1, boxToken)
-               .replace("%CLOSE%"_L1,
-                        close == WindowClose::Allowed ? QString() : u"window.close = function close() {};"_s),
-           QWebEngineScript::MainWorld);
-    insert(page, u"frames"_s, QString(frameScript()).replace("%TOKEN%"_L1, frameToken), kFrameWorld);
+    setScript(page, u"boxes"_s,
+              QString(boxScript())
+                  .replace("%TOKEN%"_L1, boxToken)
+                  .replace("%CLOSE%"_L1,
+                           close == WindowClose::Allowed ? QString() : u"window.close = function close() {};"_s),
+              QWebEngineScript::MainWorld);
+    setScript(page, u"frames"_s, QString(frameScript()).replace("%TOKEN%"_L1, frameToken), kFrameWorld);
+}
+
+QString PageChannel::listen(Listener listener)
+{
+    const QString token = newToken();
+    m_listeners.insert(token, std::move(listener));
+    return token;
+}
+
+void PageChannel::setScript(QWebEnginePage &page, const QString &name, const QString &source, quint32 world)
+{
+    for (const QWebEngineScript &old : page.scripts().find(name))
+        page.scripts().remove(old);
+    if (source.isEmpty())
+        return;
+    QWebEngineScript script;
+    script.setName(name);
+    script.setSourceCode(source);
+    script.setWorldId(world);
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setRunsOnSubFrames(true);
+    page.scripts().insert(script);
 }
 
 void PageChannel::leave(Client &client)
@@ -122,6 +131,12 @@ void PageChannel::requestStarted(QWebEngineUrlRequestJob *job)
         Client *client = m_frames.value(token);
         answer(job, {});
         client->frameLoaded();
+        return;
+    }
+    if (const auto listener = m_listeners.constFind(token); listener != m_listeners.constEnd()) {
+        // A copy: the listener may end its listening.
+        const Listener tell = *listener;
+        tell(job);
         return;
     }
     const QUrl initiator = job->initiator();

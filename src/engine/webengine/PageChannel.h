@@ -4,7 +4,9 @@
 #include <QPointer>
 #include <QString>
 #include <QWebEngineUrlSchemeHandler>
+#include <functional>
 
+class QUrlQuery;
 class QWebEnginePage;
 
 namespace engine {
@@ -51,15 +53,30 @@ public:
     void join(QWebEnginePage &page, Client &client, WindowClose close);
     void leave(Client &client);
 
+    /// Requests that carry the token that this gives go to `listener`, which answers them at once or later. For scripts
+    /// of the program's own, in a world where no page can read the token.
+    using Listener = std::function<void(QWebEngineUrlRequestJob *job)>;
+    QString listen(Listener listener);
+    void endListening(const QString &token) { m_listeners.remove(token); }
+
+    /// Gives the documents of `page`, frames included, a script from the next document on, in place of the one that had
+    /// this name. An empty source only takes that away.
+    static void setScript(QWebEnginePage &page, const QString &name, const QString &source, quint32 world);
+
     void requestStarted(QWebEngineUrlRequestJob *job) override;
 
-    /// Answers a box: the empty answer is confirm's false and prompt's null.
+    /// 128 random bits in hexadecimal digits.
+    static QString newToken();
+    /// A value of a request's query as the script has given it.
+    static QString value(const QUrlQuery &query, const QString &key);
+    /// Answers a request. Of a box the empty answer is confirm's false and prompt's null.
     static void answer(QWebEngineUrlRequestJob *job, const QByteArray &content);
 
 private:
     /// By token. The two kinds of callers have tokens of their own, since pages can read the one of their boxes.
     QHash<QString, Client *> m_boxes;
     QHash<QString, Client *> m_frames;
+    QHash<QString, Listener> m_listeners;
 };
 
 } // namespace engine

@@ -31,6 +31,7 @@ WebBrowserControl::WebBrowserControl(WebEngine &engine, QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(m_view.get());
     m_engine.channel().join(*m_page, *this, PageChannel::WindowClose::Ignored);
+    m_content = std::make_unique<ContentEffects>(*m_page, m_engine.channel(), [this] { m_load.read(); });
     connectPage();
     makeTools();
 }
@@ -47,6 +48,7 @@ void WebBrowserControl::shutDown()
     m_boxes.setLeaving(true);
     m_engine.channel().leave(*this);
     m_tools.reset();
+    m_content.reset();
     m_view.reset();
     m_page.reset();
 }
@@ -80,6 +82,8 @@ void WebBrowserControl::Navigate2(const QString &url)
             m_load.finished();
             return;
         }
+        if (!isJump)
+            m_content->begin();
         m_page->load(target);
         if (isJump)
             m_load.jumped();
@@ -180,10 +184,19 @@ void WebBrowserControl::setExposed(bool exposed)
         m_view->setFocus();
 }
 
+void WebBrowserControl::setAmbientProperty(int dispid, const QVariant &value)
+{
+    m_ambient.insert(dispid, value);
+    if (dispid == DISPID_AMBIENT_DLCONTROL && m_content)
+        m_content->setControl(value.toInt());
+}
+
 void WebBrowserControl::noteUserAct()
 {
     ++m_userClicks;
     m_windowRequests.reset();
+    setWindowsAllowed(true);
+    m_downloads.acted(now());
 }
 
 bool WebBrowserControl::isShowing(const QWebEnginePage *page) const

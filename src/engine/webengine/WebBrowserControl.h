@@ -3,6 +3,7 @@
 #include "controls/PageBox.h"
 #include "engine/RequestLimit.h"
 #include "engine/WebBrowser.h"
+#include "engine/webengine/ContentEffects.h"
 #include "engine/webengine/LoadReports.h"
 #include "engine/webengine/Overlay.h"
 #include "engine/webengine/Page.h"
@@ -10,6 +11,7 @@
 #include "engine/webengine/PageChannel.h"
 #include "engine/webengine/PageTools.h"
 
+#include <QDeadlineTimer>
 #include <QHash>
 #include <QSet>
 #include <QTimer>
@@ -51,7 +53,7 @@ public:
     void setRegisterAsBrowser(bool on) override { m_registerAsBrowser = on; }
     void Exec(int command, int option, int value) override;
     QVariant ambientProperty(int dispid) const override { return m_ambient.value(dispid); }
-    void setAmbientProperty(int dispid, const QVariant &value) override { m_ambient.insert(dispid, value); }
+    void setAmbientProperty(int dispid, const QVariant &value) override;
     int userClicks() const override { return m_userClicks; }
     void clearUserClicks() override { m_userClicks = 0; }
     std::vector<HistoryEntry> backEntries() const override;
@@ -61,6 +63,7 @@ public:
     SaveFacet *saveFacet() override;
     FindFacet *findFacet() override;
     InfoFacet *infoFacet() override;
+    ContentFacet *contentFacet() override { return m_content.get(); }
 
     /// The user has acted in the page.
     void noteUserAct();
@@ -68,6 +71,8 @@ public:
     void tellStatus(const QString &text);
     /// Whether the download is this document being saved; then it is taken care of.
     bool takesDownload(QWebEngineDownloadRequest &download);
+    /// Whether the policy lets the page start the download. Tells the user when it does not.
+    bool allowsDownload(const QWebEngineDownloadRequest &download);
     /// Deletes the page. Nothing works afterwards but destruction.
     void shutDown();
 
@@ -88,6 +93,8 @@ private:
     bool reportNavigation(const QUrl &url, bool isMainFrame);
     bool hasNoRequest(const QUrl &url) const;
     void openWindow(QWebEngineNewWindowRequest &request);
+    bool takesWindowRequest();
+    void setWindowsAllowed(bool allowed);
     void adopt(QWebEngineNewWindowRequest &request);
     void loadChanged(const QWebEngineLoadingInfo &info);
     void loadEnded(const QWebEngineLoadingInfo &info);
@@ -121,12 +128,15 @@ private:
     void layOut();
 
     void leavePage();
+    /// Milliseconds of a clock that only goes forward.
+    static int64_t now() { return QDeadlineTimer::current().deadline(); }
     std::vector<HistoryEntry> entries(int step) const;
 
     WebEngine &m_engine;
     std::unique_ptr<Page> m_page;
     std::unique_ptr<QWebEngineView> m_view;
     std::unique_ptr<PageTools> m_tools;
+    std::unique_ptr<ContentEffects> m_content;
     PageBoxes m_boxes;
     LoadReports m_load;
     QPointer<Overlay> m_notice;
@@ -153,6 +163,8 @@ private:
     bool m_isFirstLoad = true;
     /// A page that asks for more windows than 20 in 10 seconds, without the user acting in it, is out to harm.
     RequestLimit m_windowRequests{20, 10'000};
+    QTimer m_windowsAgain;
+    DownloadGrants m_downloads;
 
     int m_userClicks = 0;
     int m_scriptErrors = 0;

@@ -88,6 +88,12 @@ void WebEngine::startDownload(QWebEngineDownloadRequest *download)
         if (browser && browser->takesDownload(*download))
             return;
     }
+    // One that nobody accepts ends by itself.
+    const bool isNew = !m_downloads->isRunning(download->id());
+    for (const auto &browser : m_browsers) {
+        if (isNew && browser && browser->isShowing(download->page()) && !browser->allowsDownload(*download))
+            return;
+    }
     m_downloads->start(download);
 }
 

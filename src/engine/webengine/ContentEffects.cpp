@@ -1,0 +1,112 @@
+#include "engine/webengine/ContentEffects.h"
+
+#include "engine/webengine/ContentScripts.h"
+#include "engine/webengine/PageChannel.h"
+
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+#include <QWebEngineSettings>
+#include <QWebEngineUrlRequestJob>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+constexpr quint32 kContentWorld = QWebEngineScript::UserWorld + 5;
+
+PartKind kindOf(QWebEngineUrlRequestInfo::ResourceType type)
+{
+    switch (type) {
+    case QWebEngineUrlRequestInfo::ResourceTypeImage:
+    case QWebEngineUrlRequestInfo::ResourceTypeFavicon:
+        return PartKind::Image;
+    case QWebEngineUrlRequestInfo::ResourceTypeObject:
+    case QWebEngineUrlRequestInfo::ResourceTypePluginResource:
+        return PartKind::Plugin;
+    default:
+        return PartKind::Other;
+    }
+}
+
+} // namespace
+
+ContentEffects::ContentEffects(QWebEnginePage &page, PageChannel &channel, std::function<void()> ready)
+    : m_page(page)
+    , m_channel(channel)
+    , m_ready(std::move(ready))
+    , m_token(channel.listen([this](QWebEngineUrlRequestJob *job) { asked(job); }))
+{
+    apply();
+}
+
+ContentEffects::~ContentEffects()
+{
+    m_channel.endListening(m_token);
+    m_page.setUrlRequestInterceptor(nullptr);
+}
+
+void ContentEffects::begin()
+{
+    m_page.setUrlRequestInterceptor(this);
+    m_isFlashBlocked = false;
+    m_waiting.clear();
+    if (std::exchange(m_holds, m_wanted) != m_wanted)
+        apply();
+}
+
+void ContentEffects::apply()
+{
+    const bool hasVideo = m_holds & DLCTL_VIDEOS;
+    const bool hasPlugins = !(m_holds & DLCTL_NO_RUNACTIVEXCTLS);
+    const bool hasJava = !(m_holds & DLCTL_NO_JAVA);
+    QWebEngineSettings *settings = m_page.settings();
+    settings->setAttribute(QWebEngineSettings::AutoLoadImages, m_holds & DLCTL_DLIMAGES);
+    settings->setAttribute(QWebEngineSettings::JavascriptEnabled, !(m_holds & DLCTL_NO_SCRIPTS));
+    settings->setAttribute(QWebEngineSettings::PluginsEnabled, hasPlugins);
+    settings->setAttribute(QWebEngineSettings::PdfViewerEnabled, hasPlugins);
+    m_page.setAudioMuted(!(m_holds & DLCTL_BGSOUNDS));
+
+    PageChannel::setScript(m_page, u"content"_s, contentScript({m_token, hasVideo, hasPlugins}), kContentWorld);
+    PageChannel::setScript(m_page, u"video"_s, hasVideo ? QString() : videoScript(), QWebEngineScript::MainWorld);
+    PageChannel::setScript(m_page, u"java"_s, hasJava ? QString() : javaScript(), QWebEngineScript::MainWorld);
+}
+
+void ContentEffects::interceptRequest(QWebEngineUrlRequestInfo &info)
+{
+    if (m_holds != kAllContent && isPartRefused(m_holds, kindOf(info.resourceType()), info.requestUrl()))
+        info.block(true);
+}
+
+void ContentEffects::asked(QWebEngineUrlRequestJob *job)
+{
+    if (job->requestUrl().path() == "/ready"_L1) {
+        PageChannel::answer(job, {});
+        m_ready();
+    } else if (m_isFlashBlocked) {
+        PageChannel::answer(job, "block");
+    } else {
+        std::erase_if(m_waiting, [](const auto &waiting) { return !waiting; });
+        m_waiting.emplace_back(job);
+    }
+}
+
+void ContentEffects::blockFlash()
+{
+    if (std::exchange(m_isFlashBlocked, true))
+        return;
+    for (const auto &job : std::exchange(m_waiting, {})) {
+        if (job)
+            PageChannel::answer(job, "block");
+    }
+    // Local files cannot reach the channel.
+    m_page.runJavaScript(blockFlashScript(), kContentWorld);
+}
+
+bool ContentEffects::isMuted() const
+{
+    return m_page.isAudioMuted();
+}
+
+} // namespace engine

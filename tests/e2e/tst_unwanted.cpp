@@ -1,0 +1,480 @@
+#include "BrowserFixture.h"
+
+#include "controls/StatusBar.h"
+#include "documents/frmDocument.h"
+#include "engine/PageFacets.h"
+#include "engine/VisitLog.h"
+#include "engine/WebBrowser.h"
+#include "support/LoopbackSite.h"
+#include "support/Wait.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Tells the site when the page stands on the screen and takes clicks.
+const QByteArray kTellsWhenPainted =
+    "<script>requestAnimationFrame(() => requestAnimationFrame(() => fetch('/painted')))</script>";
+
+/// Keeps a page loading for ever.
+const QByteArray kNeverEnds = "<img src=/held>";
+
+QByteArray script(const QByteArray &code)
+{
+    return "<script>" + code + "</script>";
+}
+
+/// The whole page is the element that is clicked.
+QByteArray cover(const QByteArray &element)
+{
+    return "<style>.c { position: fixed; inset: 0; width: 100%; height: 100%; border: 0 }</style>" + element +
+           kTellsWhenPainted;
+}
+
+/// Runs `code` when the test lets "/go" go on, which no load waits for.
+QByteArray later(const QByteArray &code)
+{
+    return script("fetch('/go').then(() => { " + code + " })");
+}
+
+enum class Act { None, Go, Click, MiddleClick, CtrlClick, Enter, Close };
+enum class Fate { Killed, Tab, OneOfTwo, Nothing };
+
+} // namespace
+
+/// What pages may not do: the windows they open, the parts they load, the sites that nobody wants, over the real
+/// engine.
+class tst_Unwanted : public QObject
+{
+    Q_OBJECT
+
+    LoopbackSite m_site;
+    std::unique_ptr<BrowserFixture> m_browser;
+
+    BrowserFixture &f() { return *m_browser; }
+    QString at(const QString &path) const { return m_site.address(path); }
+    Settings &settings() { return f().main().mainCode().settings; }
+    frmDocument &document(int position) { return dynamic_cast<frmDocument &>(f().document(position)); }
+    void act(Act what);
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase() { m_browser.reset(); }
+    void init();
+    void windows_data();
+    void windows();
+    void windowsWithoutEnd();
+    void content_data();
+    void content();
+    void downloads();
+    void flash();
+    void listedSiteIsNeverAsked();
+};
+
+void tst_Unwanted::initTestCase()
+{
+    m_site.page("/plain", "Plain");
+    m_site.add("/held", {"", "image/png", 200, {}, LoopbackSite::Ending::Held});
+    m_site.add("/go", {"", "text/plain", 200, {}, LoopbackSite::Ending::Held});
+    m_site.page("/target", "Target");
+    m_site.page("/opens", "Opens", script("open('/target')"));
+    m_browser = std::make_unique<BrowserFixture>();
+    f().set(u"Popup"_s, u"PopupPlaySound"_s, u"False"_s);
+    QVERIFY(f().start(at(u"/plain"_s)));
+    QVERIFY(f().waitForPage(1, u"Plain"_s));
+}
+
+void tst_Unwanted::init()
+{
+    Settings &now = settings();
+    now.PopupKillerEnable = now.PopupCtrlEnable = true;
+    now.EnableImages = now.EnableSound = now.EnableVideo = now.EnableScripts = now.EnableJava = true;
+    now.EnableActiveXDL = now.EnableActiveXRUN = now.EnableFlash = true;
+    while (f().count() > 1)
+        f().document(f().count()).Unload();
+    // No other page is in front, and no act of the user in it is remembered.
+    f().document(1).NavigateDoc(at(u"/plain"_s));
+    QVERIFY(f().waitForPage(1, u"Plain"_s));
+    f().document(1).customWB()->ClearUserClick();
+    document(1).tmrKillPopup.setEnabled(false);
+    m_site.clearRequests();
+}
+
+void tst_Unwanted::act(Act what)
+{
+    const QPoint middle(200, 150);
+    switch (what) {
+    case Act::None:
+        return;
+    case Act::Go:
+        QVERIFY(m_site.waitFor("/go"));
+        m_site.release("/go");
+        return;
+    case Act::Click:
+        f().clickPage(middle);
+        return;
+    case Act::MiddleClick:
+        QTest::mouseClick(f().page(), Qt::MiddleButton, {}, middle);
+        return;
+    case Act::CtrlClick:
+        QTest::mouseClick(f().page(), Qt::LeftButton, Qt::ControlModifier, middle);
+        return;
+    case Act::Enter:
+        // The engine drops keys for a while after a load.
+        QVERIFY(waitUntil(
+            [&] {
+                QTest::keyClick(f().page(), Qt::Key_Return);
+                return m_site.count("/pressed") > 0;
+            },
+            kPatience));
+        return;
+    case Act::Close:
+        f().document(2).Unload();
+        return;
+    }
+}
+
+void tst_Unwanted::windows_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<Act>("act");
+    QTest::addColumn<Fate>("fate");
+    const auto row = [](const char *name, const QByteArray &body, Act act, Fate fate) {
+        QTest::newRow(name) << body << act << fate;
+    };
+    // After the request the page tells the site, so that a missing window is no slow one.
+    const QByteArray open = "open('/target'); fetch('/asked');";
+    const QByteArray link = "<a class=c href=/target target=_blank>link</a>";
+
+    row("while it loads: script", script(open), Act::None, Fate::Killed);
+    row("while it loads: load handler", script("onload = () => { " + open + " }"), Act::None, Fate::Killed);
+    row("while it loads: timer", kNeverEnds + script("setTimeout(() => { " + open + " }, 50)"), Act::None,
+        Fate::Killed);
+    row("while it loads: timer in a timer", kNeverEnds + later("setTimeout(() => { " + open + " }, 50)"), Act::Go,
+        Fate::Killed);
+    row("while it loads: noopener", script("open('/target', '_blank', 'noopener'); fetch('/asked')"), Act::None,
+        Fate::Killed);
+    row("while it loads: named, with a size", script("open('/target', 'ad', 'width=200,height=100'); fetch('/asked')"),
+        Act::None, Fate::Killed);
+    row("while it loads: empty, then sent on",
+        script("const w = open(''); fetch('/asked'); try { w.location = '/target' } catch (e) {}"), Act::None,
+        Fate::Killed);
+    row("while it loads: form",
+        kNeverEnds + "<form action=/target target=_blank></form>" +
+            script("document.forms[0].submit(); setTimeout(() => fetch('/asked'), 50)"),
+        Act::None, Fate::Killed);
+    row("while it loads: link clicked by a script",
+        kNeverEnds + link + script("document.querySelector('a').click(); setTimeout(() => fetch('/asked'), 50)"),
+        Act::None, Fate::Killed);
+    row("while it loads: base target",
+        "<base target=_blank>" + kNeverEnds + "<a href=/target>x</a>" +
+            script("document.querySelector('a').click(); setTimeout(() => fetch('/asked'), 50)"),
+        Act::None, Fate::Killed);
+    row("while it loads: frame", kNeverEnds + "<iframe src=/opening-frame></iframe>", Act::None, Fate::Killed);
+    row("while it loads: frame of another site in a frame",
+        kNeverEnds + "<iframe srcdoc='<iframe src=\"" + m_site.address(u"/opening-frame"_s, u"localhost"_s).toLatin1() +
+            "\"></iframe>'></iframe>",
+        Act::None, Fate::Killed);
+    row("goes on by itself", "<meta http-equiv=refresh content='0; url=/target'>", Act::None, Fate::Nothing);
+    row("as its document closes",
+        script("for (const when of ['beforeunload', 'pagehide', 'unload']) addEventListener(when, () => { "
+               "open('/target'); navigator.sendBeacon('/asked') })") +
+            cover("text"),
+        Act::Close, Fate::Nothing);
+
+    row("at rest: script", later(open), Act::Go, Fate::Tab);
+    row("at rest: right behind the load", script("onload = () => setTimeout(() => { " + open + " })"), Act::None,
+        Fate::Tab);
+    row("at rest: empty, then sent on", later("const w = open(''); w.location = '/target'"), Act::Go, Fate::Tab);
+    row("at rest: form", "<form action=/target target=_blank></form>" + later("document.forms[0].submit()"), Act::Go,
+        Fate::Tab);
+    row("at rest: frame", "<iframe src=/waiting-frame></iframe>", Act::Go, Fate::Tab);
+    row("at rest but for a frame that never ends", "<iframe src=/held></iframe>" + later(open), Act::Go, Fate::Tab);
+    row("click: link", cover(link), Act::Click, Fate::Tab);
+    row("click: named target", cover("<a class=c href=/target target=other>link</a>"), Act::Click, Fate::Tab);
+    row("click: base target", "<base target=_blank>" + cover("<a class=c href=/target>link</a>"), Act::Click,
+        Fate::Tab);
+    row("click: form", cover("<form action=/target target=_blank><button class=c>go</button></form>"), Act::Click,
+        Fate::Tab);
+    row("click: link in a frame", cover("<iframe class=c src=/link-frame></iframe>"), Act::Click, Fate::Tab);
+    row("middle click", cover("<a class=c href=/target>link</a>"), Act::MiddleClick, Fate::Tab);
+    row("Ctrl and click", cover("<a class=c href=/target>link</a>"), Act::CtrlClick, Fate::Tab);
+
+    // The user's act counts while the page loads too, and lets one window through.
+    row("while it loads: clicked link", kNeverEnds + cover(link), Act::Click, Fate::Tab);
+    row("while it loads: clicked link in a frame", kNeverEnds + cover("<iframe class=c src=/link-frame></iframe>"),
+        Act::Click, Fate::Tab);
+    row("while it loads: timer after a click",
+        kNeverEnds + cover("<div class=c onclick='setTimeout(() => window.open(\"/target\"), 100)'>text</div>"),
+        Act::Click, Fate::Tab);
+    row("while it loads: two by one click",
+        kNeverEnds + cover("<div class=c onclick='window.open(\"/target\"); window.open(\"/target\"); "
+                           "fetch(\"/asked\")'>text</div>"),
+        Act::Click, Fate::OneOfTwo);
+    row("while it loads: Enter",
+        kNeverEnds + cover("<a class=c href=/target target=_blank onclick='fetch(\"/pressed\")'>link</a>") +
+            script("document.querySelector('a').focus()"),
+        Act::Enter, Fate::Tab);
+    row("click, then a page that opens one", cover("<a class=c href=/opens>link</a>"), Act::Click, Fate::Tab);
+
+    row("Alt held", script(open), Act::None, Fate::Tab);
+    row("Alt held, not allowed", script(open), Act::None, Fate::Killed);
+    row("killer off", script(open), Act::None, Fate::Tab);
+}
+
+void tst_Unwanted::windows()
+{
+    QFETCH(QByteArray, body);
+    QFETCH(Act, act);
+    QFETCH(Fate, fate);
+    const QByteArray row = QTest::currentDataTag();
+    const bool withAlt = row.startsWith("Alt");
+    settings().PopupCtrlEnable = !row.contains("not allowed");
+    settings().PopupKillerEnable = row != "killer off";
+    m_site.page("/opening-frame", "Frame", script("open('/target'); parent.postMessage(0, '*'); fetch('/asked')"));
+    m_site.page("/waiting-frame", "Frame", later("open('/target')"));
+    m_site.page("/link-frame", "Frame", cover("<a class=c href=/target target=_blank>link</a>"));
+    m_site.page("/page", "Page", body);
+
+    const bool closes = act == Act::Close;
+    if (withAlt)
+        QTest::keyPress(f().main().windowHandle(), Qt::Key_Alt, Qt::AltModifier);
+    if (closes)
+        f().main().LoadNewDoc(at(u"/page"_s));
+    else
+        f().document(1).NavigateDoc(at(u"/page"_s));
+    QVERIFY(m_site.waitFor("/page"));
+
+    if (body.contains("/painted"))
+        QVERIFY(m_site.waitFor("/painted"));
+    if (body.contains("link-frame"))
+        QVERIFY(m_site.waitFor("/painted", 2));
+    if (row.startsWith("at rest") && act != Act::None)
+        WAIT_VERIFY(!document(1).isLoading() && m_site.count("/page") == 1);
+    this->act(act);
+
+    const int tabs = fate == Fate::Tab || fate == Fate::OneOfTwo ? 2 : 1;
+    if (tabs == 2)
+        QVERIFY(f().waitForPage(2, u"Target"_s));
+    if (fate == Fate::Killed || fate == Fate::OneOfTwo) {
+        QVERIFY(m_site.waitFor("/asked"));
+        WAIT_VERIFY(document(1).tmrKillPopup.Enabled());
+    } else if (closes) {
+        QVERIFY(m_site.waitFor("/asked"));
+    } else if (fate == Fate::Nothing) {
+        QVERIFY(f().waitForPage(1, u"Target"_s));
+    }
+    if (withAlt)
+        QTest::keyRelease(f().main().windowHandle(), Qt::Key_Alt);
+    QCOMPARE(f().count(), tabs);
+    QCOMPARE(m_site.count("/target"), fate == Fate::Killed || closes ? 0 : 1);
+    QCOMPARE(document(1).tmrKillPopup.Enabled(), fate == Fate::Killed || fate == Fate::OneOfTwo);
+    QCOMPARE(f().disorder(), QString());
+}
+
+void tst_Unwanted::windowsWithoutEnd()
+{
+    m_site.page("/flood", "Flood",
+                later("let n = 0; for (let i = 0; i < 10000; ++i) n += open('') ? 1 : 0; fetch('/done')"));
+    f().document(1).NavigateDoc(at(u"/flood"_s));
+    QVERIFY(f().waitForPage(1, u"Flood"_s));
+    act(Act::Go);
+    // The window works meanwhile.
+    f().main().LoadNewDoc(at(u"/target"_s));
+    QVERIFY(m_site.waitFor("/target"));
+    QVERIFY(m_site.waitFor("/done", 1, 60'000));
+    QCOMPARE_LE(f().count(), 22);
+    QCOMPARE(f().disorder(), QString());
+}
+
+namespace {
+
+/// Everything that the policy is about, in a page and in a frame of another site: %1 is "m" or "f". Each part asks the
+/// site for an address of its own when it is loaded or runs.
+const QByteArray kEverything = R"HTML(
+<style>div { width: 9px; height: 9px; background: url(/%1-background) }</style><div></div>
+<img src=/%1-image><picture><source srcset=/%1-picture><img></picture>
+<audio src=/%1-audio></audio><video src=/%1-video></video><video><source src=/%1-video-source></video>
+<object data=/%1-object type=application/pdf></object><embed src=/%1-embed type=text/html>
+<noscript><link rel=stylesheet href=/%1-noscript></noscript>
+<script>
+const blob = document.createElement('video');
+blob.onerror = () => fetch('/%1-video-blob');
+blob.src = URL.createObjectURL(new Blob(['no film']));
+document.body.append(blob);
+const loose = document.createElement('video');
+loose.setAttribute('src', '/%1-video-loose');
+loose.load();
+const shadow = document.createElement('p').attachShadow({ mode: 'closed' });
+shadow.innerHTML = '<video src=/%1-video-shadow></video>';
+document.body.append(shadow.host);
+fetch('/%1-script');
+if (self.WebAssembly) fetch('/%1-assembly');
+new Worker(URL.createObjectURL(new Blob(["fetch('" + location.origin + "/%1-worker.wasm')"])));
+</script>)HTML";
+
+} // namespace
+
+void tst_Unwanted::content_data()
+{
+    QTest::addColumn<QByteArrayList>("without");
+    QTest::addColumn<QByteArrayList>("with");
+    const QByteArrayList scripts = {"script", "assembly", "video-blob", "video-loose", "video-shadow", "worker.wasm"};
+    QTest::newRow("all") << QByteArrayList{} << QByteArrayList{};
+    QTest::newRow("EnableImages") << QByteArrayList{"image", "background", "picture"} << QByteArrayList{};
+    QTest::newRow("EnableSound") << QByteArrayList{} << QByteArrayList{};
+    QTest::newRow("EnableVideo") << QByteArrayList{"video", "video-source", "video-blob", "video-loose", "video-shadow"}
+                                 << QByteArrayList{};
+    QTest::newRow("EnableScripts") << scripts << QByteArrayList{"noscript"};
+    QTest::newRow("EnableJava") << QByteArrayList{"assembly", "worker.wasm"} << QByteArrayList{};
+    QTest::newRow("EnableActiveXRUN") << QByteArrayList{"object", "embed"} << QByteArrayList{};
+    QTest::newRow("all off") << QByteArrayList{"image",        "background", "picture", "video",
+                                               "video-source", "object",     "embed"} +
+                                    scripts
+                             << QByteArrayList{"noscript"};
+}
+
+void tst_Unwanted::content()
+{
+    QFETCH(QByteArrayList, without);
+    QFETCH(QByteArrayList, with);
+    QByteArrayList expected = {"image",        "background", "picture",     "audio",        "video",
+                               "video-source", "video-blob", "video-loose", "video-shadow", "object",
+                               "embed",        "script",     "assembly",    "worker.wasm"};
+    expected.removeIf([&](const QByteArray &name) { return without.contains(name); });
+    expected += with;
+
+    const QByteArray row = QTest::currentDataTag();
+    Settings &now = settings();
+    const std::pair<const char *, bool Settings::*> all[] = {
+        {"EnableImages", &Settings::EnableImages},      {"EnableSound", &Settings::EnableSound},
+        {"EnableVideo", &Settings::EnableVideo},        {"EnableScripts", &Settings::EnableScripts},
+        {"EnableJava", &Settings::EnableJava},          {"EnableActiveXRUN", &Settings::EnableActiveXRUN},
+        {"EnableActiveXDL", &Settings::EnableActiveXDL}};
+    for (const auto &[name, value] : all)
+        now.*value = row != "all off" && row != name;
+
+    m_site.page("/frame", "Frame", QByteArray(kEverything).replace("%1", "f"));
+    m_site.page("/everything", "Everything",
+                QByteArray(kEverything).replace("%1", "m") +
+                    "<iframe src=" + m_site.address(u"/frame"_s, u"localhost"_s).toLatin1() + "></iframe>");
+    f().document(1).NavigateDoc(at(u"/everything"_s));
+    for (const QByteArray &name : expected) {
+        for (const QByteArray &place : {"/m-"_ba, "/f-"_ba})
+            QVERIFY2(m_site.waitFor(place + name), place + name);
+    }
+    QVERIFY(f().waitForPage(1, u"Everything"_s));
+    QCOMPARE(document(1).browser()->contentFacet()->isMuted(), !now.EnableSound);
+    // What would come late has come when another page has.
+    f().document(1).NavigateDoc(at(u"/plain"_s));
+    QVERIFY(f().waitForPage(1, u"Plain"_s));
+    for (const QByteArray &name : without) {
+        QVERIFY2(m_site.count("/m-" + name) == 0, name);
+        QVERIFY2(m_site.count("/f-" + name) == 0, name);
+    }
+    if (with.isEmpty())
+        QCOMPARE(m_site.count("/m-noscript"), 0);
+}
+
+void tst_Unwanted::downloads()
+{
+    const QDir folder(f().downloadFolder());
+    m_site.download("/driven", "driven.bin", "x");
+    m_site.download("/framed", "framed.bin", "x");
+    m_site.download("/wanted", "wanted.bin", "x");
+    m_site.redirect("/moved", "/typed");
+    m_site.download("/typed", "typed.bin", "x");
+    m_site.page("/start", "Start",
+                cover("<a class=c href=/wanted>link</a>") + "<iframe src=/framed></iframe>" +
+                    script("onload = () => { const a = document.createElement('a'); a.href = '/driven'; "
+                           "a.download = ''; a.click(); fetch('/tried') }"));
+    const auto tryAll = [&](bool isAllowed) {
+        settings().EnableActiveXDL = isAllowed;
+        m_site.clearRequests();
+        f().document(1).NavigateDoc(at(u"/start"_s));
+        QVERIFY(m_site.waitFor("/painted") && m_site.waitFor("/tried") && m_site.waitFor("/framed"));
+        f().document(1).NavigateDoc(at(u"/moved"_s));
+        WAIT_VERIFY(folder.exists(u"typed.bin"_s));
+        QCOMPARE(folder.exists(u"framed.bin"_s), isAllowed);
+        if (isAllowed)
+            WAIT_VERIFY(folder.exists(u"driven.bin"_s));
+        else
+            QVERIFY(!folder.exists(u"driven.bin"_s));
+    };
+    tryAll(false);
+    f().clickPage(QPoint(200, 150));
+    WAIT_VERIFY(folder.exists(u"wanted.bin"_s));
+    QVERIFY(QFile::remove(folder.filePath(u"typed.bin"_s)));
+    tryAll(true);
+}
+
+void tst_Unwanted::flash()
+{
+    // Each element tells the site the size of what stands in its place.
+    const QByteArray tells =
+        script("setInterval(() => { for (const e of document.querySelectorAll('[id]')) { "
+               "const box = e.previousElementSibling; if (box && !e.told && "
+               "getComputedStyle(e).display === 'none') { e.told = 1; "
+               "fetch('/box-' + e.id + '-' + box.offsetWidth + 'x' + box.offsetHeight) } } }, 50)");
+    const QByteArray movie = " type=application/x-shockwave-flash ";
+    m_site.page("/cage", "Frame", "<embed id=framed" + movie + "src=a.swf width=120 height=60>" + tells);
+    m_site.page("/flash", "Flash",
+                "<style>body { margin: 0 } span, a { display: none !important; width: 1px !important; font: 3px serif "
+                "!important }</style><b></b>"
+                "<object id=object classid='clsid:D27CDB6E-AE6D-11cf-96B8-444553540000' width=400 height=300>"
+                "<param name=movie value=a.swf><embed src=a.swf></object>"
+                "<b></b><iframe src=/cage></iframe><iframe sandbox=allow-scripts src='" +
+                    m_site.address(u"/cage"_s, u"localhost"_s).toLatin1() + "'></iframe>" + tells +
+                    later("document.body.insertAdjacentHTML('beforeend', "
+                          "'<b></b><embed id=late src=b.swf?x style=\"width: 88px; height: 31px\">')"));
+    settings().EnableFlash = false;
+    f().document(1).NavigateDoc(at(u"/flash"_s));
+    QVERIFY(m_site.waitFor("/box-object-400x300"));
+    QVERIFY(m_site.waitFor("/box-framed-120x60", 2));
+    act(Act::Go);
+    QVERIFY(m_site.waitFor("/box-late-88x31"));
+    QCOMPARE(m_site.count("/a.swf"), 0);
+
+    // The box leads the way back.
+    f().clickPage(QPoint(200, 150));
+    QVERIFY(m_site.waitFor("/flash", 2));
+    QVERIFY(settings().EnableFlash);
+    QVERIFY(f().waitForPage(1, u"Flash"_s));
+    QCOMPARE(document(1).LocationURL(), at(u"/flash"_s));
+    act(Act::Go);
+    QCOMPARE(m_site.count("/box-object-400x300"), 1);
+}
+
+void tst_Unwanted::listedSiteIsNeverAsked()
+{
+    settings().BlackList = {QString(), u"LOCALHOST"_s};
+    settings().BlackListCount = 1;
+    const QString listed = m_site.address(u"/plain"_s, u"localhost"_s);
+    const int connections = m_site.connections();
+    f().main().LoadNewDoc(listed);
+    QCOMPARE(f().count(), 2);
+    WAIT_COMPARE(f().count(), 1);
+    m_site.page("/page", "Page", cover("<a class=c target=_blank href=" + listed.toLatin1() + ">link</a>"));
+    f().document(1).NavigateDoc(at(u"/page"_s));
+    QVERIFY(m_site.waitFor("/painted"));
+    const int own = m_site.connections() - connections;
+    f().clickPage(QPoint(200, 150));
+    WAIT_COMPARE(f().count(), 2);
+    WAIT_COMPARE(f().count(), 1);
+    QCOMPARE(m_site.connections(), connections + own);
+    QVERIFY(f().visits().find(u"localhost"_s, 10).empty());
+
+    // An open page may go there.
+    f().document(1).NavigateDoc(listed);
+    WAIT_COMPARE(document(1).LocationURL(), listed);
+    settings().BlackListCount = 0;
+}
+
+int main(int argc, char **argv)
+{
+    return runBrowserTests<tst_Unwanted>(argc, argv);
+}
+#include "tst_unwanted.moc"
