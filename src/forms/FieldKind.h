@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// What an input of a page asks for.
+enum class FieldKind : quint8 {
+    /// Nothing is known about it.
+    None,
+    Title,
+    Sex,
+    User,
+    FullName,
+    FirstName,
+    LastName,
+    Phone,
+    /// Parts of a split phone number, in its order.
+    PhoneCountry,
+    PhoneArea,
+    PhoneLocal,
+    PhonePrefix,
+    PhoneSuffix,
+    Fax,
+    BirthDate,
+    BirthDay,
+    BirthMonth,
+    BirthYear,
+    Mail,
+    Job,
+    /// Street and house number, or all there is about the street when no second line follows.
+    Address1,
+    Address2,
+    /// Several lines in one input.
+    Street,
+    HouseNumber,
+    Country,
+    City,
+    State,
+    Zip,
+    CardType,
+    CardNumber,
+    CardCode,
+    CardDate,
+    CardMonth,
+    CardYear,
+    Bank,
+    /// A field of the user's own.
+    Custom,
+
+    // What words alone can say; neighbours decide what becomes of it.
+    Day,
+    Month,
+    Year,
+    /// A word for a card, which gives the words beside it their sense.
+    CardWord,
+    /// Something that the record does not hold.
+    Other,
+    /// Never to be filled, whatever else is said about it.
+    Never,
+    /// A word that only looks as if it held another one.
+    Trap,
+};
+
+/// A set of kinds.
+class FieldKinds
+{
+public:
+    void add(FieldKind kind) { m_bits |= bit(kind); }
+    void add(FieldKinds kinds) { m_bits |= kinds.m_bits; }
+    bool has(FieldKind kind) const { return (m_bits & bit(kind)) != 0; }
+    template <typename... Kinds>
+    bool hasAny(Kinds... kinds) const
+    {
+        return (has(kinds) || ...);
+    }
+
+private:
+    static quint64 bit(FieldKind kind) { return quint64(1) << static_cast<int>(kind); }
+
+    quint64 m_bits = 0;
+};
+
+/// One of the details of a bank card.
+inline bool isCard(FieldKind kind)
+{
+    return kind >= FieldKind::CardType && kind <= FieldKind::CardYear;
+}
+inline bool isBirth(FieldKind kind)
+{
+    return kind >= FieldKind::BirthDate && kind <= FieldKind::BirthYear;
+}
+inline bool isPhone(FieldKind kind)
+{
+    return kind >= FieldKind::Phone && kind <= FieldKind::PhoneSuffix;
+}

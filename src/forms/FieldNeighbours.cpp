@@ -1,0 +1,320 @@
+#include "forms/FieldNeighbours.h"
+
+#include "forms/DatePattern.h"
+#include "forms/PhoneNumber.h"
+
+#include <algorithm>
+#include <array>
+
+using enum FieldKind;
+
+namespace {
+
+using Entries = std::vector<FormEntry>;
+
+/// How far from an input its neighbours may explain it, in inputs.
+constexpr int kNear = 4;
+
+bool isDatePart(FieldKind kind)
+{
+    return kind == Day || kind == Month || kind == Year;
+}
+
+int count(const Entries &entries)
+{
+    return static_cast<int>(entries.size());
+}
+
+/// The kind of the entry `at`, None outside of the frame.
+FieldKind kindAt(const Entries &entries, int at)
+{
+    return at >= 0 && at < count(entries) ? entries[static_cast<size_t>(at)].guess.kind : None;
+}
+
+FormEntry &entryAt(Entries &entries, int at)
+{
+    return entries[static_cast<size_t>(at)];
+}
+
+/// Whether a kind for which `test` holds is within `reach` inputs, before or behind.
+template <typename Test>
+bool isNear(const Entries &entries, int at, int reach, Test test)
+{
+    for (int distance = 1; distance <= reach; ++distance) {
+        if (test(kindAt(entries, at - distance)) || test(kindAt(entries, at + distance)))
+            return true;
+    }
+    return false;
+}
+
+auto is(FieldKind wanted)
+{
+    return [wanted](FieldKind kind) { return kind == wanted; };
+}
+
+/// A day, month or year of what: the nearest date or card tells; two parts beside each other are a date of birth when
+/// no card is near, and a part by itself is one only where its name is nothing but that word.
+void settleDatePart(Entries &entries, int at)
+{
+    constexpr qsizetype kOneWord = 5;
+    FieldGuess &guess = entryAt(entries, at).guess;
+    const bool isDay = guess.kind == Day;
+    bool isOfCard = false;
+    bool isOfBirth = false;
+    for (int distance = 1; distance <= kNear && !isOfCard && !isOfBirth; ++distance) {
+        for (const int neighbour : {at - distance, at + distance}) {
+            const FieldKind kind = kindAt(entries, neighbour);
+            if (!isOfCard && !isOfBirth) {
+                isOfCard = isCard(kind) && !isDay;
+                isOfBirth = isBirth(kind);
+            }
+        }
+    }
+    const bool hasOthers =
+        isNear(entries, at, 2, [&](FieldKind kind) { return isDatePart(kind) && kind != guess.kind; });
+    const bool isOnlyWord = guess.byName && entryAt(entries, at).input->name.size() <= kOneWord;
+    if (isOfCard)
+        guess.kind = guess.kind == Month ? CardMonth : CardYear;
+    else if (isOfBirth || hasOthers || isOnlyWord)
+        guess.kind = isDay ? BirthDay : guess.kind == Month ? BirthMonth : BirthYear;
+    else
+        guess.kind = None;
+}
+
+/// "Valid thru" above two inputs is their month and their year.
+void settleCardDates(Entries &entries)
+{
+    for (int i = 0; i + 1 < count(entries); ++i) {
+        FormEntry &first = entryAt(entries, i);
+        FormEntry &second = entryAt(entries, i + 1);
+        const auto isOpen = [](const FormEntry &entry) { return entry.guess.kind == CardDate && !entry.guess.byToken; };
+        const auto isWhole = [](const FormEntry &entry) {
+            return !entry.isList() && DatePattern::in(entry.input->placeholder).has_value();
+        };
+        if (isOpen(first) && isOpen(second) && !isWhole(first) && !isWhole(second)) {
+            first.guess.kind = CardMonth;
+            second.guess.kind = CardYear;
+        } else if (isOpen(first) && second.guess.kind == CardYear) {
+            first.guess.kind = CardMonth;
+        } else if (first.guess.kind == CardMonth && isOpen(second)) {
+            second.guess.kind = CardYear;
+        }
+    }
+}
+
+/// A date of birth over several inputs, of which not each one says its part.
+void settleBirthDates(Entries &entries, const RecordValues &record)
+{
+    constexpr int kYearDigits = 4;
+    for (int i = 0; i < count(entries); ++i) {
+        FormEntry &entry = entryAt(entries, i);
+        const bool isTriple =
+            entry.guess.kind == BirthDate && kindAt(entries, i + 1) == BirthDate && kindAt(entries, i + 2) == BirthDate;
+        if (isTriple && !entry.guess.byToken) {
+            std::array<FieldKind, 3> order{BirthDay, BirthMonth, BirthYear};
+            if (entry.maxLength() == kYearDigits)
+                order = {BirthYear, BirthMonth, BirthDay};
+            else if (record.countryCode() == u"US")
+                order = {BirthMonth, BirthDay, BirthYear};
+            for (int part = 0; part < 3; ++part)
+                entryAt(entries, i + part).guess.kind = order[static_cast<size_t>(part)];
+            continue;
+        }
+        const bool isShort = entry.maxLength() <= 2;
+        const bool hasMonth = isNear(entries, i, 2, is(BirthMonth));
+        if (entry.guess.kind == BirthDate && !entry.guess.byToken && isShort && hasMonth)
+            entry.guess.kind = BirthDay;
+        else if (entry.guess.kind == BirthDay && !entry.isList() && !hasMonth && entry.maxLength() == 0)
+            entry.guess.kind = BirthDate;
+    }
+}
+
+/// "Name" beside a first name is the last name, and the other way round.
+void settleNames(Entries &entries)
+{
+    for (int i = 0; i < count(entries); ++i) {
+        FieldGuess &guess = entryAt(entries, i).guess;
+        if (guess.kind != FullName || !guess.isWeak)
+            continue;
+        const bool first = isNear(entries, i, 2, is(FirstName));
+        const bool last = isNear(entries, i, 2, is(LastName));
+        if (first != last)
+            guess.kind = first ? LastName : FirstName;
+    }
+}
+
+bool isShortBox(const FormEntry &entry)
+{
+    constexpr int kLongestPiece = 8;
+    return !entry.isList() && entry.maxLength() > 0 && entry.maxLength() <= kLongestPiece;
+}
+
+/// How many inputs from `at` on take `digits` digits together, each full to its limit; 0 when none do.
+int piecesFrom(const Entries &entries, int at, qsizetype digits, FieldKind kind)
+{
+    constexpr int kMost = 4;
+    qsizetype sum = 0;
+    for (int i = 0; i < kMost && at + i < count(entries); ++i) {
+        const FormEntry &entry = entries[static_cast<size_t>(at + i)];
+        const FieldKind said = entry.guess.kind;
+        const bool belongs = said == kind || (kind == Phone && isPhone(said)) || (i > 0 && said == None);
+        if (!belongs || !isShortBox(entry))
+            return 0;
+        sum += entry.maxLength();
+        if (sum >= digits)
+            return sum == digits && i > 0 ? i + 1 : 0;
+    }
+    return 0;
+}
+
+void deal(Entries &entries, int at, int pieces, FieldKind kind)
+{
+    int from = 0;
+    for (int i = at; i < at + pieces; ++i) {
+        FormEntry &entry = entryAt(entries, i);
+        entry.guess.kind = kind;
+        entry.from = from;
+        entry.length = entry.maxLength();
+        from += entry.length;
+    }
+}
+
+/// Gives the inputs of a split telephone number their pieces, by their limits or by what they are called.
+int settlePhone(Entries &entries, int at, const PhoneNumber &number)
+{
+    FormEntry &entry = entryAt(entries, at);
+    // A short first box in front of all the digits is for the country.
+    constexpr int kCountryBox = 4;
+    if (entry.guess.kind == Phone && isShortBox(entry) && entry.maxLength() <= kCountryBox &&
+        piecesFrom(entries, at + 1, number.digits.size(), Phone) > 0 &&
+        piecesFrom(entries, at, number.digits.size(), Phone) == 0) {
+        entry.guess.kind = PhoneCountry;
+        return 1;
+    }
+    if (entry.guess.kind == PhoneCountry)
+        return 1;
+    if (const int pieces = piecesFrom(entries, at, number.digits.size(), Phone); pieces > 0) {
+        deal(entries, at, pieces, Phone);
+        // What follows is an extension.
+        int next = at + pieces;
+        while (isPhone(kindAt(entries, next)) && isShortBox(entryAt(entries, next)) &&
+               piecesFrom(entries, next, number.digits.size(), Phone) == 0)
+            entryAt(entries, next++).guess.kind = Other;
+        return next - at;
+    }
+    if (entry.guess.kind == PhoneArea && kindAt(entries, at + 1) == Phone && !number.groups.empty()) {
+        entryAt(entries, at + 1).guess.kind = PhoneLocal;
+        return 2;
+    }
+    return 1;
+}
+
+void settlePhones(Entries &entries, const RecordValues &record)
+{
+    const QString country = record.countryCode();
+    const PhoneNumber number =
+        PhoneNumber::of(record.phone, country.isEmpty() || country == u"US" || country == u"CA" || country == u"PR");
+    for (int i = 0; i < count(entries);) {
+        FormEntry &entry = entryAt(entries, i);
+        constexpr int kCountryBox = 4;
+        if (entry.guess.kind == Country && isShortBox(entry) && entry.maxLength() <= kCountryBox &&
+            entry.input->type == u"tel")
+            entry.guess.kind = PhoneCountry;
+        i += isPhone(entry.guess.kind) && !entry.isList() ? settlePhone(entries, i, number) : 1;
+    }
+}
+
+void settleCardNumbers(Entries &entries, const RecordValues &record)
+{
+    const auto digits = std::ranges::count_if(record.cardNumber, [](QChar c) { return c.isDigit(); });
+    for (int i = 0; i < count(entries); ++i) {
+        if (kindAt(entries, i) != CardNumber)
+            continue;
+        if (const int pieces = piecesFrom(entries, i, digits, CardNumber); pieces > 0) {
+            deal(entries, i, pieces, CardNumber);
+            i += pieces - 1;
+        }
+    }
+}
+
+/// Details of a card that only a text beside the input speaks of, or a word that is used for other things too, need
+/// another detail of a card near them.
+void settleCards(Entries &entries)
+{
+    std::vector<int> cards;
+    for (int i = 0; i < count(entries); ++i) {
+        if (isCard(kindAt(entries, i)))
+            cards.push_back(i);
+    }
+    constexpr int kFar = 12;
+    for (size_t i = 0; i < cards.size(); ++i) {
+        FieldGuess &guess = entryAt(entries, cards[i]).guess;
+        const bool isSure = guess.byToken || (guess.byName && !guess.isWeak);
+        const bool hasBefore = i > 0 && cards[i] - cards[i - 1] <= kFar;
+        const bool hasBehind = i + 1 < cards.size() && cards[i + 1] - cards[i] <= kFar;
+        if (!isSure && !hasBefore && !hasBehind)
+            guess.kind = None;
+    }
+}
+
+/// The second of two equal lines of an address is its second line; a house number needs a street beside it.
+void settleAddresses(Entries &entries)
+{
+    for (int i = 0; i < count(entries); ++i) {
+        FormEntry &entry = entryAt(entries, i);
+        FieldGuess &guess = entry.guess;
+        if (guess.kind == Address1 && !guess.byToken && kindAt(entries, i - 1) == Address1 && !entry.isList())
+            guess.kind = kindAt(entries, i + 1) == Address2 ? Other : Address2;
+        else if (guess.kind == Address1 && kindAt(entries, i + 1) != Address2 && entry.input->type == u"textarea")
+            guess.kind = Street;
+        else if (guess.kind == Address2 && !guess.byToken && kindAt(entries, i - 1) == Address2)
+            guess.kind = Other;
+        else if (guess.kind == Zip && kindAt(entries, i - 1) == Zip && isShortBox(entry) && entry.maxLength() <= 4)
+            guess.kind = Other;
+    }
+    for (int i = 0; i < count(entries); ++i) {
+        FieldGuess &guess = entryAt(entries, i).guess;
+        if (guess.kind != HouseNumber)
+            continue;
+        bool hasStreet = false;
+        for (const int at : {i - 1, i + 1, i - 2}) {
+            if (hasStreet || kindAt(entries, at) != Address1)
+                continue;
+            hasStreet = true;
+            entryAt(entries, at).withoutHouseNumber = true;
+        }
+        if (!hasStreet)
+            guess.kind = None;
+    }
+}
+
+/// A county or region is asked for only where no state is.
+void settleStates(Entries &entries)
+{
+    const bool hasState = std::ranges::any_of(
+        entries, [](const FormEntry &entry) { return entry.guess.kind == State && !entry.guess.isWeak; });
+    for (FormEntry &entry : entries) {
+        if (hasState && entry.guess.kind == State && entry.guess.isWeak)
+            entry.guess.kind = Other;
+    }
+}
+
+} // namespace
+
+void settleNeighbours(std::vector<FormEntry> &entries, const RecordValues &record)
+{
+    settleCardDates(entries);
+    settleBirthDates(entries, record);
+    for (int i = 0; i < count(entries); ++i) {
+        if (isDatePart(kindAt(entries, i)))
+            settleDatePart(entries, i);
+    }
+    settleCardDates(entries);
+    settleBirthDates(entries, record);
+    settleNames(entries);
+    settlePhones(entries, record);
+    settleCardNumbers(entries, record);
+    settleCards(entries);
+    settleAddresses(entries);
+    settleStates(entries);
+}

@@ -1,0 +1,217 @@
+#include "forms/FieldRules.h"
+
+#include "forms/FieldPhrases.h"
+
+#include <QList>
+#include <algorithm>
+#include <optional>
+#include <tuple>
+#include <unordered_map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A phrase that is found in parts of words must be at least this long, unless it is marked.
+constexpr qsizetype kLeastPart = 4;
+/// In texts for people, and inside of words, chance is greater.
+constexpr qsizetype kLeastPartOfProse = 5;
+/// What a text for people is about stands within as many of its first letters.
+constexpr qsizetype kReach = 40;
+
+struct Phrase
+{
+    QString letters;
+    FieldKind kind;
+    bool isWeak;
+    bool wholeOnly;
+    /// In the order in which they count.
+    int order;
+};
+
+/// All phrases by their first letters, longest first.
+class PhraseIndex
+{
+public:
+    PhraseIndex()
+    {
+        for (const FieldPhrases &row : fieldPhrases()) {
+            for (const QStringView text : row.phrases.split(u'|'))
+                add(row, text);
+        }
+        for (auto &[start, list] : m_lists)
+            std::ranges::stable_sort(list, std::ranges::greater(),
+                                     [](const Phrase &phrase) { return phrase.letters.size(); });
+    }
+
+    /// Phrases that may begin at a place of a text.
+    const std::vector<Phrase> *at(QStringView letters) const
+    {
+        const auto list = m_lists.find(startOf(letters));
+        return list == m_lists.end() ? nullptr : &list->second;
+    }
+
+private:
+    static constexpr char16_t kEastAsia = 0x2E80;
+
+    static quint32 startOf(QStringView letters)
+    {
+        const char16_t first = letters[0].unicode();
+        const bool isOne = first >= kEastAsia || letters.size() < 2;
+        return quint32(first) << 16 | (isOne ? 0 : letters[1].unicode());
+    }
+
+    void add(const FieldPhrases &row, QStringView text)
+    {
+        const bool isWhole = text.startsWith(u'=');
+        const bool isPart = text.startsWith(u'~');
+        const QString letters = foldedLetters(text);
+        Q_ASSERT(!letters.isEmpty());
+        const bool wholeOnly = isWhole || (!isPart && letters.size() < kLeastPart);
+        m_lists[startOf(letters)].push_back({letters, row.kind, row.isWeak, wholeOnly, m_count++});
+    }
+
+    std::unordered_map<quint32, std::vector<Phrase>> m_lists;
+    int m_count = 0;
+};
+
+const PhraseIndex &phraseIndex()
+{
+    static const PhraseIndex index;
+    return index;
+}
+
+enum class Fit { Whole, Part, Inside };
+
+/// How a phrase lies in the words of a text, if it may lie so.
+std::optional<Fit> fitOf(const Phrase &phrase, const FieldWords &words, qsizetype at, FieldWords::From from)
+{
+    const bool starts = words.isEdge(at);
+    const bool ends = words.isEdge(at + phrase.letters.size());
+    if (starts && ends)
+        return Fit::Whole;
+    if (phrase.kind == FieldKind::Trap)
+        return Fit::Inside;
+    if (phrase.wholeOnly)
+        return {};
+    const qsizetype size = phrase.letters.size();
+    if (starts || ends) {
+        if (from == FieldWords::From::Prose && size < kLeastPartOfProse)
+            return {};
+        return Fit::Part;
+    }
+    if (from == FieldWords::From::Prose || size < kLeastPartOfProse)
+        return {};
+    return Fit::Inside;
+}
+
+struct Match
+{
+    const Phrase *phrase;
+    qsizetype at;
+    Fit fit;
+};
+
+/// Calls `use` for each phrase in the text that no longer one holds.
+template <typename Use>
+void forEachMatch(const FieldWords &words, FieldWords::From from, Use use)
+{
+    const QStringView letters = words.letters();
+    qsizetype covered = 0;
+    for (qsizetype at = 0; at < letters.size(); ++at) {
+        const std::vector<Phrase> *list = phraseIndex().at(letters.sliced(at));
+        if (!list)
+            continue;
+        for (const Phrase &phrase : *list) {
+            const qsizetype end = at + phrase.letters.size();
+            if (end <= covered || !letters.sliced(at).startsWith(phrase.letters))
+                continue;
+            const std::optional<Fit> fit = fitOf(phrase, words, at, from);
+            if (!fit)
+                continue;
+            covered = end;
+            use(Match{&phrase, at, *fit});
+        }
+    }
+}
+
+bool decides(FieldKind kind)
+{
+    return kind != FieldKind::CardWord && kind != FieldKind::Trap && kind != FieldKind::Never;
+}
+
+bool isWeak(const Match &match)
+{
+    return match.phrase->isWeak || match.fit == Fit::Inside;
+}
+
+/// Keeps the match of the least rank.
+template <typename Rank>
+TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
+{
+    TextReading reading;
+    std::optional<decltype(rankOf(Match{}))> best;
+    forEachMatch(words, from, [&](const Match &match) {
+        const FieldKind kind = match.phrase->kind;
+        if (from == FieldWords::From::Prose && match.at >= kReach)
+            return;
+        if (kind == FieldKind::Never && (match.fit == Fit::Inside || words.isRemark(match.at)))
+            return;
+        reading.said.add(kind);
+        if (!decides(kind))
+            return;
+        const auto rank = rankOf(match);
+        if (best && *best <= rank)
+            return;
+        best = rank;
+        reading.kind = kind;
+        reading.isWeak = isWeak(match);
+    });
+    if (reading.said.has(FieldKind::Never))
+        reading.kind = FieldKind::Never;
+    return reading;
+}
+
+} // namespace
+
+TextReading readName(const QString &name)
+{
+    const FieldWords words(name, FieldWords::From::Name);
+    return read(words, FieldWords::From::Name, [&](const Match &match) {
+        const int part = words.part(match.at + match.phrase->letters.size() - 1);
+        return std::tuple(isWeak(match), -part, match.fit, match.phrase->order);
+    });
+}
+
+TextReading readProse(const QString &text)
+{
+    const FieldWords words(text);
+    return read(words, FieldWords::From::Prose, [&](const Match &match) {
+        const bool isOther = match.phrase->kind == FieldKind::Other;
+        // Weak words say the less the later they stand in the table.
+        const qsizetype place = match.phrase->isWeak ? match.phrase->order : match.at;
+        return std::tuple(words.isRemark(match.at), isWeak(match), isOther, place);
+    });
+}
+
+void OwnKeys::add(const QString &key, int number)
+{
+    const QString letters = foldedLetters(key);
+    if (!letters.isEmpty() && letters.size() <= FieldWords::kLimit)
+        m_keys.push_back({letters, number});
+}
+
+int OwnKeys::find(const FieldWords &name) const
+{
+    int inside = -1;
+    for (const Key &key : m_keys) {
+        for (qsizetype at = name.letters().indexOf(key.letters); at >= 0;
+             at = name.letters().indexOf(key.letters, at + 1)) {
+            if (name.isEdge(at) && name.isEdge(at + key.letters.size()))
+                return key.number;
+            if (inside < 0 && key.letters.size() >= kLeastPart)
+                inside = key.number;
+        }
+    }
+    return inside;
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "forms/FieldKind.h"
+#include "forms/FieldWords.h"
+
+#include <QString>
+#include <vector>
+
+/// What one text of an input says about it.
+struct TextReading
+{
+    FieldKind kind = FieldKind::None;
+    /// Its word says too little by itself; a better one elsewhere counts more.
+    bool isWeak = false;
+    /// Everything that is said, also what does not decide.
+    FieldKinds said;
+};
+
+/// Reads a name or an id by the rule of names: of the words of the record that are contained in it, ignoring case, the
+/// first one in the order of the record counts. Whole words count before parts of words, the last part of a path before
+/// the others, and what a word is contained in ("zip" in "zip4") before the word.
+TextReading readName(const QString &name);
+/// Reads a label or another text for people: of its words the first one counts, and a remark in brackets least.
+TextReading readProse(const QString &text);
+
+/// Where keys of the user's own stand in the name of an input.
+class OwnKeys
+{
+public:
+    /// The place of a key in the list is its number here.
+    void add(const QString &key, int number);
+    /// The number of the first key that is contained in the name as words, else of the first one that is contained in
+    /// one; -1 for none.
+    int find(const FieldWords &name) const;
+    bool isEmpty() const { return m_keys.empty(); }
+
+private:
+    struct Key
+    {
+        QString letters;
+        int number;
+    };
+    std::vector<Key> m_keys;
+};

@@ -1,0 +1,97 @@
+#include "forms/RecordValues.h"
+
+#include <QHash>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A record of the dialog has six of them.
+constexpr qsizetype kMostOwn = 64;
+
+/// All values of each key of the record, in its order.
+class ValuesByKey
+{
+public:
+    ValuesByKey(const std::vector<FormField> &fields, bool withProtected)
+        : m_withProtected(withProtected)
+    {
+        for (const FormField &field : fields)
+            m_values[field.key.toLower()].append(&field);
+    }
+
+    QString first(const QString &key)
+    {
+        const QStringList values = all(key);
+        return values.isEmpty() ? QString() : values.front();
+    }
+    QStringList all(const QString &key)
+    {
+        QStringList values;
+        for (const FormField *field : m_values.value(key)) {
+            if (m_withProtected || !field->isProtected)
+                values.append(field->value.trimmed());
+        }
+        return values;
+    }
+
+private:
+    QHash<QString, QList<const FormField *>> m_values;
+    bool m_withProtected;
+};
+
+/// Keys that the record's table knows; what stands under another one is the user's own.
+bool isOfTable(const QString &key)
+{
+    static const QStringList keys = u"title sex gender user fullname full_name firstname fname first_name lastname "
+                                    u"lname last_name name phon phone fax "
+                                    u"day exp_month expmonth expir_month expirmonth exp_year expyear expir_year "
+                                    u"expiryear month year mail job occup "
+                                    u"address2 address_2 addr2 addr_2 address1 address_1 addr1 addr_1 addr country "
+                                    u"city state prov zip postal cardtyp "
+                                    u"card_typ card_num credit_num card_no credit_no cardnum creditnum cardno creditno "
+                                    u"validation valid_num valid_code "
+                                    u"validnum validcode v_num v_code vnum vcode bank"_s.split(u' ');
+    return keys.contains(key, Qt::CaseInsensitive);
+}
+
+} // namespace
+
+RecordValues::RecordValues(const std::vector<FormField> &fields, bool withProtected)
+{
+    ValuesByKey values(fields, withProtected);
+    title = values.first(u"title"_s);
+    sex = values.all(u"sex"_s);
+    user = values.first(u"user"_s);
+    fullName = values.first(u"fullname"_s);
+    firstName = values.first(u"firstname"_s);
+    lastName = values.first(u"lastname"_s);
+    phone = values.first(u"phone"_s);
+    fax = values.first(u"fax"_s);
+    birthDay = values.first(u"day"_s);
+    birthMonth = values.first(u"month"_s);
+    birthYear = values.first(u"year"_s);
+    mail = values.first(u"mail"_s);
+    job = values.first(u"job"_s);
+    address1 = values.first(u"address1"_s);
+    address2 = values.first(u"address2"_s);
+    country = values.all(u"country"_s);
+    city = values.first(u"city"_s);
+    state = values.first(u"state"_s);
+    zip = values.first(u"zip"_s);
+    cardType = values.first(u"cardtyp"_s);
+    cardNumber = values.first(u"card_num"_s);
+    cardCode = values.first(u"validation"_s);
+    cardMonth = values.first(u"exp_month"_s);
+    cardYear = values.first(u"exp_year"_s);
+    bank = values.first(u"bank"_s);
+
+    for (const FormField &field : fields) {
+        if (own.size() >= kMostOwn)
+            break;
+        if (isOfTable(field.key) || field.value.isEmpty() || (field.isProtected && !withProtected))
+            continue;
+        ownKeys.add(field.key, static_cast<int>(own.size()));
+        own.append(field.value);
+    }
+}
