@@ -1,8 +1,10 @@
 // What single events cost with many documents open, without an engine.
 
+#include "blocking/BlackListSearch.h"
 #include "support/DocumentFixture.h"
 
 #include <QApplication>
+#include <QRandomGenerator>
 #include <benchmark/benchmark.h>
 
 using namespace Qt::StringLiterals;
@@ -66,6 +68,50 @@ void closeFirst(benchmark::State &state)
         state.SkipWithError(qPrintable(disorder));
 }
 BENCHMARK(closeFirst)->Iterations(50)->Unit(benchmark::kMillisecond);
+
+QString letters(QRandomGenerator &random, int count)
+{
+    QString text;
+    for (; count > 0; --count)
+        text += QChar(u'a' + random.bounded(26));
+    return text;
+}
+
+/// A black list as long as those that are handed around. The argument tells whether all entries begin alike.
+QStringList longBlackList(bool alike)
+{
+    QRandomGenerator random(1);
+    const QString begin = alike ? u"http://www."_s : QString();
+    QStringList entries;
+    for (int i = 0; i < 100'000; ++i)
+        entries += begin + letters(random, 20 - static_cast<int>(begin.size()));
+    return entries;
+}
+
+void blackListBuild(benchmark::State &state)
+{
+    const QStringList entries = longBlackList(state.range(0) != 0);
+    for ([[maybe_unused]] auto iteration : state) {
+        BlackListSearch search(entries);
+        benchmark::DoNotOptimize(search);
+    }
+}
+BENCHMARK(blackListBuild)->ArgName("alike")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+/// An address of 200 characters that is not on the list, so that no place of it can be left out.
+void blackListTest(benchmark::State &state)
+{
+    const QStringList entries = longBlackList(state.range(0) != 0);
+    const BlackListSearch search(entries);
+    QRandomGenerator random(2);
+    const QString address = u"http://www."_s + letters(random, 189);
+    bool found = false;
+    for ([[maybe_unused]] auto iteration : state)
+        found = search.findsAnyIn(address) || found;
+    if (found || !search.findsAnyIn(address + entries.last()))
+        state.SkipWithError("the search does not see what is on the list");
+}
+BENCHMARK(blackListTest)->ArgName("alike")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

@@ -11,6 +11,7 @@ namespace {
 constexpr char16_t kStrayByte = 0xDC00;
 constexpr uchar kFirstStray = 0x80;
 constexpr qsizetype kLongestSequence = 4;
+constexpr QByteArrayView kByteOrderMark = "\xEF\xBB\xBF";
 
 /// Appends UTF-8 text; false, with nothing appended, when the bytes are none.
 bool appendText(QString &to, QByteArrayView bytes)
@@ -77,7 +78,6 @@ QByteArray bytesOf(QStringView entry)
 
 QStringList parseBlackList(const QByteArray &content)
 {
-    constexpr QByteArrayView kByteOrderMark = "\xEF\xBB\xBF";
     QByteArrayView rest = content;
     if (rest.startsWith(kByteOrderMark))
         rest = rest.sliced(kByteOrderMark.size());
@@ -98,6 +98,9 @@ QStringList parseBlackList(const QByteArray &content)
 QByteArray blackListContent(const QStringList &entries)
 {
     QByteArray content;
+    // The next reading takes one away.
+    if (!entries.isEmpty() && entries.first().startsWith(QChar::ByteOrderMark))
+        content += kByteOrderMark;
     for (const QString &entry : entries)
         content += bytesOf(entry) + "\r\n";
     return content;
