@@ -27,6 +27,7 @@
 #include "documents/SavedDocuments.h"
 #include "documents/frmNavigator.h"
 #include "engine/Engine.h"
+#include "system/frmQSearch.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -303,6 +304,13 @@ void frmMain::openWindowMenu()
         m_windowMenuForms.emplace_back(form);
     }
     BuildWindowMenu(*m_cMenu, u"mnuWindow"_s, lines);
+}
+
+frmQSearch &frmMain::quickSearch()
+{
+    if (!m_quickSearch)
+        m_quickSearch = std::make_unique<frmQSearch>(this, *this, m_mainCode.ground().store, m_mainCode.flags);
+    return *m_quickSearch;
 }
 
 void frmMain::showWindows()

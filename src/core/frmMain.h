@@ -28,6 +28,7 @@ class SiteBlocker;
 class cMediaProgress;
 class frmNavigator;
 class frmPassword;
+class frmQSearch;
 struct SettingsTargets;
 
 namespace controls {
@@ -127,6 +128,8 @@ public:
     Commands &commands() const { return *m_commands; }
     /// Rebuilds the Window submenu and remembers which document each of its lines stands for.
     void openWindowMenu();
+    /// The window of quick search, made when it is asked for first.
+    frmQSearch &quickSearch();
     /// Offers the list of all documents.
     void showWindows();
     /// The document that line `index` of the Window menu stood for when the menu opened; null when it has gone.
@@ -189,5 +192,6 @@ private:
     std::vector<QPointer<QWidget>> m_windowMenuForms;
     /// Made when it is asked for first.
     std::unique_ptr<frmPassword> m_password;
+    std::unique_ptr<frmQSearch> m_quickSearch;
     QVBoxLayout *m_layout = nullptr;
 };

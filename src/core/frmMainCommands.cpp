@@ -10,6 +10,7 @@
 #include "core/state/Document.h"
 #include "documents/frmNavigator.h"
 #include "engine/WebBrowser.h"
+#include "system/frmQSearch.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -78,7 +79,7 @@ std::span<const Commands::Entry> Commands::table()
         {u"mnuViewTabsShrinkActive", &C::mnuViewTabsShrinkActive},
         {u"mnuViewTabsShrinkAllbutActive", &C::mnuViewTabsShrinkAllbutActive},
         {u"mnuViewTabsResetAll", &C::mnuViewTabsResetAll},
-        {u"mnuViewQSearch", nullptr},
+        {u"mnuViewQSearch", &C::mnuViewQSearch},
         {u"mnuViewSource", &C::mnuViewSource},
         {u"mnuViewInternetOptions", &C::mnuViewInternetOptions},
         {u"mnuViewOptions", nullptr},
@@ -299,6 +300,11 @@ void Commands::mnuViewTabsShrinkAllbutActive()
 void Commands::mnuViewTabsResetAll()
 {
     m_main.tabStrip().ResetAll();
+}
+
+void Commands::mnuViewQSearch()
+{
+    m_main.quickSearch().ask();
 }
 
 void Commands::windowCommand(int itemData)

@@ -73,6 +73,7 @@ private:
     void mnuEditDecFont();
     void mnuEditSelectAll();
     void mnuEditFind();
+    void mnuViewQSearch();
     void mnuViewSource();
     void mnuViewInternetOptions();
     // View

@@ -28,6 +28,7 @@
 #include "documents/frmLoad.h"
 #include "documents/frmNavigator.h"
 #include "engine/Engine.h"
+#include "system/frmQSearch.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -342,7 +343,11 @@ void frmMain::MDIForm_QueryUnload()
         trace("ClearAddressBar");
         AddressBar->Clear();
     }
-    // The search list of frmQSearch, then the traces of browsing
+    if (settings.CleanSearch) {
+        trace("ClearSearchList");
+        quickSearch().ClearList();
+    }
+    // Then the traces of browsing
 }
 
 void frmMain::MDIForm_Unload()
@@ -364,7 +369,11 @@ void frmMain::MDIForm_Unload()
         trace("UnloadPassword");
         m_password.reset();
     }
-    // frmQSearch
+    if (m_quickSearch) {
+        trace("UnloadQSearch");
+        m_quickSearch->Unload();
+        m_quickSearch.reset();
+    }
     if (m_mainCode.settings.MinimizeToTray) {
         trace("RemoveTrayIcon");
         m_mainCode.ground().tray.RemoveTrayIcon();

@@ -1,0 +1,116 @@
+#include "support/DocumentFixture.h"
+
+#include "system/frmQSearch.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+class tst_QSearch : public QObject
+{
+    Q_OBJECT
+
+    static QString stored(DocumentFixture &f, const QString &key)
+    {
+        return f.store.GetSetting(appTitle(), u"Settings"_s, key, u"-"_s);
+    }
+
+private slots:
+    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
+
+    void queries_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("address");
+        const QString web = u"https://www.google.com/search?hl=en&lr=&ie=UTF-8&oe=UTF-8&q="_s;
+        QTest::newRow("words") << u" two  words "_s << 0 << web + u"two++words"_s;
+        QTest::newRow("nothing is encoded") << u"a&b#c"_s << 0 << web + u"a&b#c"_s;
+        QTest::newRow("groups") << u"x"_s << 1
+                                << u"https://groups.google.com/groups?hl=en&lr=&ie=UTF-8&oe=UTF-8&tab=nf&q="
+                                   "x&sa=N&tab=fg"_s;
+        QTest::newRow("only blanks") << u"  "_s << 0 << web;
+        QTest::newRow("empty") << QString() << 0 << web;
+    }
+
+    void queries()
+    {
+        QFETCH(const QString, typed);
+        QFETCH(const int, type);
+        QFETCH(const QString, address);
+        DocumentFixture f;
+        f.flags.ShortcutsEnabled = true;
+        frmQSearch form(&f.window, f.main, f.store, f.flags);
+        form.ask();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QVERIFY(form.isModal() && !f.flags.ShortcutsEnabled);
+        QVERIFY(!form.Command1->isEnabled());
+        QTest::keyClicks(QApplication::focusWidget(), typed);
+        QCOMPARE(form.Command1->isEnabled(), !typed.isEmpty());
+        form.vbalCboEx2->setCurrentIndex(type);
+        // Enter does not look at the button.
+        if (type == 0)
+            QTest::keyClick(form.vbalCboEx1->lineEdit(), Qt::Key_Return);
+        else
+            QTest::mouseClick(form.Command1, Qt::LeftButton);
+        QCOMPARE(f.main.opened, QStringList{address});
+        QVERIFY(form.isHidden() && f.flags.ShortcutsEnabled);
+        QCOMPARE(form.vbalCboEx1->List(0), typed);
+    }
+
+    void escapeOnlyHides()
+    {
+        DocumentFixture f;
+        frmQSearch form(&f.window, f.main, f.store, f.flags);
+        for (QWidget *box : std::initializer_list<QWidget *>{form.vbalCboEx1->lineEdit(), form.vbalCboEx2}) {
+            form.ask();
+            QTest::keyClick(box, Qt::Key_Escape);
+            QVERIFY(form.isHidden());
+        }
+        QCOMPARE(form.vbalCboEx1->ListCount(), 0);
+        QCOMPARE(f.main.opened, QStringList());
+    }
+
+    void comesBackAsItWas()
+    {
+        DocumentFixture f;
+        {
+            frmQSearch form(&f.window, f.main, f.store, f.flags);
+            QCOMPARE(form.pos(), QPoint(385, 491));
+            for (const QString &query : {u"one"_s, u"two"_s, u"two"_s}) {
+                form.vbalCboEx1->setText(query);
+                form.Command1->click();
+            }
+            form.vbalCboEx2->setCurrentIndex(1);
+            form.move(40, 60);
+            form.Unload();
+        }
+        QCOMPARE(stored(f, u"QSearchLeft"_s), u"600"_s);
+        QCOMPARE(stored(f, u"QSearchSearchListItem3"_s), u"one"_s);
+        frmQSearch form(&f.window, f.main, f.store, f.flags);
+        QCOMPARE(form.pos(), QPoint(40, 60));
+        QCOMPARE(form.vbalCboEx2->currentIndex(), 1);
+        QCOMPARE(form.vbalCboEx1->ListCount(), 3);
+        QCOMPARE(form.vbalCboEx1->List(2), u"one"_s);
+        form.ClearList();
+        form.Unload();
+        QCOMPARE(stored(f, u"QSearchSearchListCount"_s), u"0"_s);
+    }
+
+    void damagedSettingsAreIgnored()
+    {
+        DocumentFixture f;
+        for (const char16_t *key : {u"QSearchLeft", u"QSearchTop", u"QSearchTypesListIndex", u"QSearchSearchListCount"})
+            f.store.SaveSetting(appTitle(), u"Settings"_s, QString::fromUtf16(key), u"many"_s);
+        const frmQSearch form(&f.window, f.main, f.store, f.flags);
+        QCOMPARE(form.pos(), QPoint(385, 491));
+        QCOMPARE(form.vbalCboEx2->currentIndex(), 0);
+        QCOMPARE(form.vbalCboEx1->ListCount(), 0);
+    }
+};
+
+QTEST_MAIN(tst_QSearch)
+#include "tst_qsearch.moc"
