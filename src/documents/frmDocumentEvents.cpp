@@ -119,6 +119,8 @@ void frmDocument::loadHasEnded()
 {
     Form_Resize();
     showPercentage();
+    if (!m_context.settings.EnableFlash)
+        step([&] { CustomWB->BlockFlash(); });
     if (m_context.settings.SaveDocumentOnExit)
         step([&] { m_context.frmMain.SaveAllDocuments(); });
     step([&] {
