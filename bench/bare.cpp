@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QMainWindow>
+#include <QShortcut>
 #include <QSocketNotifier>
 #include <QStackedWidget>
 #include <QWebEnginePage>
@@ -55,6 +56,11 @@ int main(int argc, char **argv)
         view->load(QUrl::fromUserInput(address));
     }
     stack->setCurrentIndex(stack->count() - 1);
+    QShortcut next(QKeySequence(QStringLiteral("Ctrl+Tab")), &window);
+    QObject::connect(&next, &QShortcut::activated, stack, [stack] {
+        stack->setCurrentIndex((stack->currentIndex() + 1) % stack->count());
+        stack->currentWidget()->setFocus();
+    });
     window.showMaximized();
     const int status = application.exec();
 
