@@ -23,11 +23,16 @@
 #include "controls/ToolBar.h"
 #include "core/state/Document.h"
 #include "desktop/Paths.h"
+#include "desktop/SecretService.h"
 #include "desktop/TrayIcon.h"
 #include "documents/SavedDocuments.h"
 #include "documents/frmNavigator.h"
 #include "engine/Engine.h"
 #include "system/frmQSearch.h"
+#include "engine/WBCustomizer.h"
+#include "forms/FormKey.h"
+#include "forms/FormLock.h"
+#include "options/frmOptions1.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -156,10 +161,11 @@ void frmMain::wire()
     const Ground &ground = m_mainCode.ground();
     navigator = std::make_unique<frmNavigator>(this, *this, m_mainCode.settings, *mdi);
     m_siteBlocker = std::make_unique<SiteBlocker>(m_mainCode.settings, ground.paths.programFolder);
+    m_formKeys = std::make_unique<FormKeys>(ground.paths.programFolder, desktop::secretServiceOf(ground.paths));
     m_documents = std::make_unique<DocumentContext>(
         DocumentContext{*this, m_mainCode.settings, m_mainCode.flags, ground.engine, ground.dialogs, ground.paths, *mdi,
                         *vbalDTabControl1, *AddressBar, *vbalStatusBar1, *cReBar1, *navigator, *m_siteBlocker,
-                        ground.sound});
+                        ground.sound, *m_formKeys});
     m_opener = std::make_unique<DocumentOpener>(*m_documents);
     m_savedDocuments = std::make_unique<SavedDocuments>(ground.store, m_mainCode.settings, *navigator,
                                                         static_cast<MainWindow &>(*this));
@@ -253,7 +259,35 @@ void frmMain::setMenuChecked(const QString &key, bool checked)
     m_cMenu->setChecked(m_cMenu->IndexForKey(key), checked);
 }
 
-void frmMain::ShowOptions() {}
+void frmMain::ShowOptions()
+{
+    // The key of the form record may still be on its way, and the page of the forms has to show what it opens.
+    m_formKeys->whenSettled([this] { openOptions(); });
+}
+
+void frmMain::openOptions()
+{
+    if (m_options || m_unloading)
+        return;
+    const Ground &ground = m_mainCode.ground();
+    m_options = new frmOptions1(this, {m_mainCode.settings, m_mainCode.flags, ground.store, ground.dialogs,
+                                       ground.paths, *m_formKeys});
+    connect(m_options, &QDialog::finished, this, &frmMain::applyOptions);
+    m_options->show();
+}
+
+/// The dialog has closed, in whichever way.
+void frmMain::applyOptions()
+{
+    setMenuChecked(u"mnuContentAutoFill"_s, m_mainCode.settings.AutoFormFill);
+    for (QWidget *form : mdi->forms()) {
+        const auto *document = qobject_cast<Document *>(form);
+        if (!document || !document->customWB())
+            continue;
+        document->customWB()->ClearFormData();
+        document->customWB()->LoadFormData(formFileIn(m_mainCode.ground().paths.programFolder));
+    }
+}
 
 void frmMain::MDIForm_MouseMove(int, int, int, int)
 {

@@ -19,6 +19,7 @@
 #include <vector>
 
 class Commands;
+class FormKeys;
 class KeyboardHook;
 class QVBoxLayout;
 class QLabel;
@@ -27,6 +28,7 @@ class SavedDocuments;
 class SiteBlocker;
 class cMediaProgress;
 class frmNavigator;
+class frmOptions1;
 class frmPassword;
 class frmQSearch;
 struct SettingsTargets;
@@ -172,6 +174,8 @@ private:
     void m_cMenu_InitPopupMenu(int parentItemNumber);
     void vbalStatusBar1_PanelDoubleClick(int index);
     void tray_DoubleClick();
+    void openOptions();
+    void applyOptions();
 
     MainCode &m_mainCode;
     bool m_loaded = false;
@@ -184,6 +188,7 @@ private:
     std::unique_ptr<Commands> m_commands;
     std::unique_ptr<KeyboardHook> m_keyboardHook;
     std::unique_ptr<SiteBlocker> m_siteBlocker;
+    std::unique_ptr<FormKeys> m_formKeys;
     std::unique_ptr<DocumentContext> m_documents;
     std::unique_ptr<DocumentOpener> m_opener;
     std::unique_ptr<SavedDocuments> m_savedDocuments;
@@ -193,5 +198,6 @@ private:
     /// Made when it is asked for first.
     std::unique_ptr<frmPassword> m_password;
     std::unique_ptr<frmQSearch> m_quickSearch;
+    QPointer<frmOptions1> m_options;
     QVBoxLayout *m_layout = nullptr;
 };

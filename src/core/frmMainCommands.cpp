@@ -3,14 +3,17 @@
 #include "core/frmAbout.h"
 #include "core/frmMain.h"
 
+#include "base/step.h"
 #include "controls/BandContainer.h"
 #include "controls/MdiFrame.h"
 #include "controls/PopupMenu.h"
 #include "controls/StatusBar.h"
 #include "core/state/Document.h"
 #include "documents/frmNavigator.h"
+#include "engine/WBCustomizer.h"
 #include "engine/WebBrowser.h"
 #include "system/frmQSearch.h"
+#include "forms/FormLock.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -22,6 +25,9 @@ namespace {
 
 /// The product's own site.
 const QString kSite = u"corvane://www"_s;
+
+/// Number of the page of the options that holds the form record.
+constexpr int kFormsPage = 9;
 
 /// Presses and releases a key where the focus is, as if it were typed.
 void sendKeys(int key, Qt::KeyboardModifiers modifiers)
@@ -82,7 +88,7 @@ std::span<const Commands::Entry> Commands::table()
         {u"mnuViewQSearch", &C::mnuViewQSearch},
         {u"mnuViewSource", &C::mnuViewSource},
         {u"mnuViewInternetOptions", &C::mnuViewInternetOptions},
-        {u"mnuViewOptions", nullptr},
+        {u"mnuViewOptions", &C::mnuViewOptions},
 
         {u"mnuNavigateBack", &C::Back},
         {u"mnuNavigateForward", &C::Forward},
@@ -100,8 +106,8 @@ std::span<const Commands::Entry> Commands::table()
         {u"mnuNavigateNews", &C::mnuNavigateNews},
 
         {u"mnuContentAutoFill", &C::mnuContentAutoFill},
-        {u"mnuContentFillForm", nullptr},
-        {u"mnuContentFormData", nullptr},
+        {u"mnuContentFillForm", &C::mnuContentFillForm},
+        {u"mnuContentFormData", &C::mnuContentFormData},
         {u"mnuContentImage", &C::mnuContentImage},
         {u"mnuContentSound", &C::mnuContentSound},
         {u"mnuContentVideo", &C::mnuContentVideo},
@@ -400,7 +406,28 @@ void Commands::mnuContentFlash()
 
 void Commands::mnuContentAutoFill()
 {
-    flip(settings().AutoFormFill, u"mnuContentAutoFill"_s);
+    if (flip(settings().AutoFormFill, u"mnuContentAutoFill"_s))
+        mnuContentFillForm();
+}
+
+void Commands::mnuContentFillForm()
+{
+    const Document *document = active();
+    if (!document || !document->customWB())
+        return;
+    const bool isLocked = FormLocked(settings(), m_main.mainCode().flags);
+    step([&] { document->customWB()->FillForm(isLocked); });
+}
+
+void Commands::mnuContentFormData()
+{
+    m_main.mainCode().flags.OptionsStartPage = kFormsPage;
+    m_main.ShowOptions();
+}
+
+void Commands::mnuViewOptions()
+{
+    m_main.ShowOptions();
 }
 
 void Commands::mnuContentSuppressErrors()

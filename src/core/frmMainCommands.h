@@ -76,6 +76,7 @@ private:
     void mnuViewQSearch();
     void mnuViewSource();
     void mnuViewInternetOptions();
+    void mnuViewOptions();
     // View
     void mnuViewBrowseToolbar();
     void mnuViewSitesToolbar();
@@ -112,6 +113,8 @@ private:
     void mnuContentRUNACTX();
     void mnuContentFlash();
     void mnuContentAutoFill();
+    void mnuContentFillForm();
+    void mnuContentFormData();
     void mnuContentSuppressErrors();
     void mnuContentSuppressScriptErrors();
     // Help

@@ -75,6 +75,7 @@ Paths Paths::below(const QString &folder)
     paths.cacheFolder = folder + u"/Cache"_s;
     paths.runtimeFolder = folder + u"/run"_s;
     paths.downloadFolder = folder + u"/Downloads"_s;
+    paths.isSelfContained = true;
     makeFolders(paths);
     makeFolder(paths.runtimeFolder);
     return paths;

@@ -20,6 +20,8 @@ struct Paths
     /// Folder of the lock and of the sockets of marked windows (0700).
     QString runtimeFolder;
     QString downloadFolder;
+    /// Everything lies below one folder, which can be moved to another machine as it is.
+    bool isSelfContained = false;
 
     /// Reads the environment. Makes the folders that are missing, readable by their owner only; a folder that cannot be
     /// made is no error here.

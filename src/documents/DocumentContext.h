@@ -1,5 +1,6 @@
 #pragma once
 
+class FormKeys;
 class frmNavigator;
 class MainWindow;
 class SiteBlocker;
@@ -40,6 +41,7 @@ struct DocumentContext
     frmNavigator &navigator;
     SiteBlocker &siteBlocker;
     desktop::Sound &sound;
+    FormKeys &formKeys;
     /// Number of calls from the page engine that have not returned yet; see EngineCall.
     int engineCalls = 0;
 };

@@ -13,10 +13,13 @@
 #include "core/state/MainWindow.h"
 #include "core/state/ProcessFlags.h"
 #include "core/state/Settings.h"
+#include "desktop/Paths.h"
 #include "documents/ContentPolicy.h"
 #include "documents/frmNavigator.h"
 #include "engine/Engine.h"
 #include "engine/WebBrowser.h"
+#include "forms/FormLock.h"
+#include "forms/FormStore.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -108,8 +111,9 @@ void frmDocument::Form_Load()
     WebBrowser->setMessageSink(this);
     SetDownloadOptions();
 
-    CustomWB = std::make_unique<engine::WBCustomizer>();
+    CustomWB = std::make_unique<engine::WBCustomizer>(std::make_shared<FormStore>(m_context.formKeys));
     CustomWB->AttachBrowser(WebBro);
+    CustomWB->LoadFormData(formFileIn(m_context.paths.programFolder));
 }
 
 void frmDocument::Form_Unload()
@@ -140,6 +144,7 @@ void frmDocument::Form_Unload()
         timer->setEnabled(false);
     WebBro->setEventSink(nullptr);
     WebBro->setMessageSink(nullptr);
+    CustomWB->ClearFormData();
     WebBro = nullptr;
     CustomWB.reset();
 }

@@ -112,6 +112,8 @@ private:
     void showPercentage();
     void loadGoesOn();
     void loadHasEnded();
+    /// Fills the forms of a page that has just been loaded, if the user wants that.
+    void fillByItself();
     void showProgressIcon();
     /// The address of the page, unless the user is typing there or another document is in front.
     void refreshAddressBar();

@@ -11,6 +11,7 @@
 #include "core/state/Settings.h"
 #include "documents/frmNavigator.h"
 #include "engine/WebBrowser.h"
+#include "forms/FormLock.h"
 
 #include <limits>
 
@@ -119,6 +120,7 @@ void frmDocument::loadHasEnded()
 {
     Form_Resize();
     showPercentage();
+    fillByItself();
     if (!m_context.settings.EnableFlash)
         step([&] { CustomWB->BlockFlash(); });
     if (m_context.settings.SaveDocumentOnExit)
@@ -133,6 +135,14 @@ void frmDocument::loadHasEnded()
     // One finished document stops the animation even when others still load.
     m_context.navigator.endLoading();
     bLoading = false;
+}
+
+void frmDocument::fillByItself()
+{
+    const bool isLocked = FormLocked(m_context.settings, m_context.flags);
+    CustomWB->SetFormLocked(isLocked);
+    if (m_context.settings.AutoFormFill)
+        step([&] { CustomWB->FillForm(isLocked); });
 }
 
 void frmDocument::showProgressIcon()

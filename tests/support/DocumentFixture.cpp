@@ -38,8 +38,9 @@ DocumentFixture::DocumentFixture()
     , bands(&window)
     , navigator(&window, main, settings, mdi)
     , siteBlocker(settings, paths.programFolder)
-    , context{main, settings,   flags,     engine, dialogs,   paths,       mdi,
-              tabs, addressBar, statusBar, bands,  navigator, siteBlocker, sound}
+    , formKeys(paths.programFolder)
+    , context{main,       settings,  flags, engine,    dialogs,     paths, mdi,     tabs,
+              addressBar, statusBar, bands, navigator, siteBlocker, sound, formKeys}
     , opener(context)
     , saved(store, settings, navigator, main)
 {

@@ -17,6 +17,7 @@
 #include "documents/SavedDocuments.h"
 #include "documents/frmDocument.h"
 #include "documents/frmNavigator.h"
+#include "forms/FormKey.h"
 #include "support/RecordingDialogs.h"
 #include "support/RecordingSound.h"
 #include "support/ScriptedBrowser.h"
@@ -94,6 +95,7 @@ public:
     frmNavigator navigator;
     SiteBlocker siteBlocker;
     RecordingSound sound;
+    FormKeys formKeys;
     DocumentContext context;
     DocumentOpener opener;
     SavedDocuments saved;
