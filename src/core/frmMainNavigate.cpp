@@ -138,9 +138,14 @@ void Commands::mnuNewNews()
 
 void Commands::forEachDocument(void (*act)(Document &))
 {
-    // The count is read each time: what runs here may let events through, and documents may close.
+    // What runs here may let events through, and a document that closes meanwhile moves those behind it.
+    QList<QPointer<Document>> documents;
     for (int n = 1; n <= m_main.vbalDTabControl1->Tabs().Count(); ++n)
-        step([&] { act(m_main.navigator->document(n)); });
+        step([&] { documents += &m_main.navigator->document(n); });
+    for (const QPointer<Document> &document : documents) {
+        if (document)
+            step([&] { act(*document); });
+    }
 }
 
 void Commands::m_cRefresh_Click(int)

@@ -35,6 +35,21 @@ private slots:
         QCOMPARE(readFile(file).value_or("none"), "ads.\r\nx\r\nfrom the options\r\n");
     }
 
+    void closingDuringARefreshSkipsNobody()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        QVERIFY(f.start(u"http://a/"_s));
+        f.main().LoadNewDoc(u"http://b/"_s);
+        f.main().LoadNewDoc(u"http://c/"_s);
+        // The change of a setting lets events through before each reload.
+        QMetaObject::invokeMethod(&f.main().navigator->document(1), &Document::Unload, Qt::QueuedConnection);
+        QVERIFY(f.main().commands().run(u"mnuContentImage"_s));
+        QCOMPARE(f.code->flags.OpenDocumentCount, 2);
+        for (int n = 1; n <= 2; ++n)
+            QVERIFY(f.engine.browsers[n]->calls.endsWith(u"Refresh2 3"_s));
+    }
+
     void panelAndKeysDecideAtOnce()
     {
         MainFixture f;
