@@ -60,13 +60,19 @@ def switches(name, screen, site, keys, count, preset):
     home.seed_ordinary_start()
     addresses = [site.address + path for path in COLOURS]
     command = [find_program("bare" if name == "bare" else "corvane", preset)]
-    environment = home.environment(screen.display)
-    program = Program(command + (addresses if name == "bare" else addresses[:1]), environment)
+    if name == "bare":
+        command += addresses
+    else:
+        # A hand-over would take the window out of its maximised state, so both come as the saved documents of a run before.
+        home.seed("General", "SaveDocumentOnExit", "True")
+        home.seed("General", "LoadAction", "1")
+        home.seed("Settings", "DocumentCount", "2")
+        for number, address in enumerate(addresses, 1):
+            home.seed("Settings", f"Document{number}", address)
+    program = Program(command, home.environment(screen.display))
     try:
-        site.wait("/loaded/1", 30)
-        if name != "bare":
-            Program(command + addresses[1:], environment).wait(30)
-        site.wait("/loaded/2", 30)
+        for path in COLOURS:
+            site.wait(f"/loaded{path}", 30)
         pixel = Pixel(screen)
         wait_until(lambda: pixel.colour() in COLOURS.values(), 30, "a page on the screen")
         screen.wait_still(30)
