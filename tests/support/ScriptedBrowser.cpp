@@ -17,6 +17,14 @@ void ScriptedBrowser::record(const QString &operation, const QString &arguments)
         throw ControlError("scripted failure");
 }
 
+void ScriptedBrowser::fill(std::shared_ptr<const engine::FormRecord> record, bool locked)
+{
+    QString name;
+    bool isProtected = false;
+    record->GetFormField(u"name"_s, name, isProtected);
+    this->record(u"fill"_s, (locked ? u"locked "_s : u"open "_s) + name);
+}
+
 void ScriptedBrowser::Navigate2(const QString &url)
 {
     record(u"Navigate2"_s, url);

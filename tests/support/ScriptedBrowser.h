@@ -1,6 +1,8 @@
 #pragma once
 
 #include "engine/Engine.h"
+#include "engine/FormRecord.h"
+#include "engine/PageFacets.h"
 #include "engine/VisitLog.h"
 #include "engine/WebBrowser.h"
 
@@ -11,7 +13,7 @@
 
 /// A browser without an engine: it records the calls in order and changes nothing by itself; a test raises the events
 /// through events(). Whatever a test wants to be read stands in the public values.
-class ScriptedBrowser : public engine::WebBrowser
+class ScriptedBrowser : public engine::WebBrowser, private engine::FormFacet
 {
     Q_OBJECT
 public:
@@ -37,6 +39,7 @@ public:
     std::vector<engine::HistoryEntry> backEntries() const override { return back; }
     std::vector<engine::HistoryEntry> forwardEntries() const override { return forward; }
     void setExposed(bool exposed) override { isExposed = exposed; }
+    engine::FormFacet *formFacet() override { return this; }
 
     /// The form that listens. Fails the program when nobody does: a closed document gets no events.
     engine::BrowserEvents &events() const;
@@ -45,7 +48,7 @@ public:
     /// A whole load: the navigation, progress, the title, the end.
     void load(const QString &url, const QString &newTitle);
 
-    /// "Navigate2 http://...", "Refresh2 3", "Stop", ... in the order of the calls.
+    /// "Navigate2 http://...", "Refresh2 3", "Stop", "fill locked First name", ... in the order of the calls.
     QStringList calls;
     /// Calls that fail with a ControlError, by the name of the operation.
     QStringList failing;
@@ -62,6 +65,7 @@ public:
     std::vector<engine::HistoryEntry> forward;
 
 private:
+    void fill(std::shared_ptr<const engine::FormRecord> record, bool locked) override;
     void record(const QString &operation, const QString &arguments = {});
 };
 
