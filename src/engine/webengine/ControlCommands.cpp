@@ -75,6 +75,15 @@ void WebBrowserControl::makeTools()
     connect(m_tools.get(), &PageTools::roomChanged, this, &WebBrowserControl::layOut);
 }
 
+void WebBrowserControl::makeFill()
+{
+    PageFill::Surroundings around;
+    around.isExcepted = [this](const QString &host) { return m_engine.isExcepted(host); };
+    around.isLoadEnd = [this] { return m_reportsEnd; };
+    around.tell = [this](const QString &text) { tellStatus(text); };
+    m_fill = std::make_unique<PageFill>(m_engine.channel(), *m_page, std::move(around));
+}
+
 void WebBrowserControl::describe(PageInfo &info) const
 {
     info.title = LocationName();

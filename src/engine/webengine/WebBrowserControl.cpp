@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QScopedValueRollback>
 #include <QWebEngineHistory>
 #include <QWebEngineView>
 
@@ -20,6 +21,7 @@ WebBrowserControl::WebBrowserControl(WebEngine &engine, QWidget *parent)
     , m_view(std::make_unique<QWebEngineView>(m_page.get(), this))
     , m_boxes(*this)
     , m_load([this](int progress, int maximum) {
+        const QScopedValueRollback<bool> end(m_reportsEnd, maximum == 0);
         if (eventSink())
             eventSink()->WebBro_ProgressChange(progress, maximum);
     })
@@ -34,6 +36,7 @@ WebBrowserControl::WebBrowserControl(WebEngine &engine, QWidget *parent)
     m_content = std::make_unique<ContentEffects>(*m_page, m_engine.channel(), [this] { m_load.read(); });
     connectPage();
     makeTools();
+    makeFill();
 }
 
 WebBrowserControl::~WebBrowserControl()
@@ -48,6 +51,7 @@ void WebBrowserControl::shutDown()
     m_boxes.setLeaving(true);
     m_engine.channel().leave(*this);
     m_tools.reset();
+    m_fill.reset();
     m_content.reset();
     m_view.reset();
     m_page.reset();

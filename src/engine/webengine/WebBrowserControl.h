@@ -10,6 +10,7 @@
 #include "engine/webengine/PageBoxes.h"
 #include "engine/webengine/PageChannel.h"
 #include "engine/webengine/PageTools.h"
+#include "engine/webengine/fill/PageFill.h"
 
 #include <QDeadlineTimer>
 #include <QHash>
@@ -63,6 +64,7 @@ public:
     SaveFacet *saveFacet() override;
     FindFacet *findFacet() override;
     InfoFacet *infoFacet() override;
+    FormFacet *formFacet() override { return m_fill.get(); }
     ContentFacet *contentFacet() override { return m_content.get(); }
 
     /// The user has acted in the page.
@@ -124,6 +126,7 @@ private:
     // ControlCommands.cpp
     QVariant textSize(const QVariant &value);
     void makeTools();
+    void makeFill();
     void describe(PageInfo &info) const;
     void layOut();
 
@@ -136,6 +139,9 @@ private:
     std::unique_ptr<Page> m_page;
     std::unique_ptr<QWebEngineView> m_view;
     std::unique_ptr<PageTools> m_tools;
+    std::unique_ptr<PageFill> m_fill;
+    /// The document is being told of the end of a load.
+    bool m_reportsEnd = false;
     std::unique_ptr<ContentEffects> m_content;
     PageBoxes m_boxes;
     LoadReports m_load;

@@ -1,0 +1,199 @@
+// The inputs of a document: which may be filled, what they say of themselves, and how a value is put into one.
+
+const kTypes = new Set(['text', 'tel', 'email', 'url', 'number', 'date', 'month', 'week', 'time', 'datetime-local', 'radio',
+                        'checkbox', 'select-one', 'textarea']);
+const kSecrets = new Set(['one-time-code', 'current-password', 'new-password']);
+const kLongest = 100;
+const kOptions = 300;
+
+const previousSibling = getter(Node, 'previousSibling'), nextSibling = getter(Node, 'nextSibling'),
+      nodeValue = getter(Node, 'nodeValue'), findIn = method(Element, 'querySelector'),
+      walker = method(Document, 'createTreeWalker');
+
+const all = (root, selector) => nodeType(root) === 9
+    ? Reflect.apply(Document.prototype.querySelectorAll, root, [selector])
+    : Reflect.apply(DocumentFragment.prototype.querySelectorAll, root, [selector]);
+const byId = (root, id) => nodeType(root) === 9 ? Reflect.apply(Document.prototype.getElementById, root, [id])
+                                                : Reflect.apply(DocumentFragment.prototype.getElementById, root, [id]);
+
+const short = text => (text || '').slice(0, kLongest);
+const isSelect = input => input.type === 'select-one';
+
+const isSearch = input => {
+    if (/^search/.test(attribute(input, 'role') || '') || input.inputMode === 'search' || input.enterKeyHint === 'search')
+        return true;
+    return input.form !== null && attribute(input.form, 'role') === 'search';
+};
+
+const isWanted = input => kTypes.has(input.type) && !input.readOnly && !input.matches(':disabled') && !isSearch(input) &&
+    !(attribute(input, 'autocomplete') || '').toLowerCase().split(/\s+/).some(token => kSecrets.has(token));
+
+/** Whether a choice list stands where its page has put it at first. */
+const isInitial = list => {
+    const at = list.selectedIndex, options = list.options;
+    if (at <= 0 || options[at].defaultSelected)
+        return true;
+    for (let i = 0; i < at && i < kOptions; ++i) {
+        if (!options[i].disabled)
+            return false;
+    }
+    return at < kOptions;
+};
+
+/** Names of the groups of radio buttons with a choice made, by the form that they belong to. */
+const chosenGroups = root => {
+    const groups = new Map;
+    for (const radio of all(root, 'input[type=radio]:checked')) {
+        const names = groups.get(radio.form) || new Set;
+        groups.set(radio.form, names.add(radio.name));
+    }
+    return groups;
+};
+
+const isEmpty = (input, groups) => {
+    switch (input.type) {
+    case 'select-one':
+        return isInitial(input);
+    case 'checkbox':
+        return !input.checked;
+    case 'radio': {
+        const root = rootNode(input);
+        if (!groups.has(root))
+            groups.set(root, chosenGroups(root));
+        const names = groups.get(root).get(input.form);
+        return !input.checked && !(input.name && names && names.has(input.name));
+    }
+    default:
+        return input.value === '' && !input.validity.badInput;
+    }
+};
+
+// --- what it is called ---
+
+const kSilent = new Set(['select', 'option', 'script', 'style', 'textarea', 'noscript', 'template']);
+
+/** The text inside a node without that of lists and scripts, in one line. */
+const textOf = node => {
+    if (nodeType(node) === 3)
+        return short(nodeValue(node).slice(0, 1000).replace(/\s+/g, ' ').trim());
+    if (nodeType(node) !== 1 || kSilent.has(localName(node)))
+        return '';
+    const texts = walker(ownerDocument(node), node, NodeFilter.SHOW_TEXT | NodeFilter.SHOW_ELEMENT, part =>
+        nodeType(part) === 3 ? NodeFilter.FILTER_ACCEPT
+                             : kSilent.has(localName(part)) ? NodeFilter.FILTER_REJECT : NodeFilter.FILTER_SKIP);
+    let text = '';
+    for (let steps = 0; steps < 100 && text.length < 2 * kLongest && texts.nextNode(); ++steps)
+        text += ' ' + nodeValue(texts.currentNode).slice(0, 1000).replace(/\s+/g, ' ');
+    return short(text.replace(/\s+/g, ' ').trim());
+};
+
+const kControls = 'input:not([type=hidden]),select,textarea';
+
+/** The text next to an input on one side, before any other input. */
+const beside = (input, step) => {
+    for (let node = input, up = 0; node && nodeType(node) === 1 && up < 4; node = parentNode(node), ++up) {
+        if (up > 0 && ['form', 'body', 'table', 'tbody', 'fieldset'].includes(localName(node)))
+            return '';
+        let steps = 0;
+        for (let other = step(node); other && steps < 20; other = step(other), ++steps) {
+            if (nodeType(other) === 1 && (findIn(other, kControls) || /^(input|select|textarea)$/.test(localName(other))))
+                return '';
+            const text = textOf(other);
+            if (text)
+                return text;
+        }
+    }
+    return '';
+};
+
+const named = input => {
+    const root = rootNode(input);
+    return (attribute(input, 'aria-labelledby') || '').split(/\s+/, 5).map(id => {
+        const label = id && byId(root, id);
+        return label ? textOf(label) : '';
+    }).join(' ').trim();
+};
+
+/** The texts of the labels in a tree by their inputs. The inputs' own lists of labels cost a walk through the tree each. */
+const labelsIn = root => {
+    const texts = new Map;
+    for (const label of all(root, 'label')) {
+        const input = label.control;
+        if (input && !texts.get(input))
+            texts.set(input, textOf(label));
+    }
+    return texts;
+};
+
+const labelOf = (input, labels) => {
+    const root = rootNode(input);
+    if (!labels.has(root))
+        labels.set(root, labelsIn(root));
+    const text = labels.get(root).get(input);
+    if (text)
+        return text;
+    const isMark = input.type === 'radio' || input.type === 'checkbox';
+    return short(named(input)) || (isMark && beside(input, nextSibling)) || beside(input, previousSibling);
+};
+
+const describe = (input, number, labels) => {
+    const told = {
+        n: number,
+        type: input.type,
+        name: short(input.name),
+        id: short(input.id),
+        auto: short(attribute(input, 'autocomplete')),
+        label: labelOf(input, labels),
+        aria: short(attribute(input, 'aria-label') || named(input) || input.title),
+        hint: short(input.placeholder),
+        most: Math.max(0, input.maxLength || 0),
+    };
+    if (isSelect(input)) {
+        told.options = [];
+        for (let i = 0; i < input.options.length && i < kOptions; ++i)
+            told.options.push([short(input.options[i].value), short(input.options[i].text)]);
+    } else if (input.type === 'radio' || input.type === 'checkbox') {
+        told.value = short(input.value);
+    }
+    return told;
+};
+
+// --- filling ---
+
+const setText = Object.getOwnPropertyDescriptor(HTMLInputElement.prototype, 'value').set,
+      setArea = Object.getOwnPropertyDescriptor(HTMLTextAreaElement.prototype, 'value').set;
+
+const send = (input, event) => input.dispatchEvent(event);
+const changed = input => {
+    send(input, new InputEvent('input', { bubbles: true, composed: true, inputType: 'insertReplacementText' }));
+    send(input, new Event('change', { bubbles: true }));
+};
+const key = (input, kind) =>
+    send(input, new KeyboardEvent(kind, { key: 'Unidentified', bubbles: true, composed: true, cancelable: true }));
+
+/** Puts a value into an input the way a user's typing looks to the page; gives whether it has taken it. */
+const put = (input, value) => {
+    if (input.type === 'radio' || input.type === 'checkbox') {
+        input.click();
+        return input.checked;
+    }
+    if (isSelect(input)) {
+        const at = Number(value), option = input.options[at];
+        if (!option || option.disabled || input.selectedIndex === at)
+            return false;
+        input.selectedIndex = at;
+        changed(input);
+        return input.selectedIndex === at;
+    }
+    if (value === '' || (input.maxLength > 0 && value.length > input.maxLength))
+        return false;
+    key(input, 'keydown');
+    Reflect.apply(input.type === 'textarea' ? setArea : setText, input, [value]);
+    if (input.value === '')
+        return false;
+    changed(input);
+    key(input, 'keyup');
+    send(input, new FocusEvent('blur', { composed: true }));
+    send(input, new FocusEvent('focusout', { bubbles: true, composed: true }));
+    return input.value !== '';
+};

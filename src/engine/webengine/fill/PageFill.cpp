@@ -1,0 +1,335 @@
+#include "engine/webengine/fill/PageFill.h"
+
+#include "base/Strings.h"
+#include "engine/webengine/PageChannel.h"
+#include "engine/webengine/fill/Script.h"
+
+#include <QHostAddress>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QUrlQuery>
+#include <QWebEngineNavigationRequest>
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+#include <QWebEngineUrlRequestJob>
+
+using namespace Qt::StringLiterals;
+
+namespace engine {
+
+namespace {
+
+constexpr quint32 kFillWorld = QWebEngineScript::UserWorld + 3;
+/// How long frames may ask for values after the command. Their script looks for new inputs a little less long.
+constexpr int kFillMs = 3500;
+/// After so long without news the user is told how many inputs were filled.
+constexpr int kQuietMs = 300;
+/// How long the page has to take part by itself before it is driven.
+constexpr int kDirectAfterMs = 150;
+constexpr int kFetchEveryMs = 30;
+/// Inputs that one frame may ask about in one fill.
+constexpr int kMostInputs = 2000;
+/// Frames that take part in one fill.
+constexpr qsizetype kMostFrames = 300;
+
+bool isLocalMachine(const QString &host)
+{
+    return host == "localhost"_L1 || host.endsWith(".localhost"_L1) || QHostAddress(host).isLoopback();
+}
+
+QString originText(const QUrl &origin)
+{
+    if (origin.scheme().isEmpty() || (origin.host().isEmpty() && !origin.isLocalFile()))
+        return {};
+    return origin.isLocalFile() ? u"file://"_s
+                                : origin.toString(QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment |
+                                                  QUrl::RemoveUserInfo | QUrl::StripTrailingSlash);
+}
+
+} // namespace
+
+PageFill::PageFill(PageChannel &channel, QWebEnginePage &page, Surroundings surroundings)
+    : m_channel(channel)
+    , m_page(page)
+    , m_surroundings(std::move(surroundings))
+    , m_token(channel.listen([this](QWebEngineUrlRequestJob *job) { requested(*job); }))
+{
+    PageChannel::setScript(page, u"fill"_s, QString(fillScript()).replace("%TOKEN%"_L1, m_token), kFillWorld);
+    m_end.setSingleShot(true);
+    m_quiet.setSingleShot(true);
+    m_direct.setSingleShot(true);
+    connect(&m_end, &QTimer::timeout, this, [this] {
+        tell();
+        end();
+    });
+    connect(&m_quiet, &QTimer::timeout, this, &PageFill::tell);
+    connect(&m_direct, &QTimer::timeout, this, [this] {
+        if (m_directKey.isEmpty())
+            beginDirectly();
+        else
+            fetchRequests();
+    });
+    // What comes after the page was not meant by the command.
+    connect(&page, &QWebEnginePage::navigationRequested, this, [this](const QWebEngineNavigationRequest &request) {
+        if (request.isMainFrame())
+            end();
+    });
+    connect(&page, &QWebEnginePage::loadStarted, this, &PageFill::end);
+    connect(&page, &QWebEnginePage::renderProcessTerminated, this, &PageFill::end);
+}
+
+PageFill::~PageFill()
+{
+    m_channel.endListening(m_token);
+    end();
+}
+
+void PageFill::fill(std::shared_ptr<const FormRecord> record, bool locked)
+{
+    end();
+    if (!record)
+        return;
+    m_record = std::move(record);
+    m_locked = locked;
+    m_userAsked = !m_surroundings.isLoadEnd();
+    m_reports = 0;
+    m_filled = 0;
+    m_told = -1;
+    m_pageBegan = false;
+    m_end.start(kFillMs);
+    m_direct.start(kDirectAfterMs);
+    // The page itself comes first: it has to tell of its frames.
+    std::stable_partition(m_waiting.begin(), m_waiting.end(), [](const Waiting &waiting) { return waiting.isPage; });
+    const auto last = m_waiting.begin() + std::min<qsizetype>(kMostFrames, std::ssize(m_waiting));
+    std::for_each(m_waiting.begin(), last, [this](const Waiting &waiting) { begin(waiting); });
+    m_waiting.erase(m_waiting.begin(), last);
+}
+
+/// Whatever still waits for an answer gets none.
+void PageFill::end()
+{
+    m_end.stop();
+    m_quiet.stop();
+    m_direct.stop();
+    m_directKey.clear();
+    m_record.reset();
+    m_shownAt.clear();
+    for (const Frame &frame : std::exchange(m_frames, {})) {
+        if (frame.reply)
+            frame.reply({});
+    }
+}
+
+void PageFill::tell()
+{
+    if (m_told == m_filled || (m_filled == 0 && !m_userAsked))
+        return;
+    m_told = m_filled;
+    m_surroundings.tell(m_filled == 0   ? LoadResString(20642)
+                        : m_filled == 1 ? LoadResString(20640)
+                                        : LoadResString(20641).arg(m_filled));
+}
+
+// --- what frames ask ---
+
+void PageFill::requested(QWebEngineUrlRequestJob &job)
+{
+    const QUrlQuery query(job.requestUrl());
+    const QString op = job.requestUrl().path().mid(1);
+    if (op == "wait"_L1) {
+        wait(job, query);
+        return;
+    }
+    const QPointer<QWebEngineUrlRequestJob> guard(&job);
+    const QString data = PageChannel::value(query, op == "inputs"_L1 ? u"d"_s : u"n"_s);
+    handle(op, PageChannel::value(query, u"k"_s), data.toUtf8(), job.initiator(),
+           [guard](const std::optional<QByteArray> &answer) {
+               if (guard && answer)
+                   PageChannel::answer(guard, *answer);
+               else if (guard)
+                   guard->fail(QWebEngineUrlRequestJob::RequestDenied);
+           });
+}
+
+void PageFill::wait(QWebEngineUrlRequestJob &job, const QUrlQuery &query)
+{
+    std::erase_if(m_waiting, [](const Waiting &waiting) { return !waiting.job; });
+    const Waiting waiting{&job, job.initiator(), PageChannel::value(query, u"m"_s) == "1"_L1};
+    // A frame that has its key waits for the next fill.
+    if (isRunning() && m_frames.size() < kMostFrames && !m_frames.contains(PageChannel::value(query, u"k"_s)))
+        begin(waiting);
+    else
+        m_waiting.push_back(waiting);
+}
+
+void PageFill::begin(const Waiting &waiting)
+{
+    if (!waiting.job)
+        return;
+    m_pageBegan = m_pageBegan || waiting.isPage;
+    const QString key = PageChannel::newToken();
+    Frame frame;
+    frame.origin = waiting.origin;
+    m_frames.insert(key, frame);
+    PageChannel::answer(waiting.job, key.toLatin1());
+}
+
+void PageFill::handle(const QString &op, const QString &key, const QByteArray &data, const QUrl &origin,
+                      const Reply &reply)
+{
+    const auto found = m_frames.find(key);
+    if (!isRunning() || found == m_frames.end() || found->origin != origin) {
+        reply({});
+        return;
+    }
+    if (op == "inputs"_L1) {
+        take(*found, data, reply);
+    } else if (op == "pause"_L1) {
+        QTimer::singleShot(std::clamp(data.toInt(), 0, kFillMs), this, [reply] { reply(QByteArray()); });
+    } else if (op == "done"_L1) {
+        const int count = std::clamp(data.toInt(), 0, found->answered);
+        found->answered -= count;
+        m_filled += count;
+        m_quiet.start(kQuietMs);
+        reply(QByteArray());
+    } else {
+        reply({});
+    }
+}
+
+void PageFill::take(Frame &frame, const QByteArray &data, const Reply &reply)
+{
+    std::optional<FrameReport> report = FrameReport::parse(data);
+    if (!report || frame.reply) {
+        reply({});
+        return;
+    }
+    for (FormInput &input : report->inputs) {
+        if (frame.asked == kMostInputs)
+            break;
+        ++frame.asked;
+        frame.inputs.push_back(std::move(input));
+    }
+    if (!report->isLast) {
+        reply(QByteArray());
+        return;
+    }
+    report->inputs.clear();
+    frame.reportedAt = ++m_reports;
+    for (const QString &path : frame.report.shown)
+        m_shownAt.remove(path);
+    for (const QString &path : report->shown)
+        m_shownAt.insert(path, m_reports);
+    frame.report = std::move(*report);
+    frame.reply = reply;
+    if (frame.report.shown.isEmpty()) {
+        answerIfSeen(frame);
+        return;
+    }
+    for (Frame &one : m_frames)
+        answerIfSeen(one);
+}
+
+void PageFill::answerIfSeen(Frame &frame)
+{
+    if (!frame.reply || !isSeen(frame))
+        return;
+    const FrameForm form = formOf(frame);
+    const std::vector<FormAnswer> answers =
+        form.inputs.empty() ? std::vector<FormAnswer>() : m_record->matchForm(form, m_locked);
+    frame.answered += static_cast<int>(answers.size());
+    std::exchange(frame.reply, {})(toJson(answers));
+    m_quiet.start(kQuietMs);
+}
+
+/// Only the frame around it can tell whether a frame is seen, and only by its place. So what counts is a report that
+/// came after the frame had named its place; a report names the frames that have kept theirs since the report before.
+bool PageFill::isSeen(const Frame &frame) const
+{
+    const QString &path = frame.report.path;
+    if (path.isEmpty() || path == u'?')
+        return true;
+    for (qsizetype end = path.indexOf(u'.');; end = path.indexOf(u'.', end + 1)) {
+        if (m_shownAt.value(end < 0 ? path : path.left(end)) <= frame.reportedAt)
+            return false;
+        if (end < 0)
+            return true;
+    }
+}
+
+FrameForm PageFill::formOf(Frame &frame) const
+{
+    FrameForm form;
+    form.origin = originText(frame.origin);
+    form.inputs = std::exchange(frame.inputs, {});
+    // The address of a document without an origin of its own (sandboxed) still says how it came.
+    const QUrl source = form.origin.isEmpty() ? QUrl(frame.report.from) : frame.origin;
+    const QStringList &around = frame.report.around;
+    form.secure =
+        frame.report.isSecureContext && isProtected(source) && isProtected(m_page.url()) &&
+        std::all_of(around.begin(), around.end(), [this](const QString &one) { return isProtected(QUrl(one)); });
+    return form;
+}
+
+/// Whether what is sent to an origin stays between it and the user.
+bool PageFill::isProtected(const QUrl &origin) const
+{
+    const QString scheme = origin.scheme();
+    if (scheme == "https"_L1)
+        return !m_surroundings.isExcepted(origin.host());
+    return scheme == "file"_L1 || scheme == "corvane"_L1 || (scheme == "http"_L1 && isLocalMachine(origin.host()));
+}
+
+// --- pages that cannot ask ---
+
+void PageFill::beginDirectly()
+{
+    if (m_pageBegan || m_page.url().isEmpty())
+        return;
+    m_directKey = PageChannel::newToken();
+    m_directUrl = m_page.url();
+    Frame frame;
+    frame.origin = m_directUrl.isLocalFile() ? QUrl(u"file:///"_s) : QUrl();
+    m_frames.insert(m_directKey, frame);
+    // Written windows have no script yet.
+    runInPage(QString(fillScript()).replace("%TOKEN%"_L1, m_token), [](const QVariant &) {});
+    runInPage(u"corvaneFill.begin('%1')"_s.arg(m_directKey), [this](const QVariant &) { fetchRequests(); });
+}
+
+void PageFill::fetchRequests()
+{
+    runInPage(u"corvaneFill.take()"_s, [this](const QVariant &told) {
+        const QString key = m_directKey;
+        for (const QJsonValue &one : QJsonDocument::fromJson(told.toString().toUtf8()).array()) {
+            const int number = one[0].toInt();
+            const QString op = one[1].toString();
+            const QJsonValue values = one[2];
+            const QByteArray data =
+                op == "inputs"_L1 ? values["d"_L1].toString().toUtf8() : QByteArray::number(values["n"_L1].toInt());
+            const auto answer = [this, number](const std::optional<QByteArray> &content) {
+                const QByteArray text = content ? *content : QByteArray("null");
+                const QByteArray quoted =
+                    QJsonDocument(QJsonArray{QString::fromUtf8(text)}).toJson(QJsonDocument::Compact);
+                runInPage(u"corvaneFill.give(%1, %2[0])"_s.arg(number).arg(QString::fromUtf8(quoted)),
+                          [](const QVariant &) {});
+            };
+            if (values["k"_L1].toString() == key)
+                handle(op, key, data, m_frames.value(key).origin, answer);
+        }
+        m_direct.start(kFetchEveryMs);
+    });
+}
+
+/// Runs a script in the world of the fill, and `done` with what it gives while the same fill is under way.
+void PageFill::runInPage(const QString &script, const std::function<void(const QVariant &)> &done)
+{
+    if (m_page.url() != m_directUrl)
+        return;
+    const QPointer<PageFill> guard(this);
+    m_page.runJavaScript(script, kFillWorld, [guard, key = m_directKey, done](const QVariant &result) {
+        if (guard && guard->isRunning() && guard->m_directKey == key)
+            done(result);
+    });
+}
+
+} // namespace engine

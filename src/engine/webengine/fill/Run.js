@@ -1,0 +1,261 @@
+// How a document takes part in a fill: it waits until it is told to begin, asks for the values of the inputs that it shows,
+// and looks again for some time, since many inputs come only after others have been filled.
+
+// Milliseconds between the looks of one fill, which ends on the C++ side a little later.
+const kPauses = [0, 50, 150, 400, 600, 700, 700];
+// A page with more elements or inputs than this is not looked at any further.
+const kElements = 60000, kExamined = 4000, kOffered = 2000;
+// Characters of one request: escaped, nine times as many at worst, and the engine takes two million.
+const kRequest = 60000, kInputsOfRequest = 200;
+const kSliceMs = 12;
+
+const kFrames = new Set(['iframe', 'frame', 'object', 'embed']);
+const frameWindows = new Map([['iframe', getter(HTMLIFrameElement, 'contentWindow')],
+    ['frame', getter(HTMLFrameElement, 'contentWindow')], ['object', getter(HTMLObjectElement, 'contentWindow')]]);
+const frameDocument = getter(HTMLIFrameElement, 'contentDocument');
+
+// --- the way to the program ---
+
+// Documents that may not send requests (local files) leave them here, and the program fetches them.
+const outbox = new Map;
+let isDirect = false, requests = 0;
+
+const request = (op, values) => new Promise(done => {
+    if (isDirect && op !== 'wait') {
+        outbox.set(++requests, { op, values, done });
+        return;
+    }
+    const call = new XMLHttpRequest;
+    call.onload = () => done(call.responseText);
+    call.onerror = () => done(null);
+    const query = Object.entries(values).map(([name, value]) => '&' + name + '=' + encodeURIComponent(value)).join('');
+    call.open('GET', 'engine://fill/' + op + '?t=%TOKEN%' + query);
+    call.send();
+});
+
+// --- frames ---
+
+/** The way from the page to a window: "0.2" is the third frame of its first one; "?" for one in no list of frames. */
+const pathOf = view => {
+    let path = '';
+    for (; view !== window.top; view = view.parent) {
+        const siblings = view.parent;
+        let at = 0;
+        while (at < siblings.length && at < 500 && siblings[at] !== view)
+            ++at;
+        if (at >= siblings.length || siblings[at] !== view)
+            return '?';
+        path = at + (path && '.' + path);
+    }
+    return path;
+};
+
+let isStale = true, framesMoved = true;
+const note = records => {
+    isStale = isStale || records.length > 0;
+    framesMoved = framesMoved || records.length > 2000 || records.some(record =>
+        [...record.addedNodes, ...record.removedNodes].some(node => nodeType(node) === 1 &&
+            (kFrames.has(localName(node)) || findIn(node, 'iframe,frame,object,embed'))));
+};
+const watch = new MutationObserver(note);
+let watched = new WeakSet;
+
+/** The document of a frame in which this script does not run, as in empty and written ones. Only this one reaches it. */
+const orphan = (frame, view) => {
+    const inner = localName(frame) === 'iframe' ? frameDocument(frame) : null;
+    return inner && !(view.corvaneFill && view.corvaneFill.begin) ? inner : null;
+};
+
+/** All inputs of the document and of what belongs to it, and the paths of the frames that the user can see. */
+const scan = () => {
+    const found = { inputs: [], shown: [], frames: 0, looks: new Map };
+    let elements = 0;
+    const visit = (root, depth) => {
+        if (depth > 30)
+            return;
+        if (!watched.has(root)) {
+            watched.add(root);
+            watch.observe(root, { childList: true, subtree: true, attributes: true });
+        }
+        for (const element of all(root, '*')) {
+            if (++elements > kElements)
+                return;
+            const name = localName(element);
+            if ((name === 'input' || name === 'select' || name === 'textarea') && found.inputs.length < kExamined)
+                found.inputs.push(element);
+            else if (frameWindows.has(name) && ++found.frames <= 200 && frameShows(element, found.looks))
+                see(element, name, depth);
+            const shadow = shadowOf(element);
+            if (shadow)
+                visit(shadow, depth + 1);
+        }
+    };
+    const see = (frame, name, depth) => {
+        const view = frameWindows.get(name)(frame);
+        const path = view ? pathOf(view) : '?';
+        if (path !== '?')
+            found.shown.push(path);
+        const inner = orphan(frame, view);
+        if (inner)
+            visit(inner, depth + 1);
+    };
+    visit(document, 0);
+    return found;
+};
+
+// --- one fill ---
+
+let current = '', offered = new WeakMap, given = new Map, offers = 0, frames = 0;
+// The program keeps the time: documents without scripts have no timers.
+const pause = milliseconds => request('pause', { k: current, n: milliseconds });
+
+/** A choice list is another one when its alternatives have changed. */
+const mark = input => {
+    if (!isSelect(input))
+        return 'input';
+    const options = input.options, last = options.length - 1;
+    return options.length + '|' + (last < 0 ? '' : short(options[0].text) + '|' + short(options[last].text));
+};
+
+/** Of the inputs, those that may be filled and have not been asked about. */
+const choose = async (inputs, isCurrent) => {
+    const chosen = [];
+    let groups = new Map, looks = new Map, until = performance.now() + kSliceMs;
+    for (const input of inputs) {
+        if (performance.now() > until) {
+            await pause(0);
+            if (!isCurrent())
+                return [];
+            groups = new Map;
+            looks = new Map;
+            until = performance.now() + kSliceMs;
+        }
+        if (offers + chosen.length >= kOffered)
+            break;
+        if (input.isConnected && isWanted(input) && offered.get(input) !== mark(input) && isEmpty(input, groups) &&
+            inputShows(input, looks) && look(input, looks).ink >= kFaint)
+            chosen.push(input);
+    }
+    return chosen;
+};
+
+/** Asks for the values of these inputs, in as many requests as it takes; the last one is answered with all of them. */
+const ask = async (fill, inputs, report) => {
+    const labels = new Map;
+    let part = [], size = 0;
+    const pass = isLast => request('inputs', { k: fill, d: JSON.stringify({ inputs: part, ...(isLast ? report : null) }) });
+    for (const input of inputs) {
+        offered.set(input, mark(input));
+        given.set(++offers, input);
+        const told = describe(input, offers, labels), length = JSON.stringify(told).length;
+        if (size + length > kRequest || part.length >= kInputsOfRequest) {
+            if (await pass(false) === null)
+                return null;
+            part = [];
+            size = 0;
+        }
+        part.push(told);
+        size += length;
+    }
+    const answer = await pass(true);
+    return answer === null ? null : JSON.parse(answer);
+};
+
+const fillIn = async (answers, isCurrent) => {
+    const groups = { get: root => chosenGroups(root), has: () => true };
+    let count = 0, until = performance.now() + kSliceMs;
+    for (const [number, value] of answers) {
+        if (performance.now() > until) {
+            await pause(0);
+            if (!isCurrent())
+                break;
+            until = performance.now() + kSliceMs;
+        }
+        const input = given.get(number);
+        // Filling the ones before it may have changed everything.
+        if (input && input.isConnected && isWanted(input) && offered.get(input) === mark(input) && isEmpty(input, groups))
+            count += put(input, value) ? 1 : 0;
+    }
+    return count;
+};
+
+const round = async (fill, isFirst) => {
+    const isCurrent = () => fill === current;
+    note(watch.takeRecords());
+    // Where frames have come or gone since the last look, nobody can tell which is which.
+    const isSettled = !isFirst && !framesMoved, wasStale = isStale;
+    isStale = framesMoved = false;
+    const found = scan(), path = pathOf(window);
+    let inputs = isFirst || wasStale ? await choose(found.inputs, isCurrent) : [];
+    if (path === '?' && inputs.length) {
+        const painted = await paintedNow(inputs, () => pause(300));
+        inputs = inputs.filter(input => painted.has(input));
+    }
+    if (!isCurrent())
+        return false;
+    frames = found.frames;
+    if (!isFirst && !inputs.length && !frames)
+        return true;
+    const answers = await ask(fill, inputs, { last: true, path, shown: isSettled ? found.shown : [],
+        secure: isSecureContext, from: location.origin, around: [...location.ancestorOrigins] });
+    if (answers === null || !isCurrent())
+        return false;
+    const count = pathOf(window) === path ? await fillIn(answers, isCurrent) : 0;
+    if (count > 0)
+        request('done', { k: fill, n: count });
+    return true;
+};
+
+const run = async fill => {
+    current = fill;
+    watched = new WeakSet;
+    watch.disconnect();
+    isStale = framesMoved = true;
+    offered = new WeakMap;
+    given = new Map;
+    offers = 0;
+    let isFirst = true;
+    for (const length of kPauses) {
+        if (await pause(length) === null || fill !== current)
+            return;
+        note(watch.takeRecords());
+        if ((isFirst || isStale || frames > 0) && !await round(fill, isFirst))
+            break;
+        isFirst = false;
+    }
+    if (fill === current)
+        watch.disconnect();
+};
+
+/** Waits for the next fill; there is always one request open, so that a fill can begin while another one runs. */
+const wait = async fill => {
+    for (;;) {
+        fill = await request('wait', { k: fill, m: window === window.top ? 1 : 0 });
+        if (!fill)
+            return;
+        isDirect = false;
+        run(fill);
+    }
+};
+
+globalThis.corvaneFill = {
+    begin: fill => {
+        isDirect = true;
+        run(fill);
+    },
+    take: () => JSON.stringify([...outbox].filter(([, call]) => !call.isTaken).map(([number, call]) => {
+        call.isTaken = true;
+        return [number, call.op, call.values];
+    })),
+    give: (number, answer) => {
+        const call = outbox.get(number);
+        outbox.delete(number);
+        if (call)
+            call.done(answer);
+    },
+};
+
+if (Reflect.apply(Object.getOwnPropertyDescriptor(Document.prototype, 'readyState').get, document, []) !== 'loading')
+    wait('');
+else
+    window.addEventListener('DOMContentLoaded', () => wait(''), { once: true });
