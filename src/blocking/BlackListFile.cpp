@@ -10,44 +10,49 @@ namespace {
 /// A byte that is no text stands in an entry as this unit plus the byte.
 constexpr char16_t kStrayByte = 0xDC00;
 constexpr uchar kFirstStray = 0x80;
-constexpr qsizetype kLongestSequence = 4;
 constexpr QByteArrayView kByteOrderMark = "\xEF\xBB\xBF";
 
-/// Appends UTF-8 text; false, with nothing appended, when the bytes are none.
-bool appendText(QString &to, QByteArrayView bytes)
+/// Number of bytes of the UTF-8 character at the beginning of `bytes`, by the table of well-formed sequences of the
+/// Unicode Standard; 0 when there is none.
+qsizetype characterLength(QByteArrayView bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8,
-                           QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom);
-    const QString text = decoder(bytes);
-    if (decoder.hasError())
-        return false;
-    to += text;
-    return true;
-}
-
-/// Number of bytes of the character at the beginning of `bytes`; 0 when there is none.
-qsizetype appendCharacter(QString &to, QByteArrayView bytes)
-{
-    for (qsizetype length = 1; length <= std::min(kLongestSequence, bytes.size()); ++length) {
-        if (appendText(to, bytes.first(length)))
-            return length;
+    const uchar lead = bytes.front();
+    if (lead < 0x80)
+        return 1;
+    const qsizetype length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    if (lead < 0xC2 || lead > 0xF4 || bytes.size() < length)
+        return 0;
+    // No sequence is longer than needed, and none stands for a surrogate or a number beyond the last character.
+    uchar lowest = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+    uchar highest = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+    for (const char byte : bytes.sliced(1, length - 1)) {
+        if (uchar(byte) < lowest || uchar(byte) > highest)
+            return 0;
+        lowest = 0x80;
+        highest = 0xBF;
     }
-    return 0;
+    return length;
 }
 
 QString entryOf(QByteArrayView line)
 {
     QString entry;
-    if (appendText(entry, line))
-        return entry;
-    while (!line.isEmpty()) {
-        qsizetype taken = appendCharacter(entry, line);
-        if (taken == 0) {
-            entry += QChar(char16_t(kStrayByte + uchar(line.front())));
-            taken = 1;
+    qsizetype textBegin = 0;
+    const auto takeText = [&](qsizetype end) {
+        QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::ConvertInitialBom);
+        if (end > textBegin)
+            entry += decoder(line.sliced(textBegin, end - textBegin));
+    };
+    for (qsizetype i = 0; i < line.size();) {
+        if (const qsizetype length = characterLength(line.sliced(i)); length > 0) {
+            i += length;
+            continue;
         }
-        line = line.sliced(taken);
+        takeText(i);
+        entry += QChar(char16_t(kStrayByte + uchar(line[i])));
+        textBegin = ++i;
     }
+    takeText(line.size());
     return entry;
 }
 
