@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -21,6 +22,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCardTab = 2;
+/// Wide enough for the names and numbers that people have, in pixels.
+constexpr int kWidth = 540;
 /// Background of the controls that the password guards: light blue.
 constexpr QColor kProtectedColor(0xCC, 0xCC, 0xFF);
 
@@ -36,6 +39,7 @@ FormsPage::FormsPage(const OptionsContext &context)
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(u"SSTab1"_s);
     SSTab1->setUsesScrollButtons(false);
+    SSTab1->setMinimumWidth(kWidth);
     SSTab1->setAccessibleName(LoadResString(5000));
     SSTab1->addTab(personTab(), LoadResString(20600));
     SSTab1->addTab(addressTab(), LoadResString(20601));
@@ -48,9 +52,22 @@ FormsPage::FormsPage(const OptionsContext &context)
     all->addWidget(chkAutoFormFill);
     all->addWidget(SSTab1);
 
+    addTurningKeys();
     m_store.loadedLate = [this] { show(ReadFormFields(m_store, m_context.store)); };
     connect(Protect, &QToolButton::toggled, this, &FormsPage::Protect_Click);
     connect(SSTab1, &QTabWidget::currentChanged, this, [this](int tab) { SSTab1_Click(std::exchange(m_tab, tab)); });
+}
+
+/// Ctrl+Tab belongs to the documents everywhere.
+void FormsPage::addTurningKeys()
+{
+    for (const auto &[key, step] : {std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, -1)}) {
+        auto *shortcut = new QShortcut(QKeySequence(Qt::ControlModifier | key), this);
+        connect(shortcut, &QShortcut::activated, this, [this, step = step] {
+            const int count = SSTab1->count();
+            SSTab1->setCurrentIndex((SSTab1->currentIndex() + step + count) % count);
+        });
+    }
 }
 
 void FormsPage::Prepare()

@@ -75,6 +75,7 @@ public:
 
 private:
     QWidget *personTab();
+    void addTurningKeys();
     void alignLabels();
     QWidget *birthRow();
     QWidget *addressTab();
