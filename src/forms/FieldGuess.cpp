@@ -4,6 +4,7 @@
 #include "forms/FieldToken.h"
 
 #include <QHash>
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -39,6 +40,13 @@ struct Readings
             all[Placeholder] = readProse(input.placeholder);
     }
 
+    /// Whether a text for people names the address of mail and no name beside it ("User name or e-mail").
+    bool asksForMailAlone() const
+    {
+        return std::ranges::any_of(std::array{Label, AriaLabel, Placeholder}, [&](Place place) {
+            return all[place].said.has(Mail) && !all[place].said.hasAny(User, FullName);
+        });
+    }
     FieldKinds said() const
     {
         FieldKinds kinds;
@@ -46,12 +54,14 @@ struct Readings
             kinds.add(reading.said);
         return kinds;
     }
-    /// Day, month and year as the first text gives them that has any.
+    /// Day, month and year as the first text gives them that has any. A label may stand above a whole date, so that it
+    /// counts least.
     FieldKinds parts() const
     {
-        for (const TextReading &reading : all) {
-            if (reading.said.hasAny(Day, Month, Year, CardMonth, CardYear))
-                return reading.said;
+        for (const Place place : {Name, Id, Placeholder, AriaLabel, Label}) {
+            const FieldKinds said = all[place].said;
+            if (said.hasAny(Day, Month, Year, CardMonth, CardYear))
+                return said;
         }
         return {};
     }
@@ -92,6 +102,16 @@ void decide(const Readings &readings, const FormEntry &entry, FieldGuess &guess)
     }
 }
 
+/// Whether a month and a year are to be written into one input.
+bool hasRoomForCardDate(const FormEntry &entry)
+{
+    constexpr int kShortest = 4;
+    if (entry.isList() || (entry.maxLength() > 0 && entry.maxLength() < kShortest))
+        return false;
+    const auto pattern = DatePattern::in(entry.input->placeholder + u" ("_s + entry.input->label + u')');
+    return entry.input->type == u"month" || (pattern && !pattern->hasDay() && pattern->hasYear());
+}
+
 /// Which part of which date is meant.
 void settleDate(const Readings &readings, const FormEntry &entry, FieldGuess &guess)
 {
@@ -101,23 +121,22 @@ void settleDate(const Readings &readings, const FormEntry &entry, FieldGuess &gu
     const bool month = parts.hasAny(Month, CardMonth);
     const bool year = parts.hasAny(Year, CardYear);
     if (isDatePart(guess.kind)) {
+        if (day + month + year == 1)
+            guess.kind = day ? Day : month ? Month : Year;
         if (said.hasAny(CardDate, CardMonth, CardYear) || (said.has(CardWord) && !said.has(BirthDate)))
             guess.kind = CardDate;
         else if (said.has(BirthDate))
             guess.kind = BirthDate;
     }
-    const bool isCardPart = guess.kind == CardMonth || guess.kind == CardYear;
-    if (isCardPart && !entry.isList()) {
-        const auto pattern = DatePattern::in(entry.input->placeholder + u' ' + entry.input->label);
-        if (pattern && !pattern->hasDay() && (entry.maxLength() == 0 || entry.maxLength() > 4))
-            guess.kind = CardDate;
+    if (hasRoomForCardDate(entry) && (guess.kind == CardDate || guess.kind == CardMonth || guess.kind == CardYear)) {
+        guess.kind = CardDate;
     } else if (guess.kind == CardDate) {
         if (month != year)
             guess.kind = month ? CardMonth : CardYear;
     } else if (guess.kind == BirthDate && day + month + year == 1) {
         guess.kind = day ? BirthDay : month ? BirthMonth : BirthYear;
     }
-    if (isBirth(guess.kind) || isCard(guess.kind))
+    if (isBirth(guess.kind) || guess.kind == CardDate || guess.kind == CardMonth || guess.kind == CardYear)
         guess.isWeak = false;
 }
 
@@ -192,8 +211,7 @@ bool tokenDecides(const TokenReading &token, const Readings &readings)
     const TextReading &name = readings.all[Readings::Name];
     if (token.isPassword)
         return name.kind == None || name.kind == User || name.isWeak;
-    const FieldKinds said = readings.said();
-    return token.kind != User || !said.has(Mail) || said.has(User);
+    return token.kind != User || !readings.asksForMailAlone();
 }
 
 } // namespace
@@ -285,8 +303,10 @@ FieldGuess guessOf(const FormEntry &entry, const OwnKeys &ownKeys)
         guess.kind = Mail;
         return guess;
     }
-    if (guess.kind == User && guess.said.has(Mail) && !readings.all[Readings::Label].said.has(User) &&
-        !readings.all[Readings::Placeholder].said.has(User) && canTake(input, Mail))
+    if (guess.kind == Mail && !guess.byName && readings.all[Readings::Name].kind == User &&
+        !readings.asksForMailAlone())
+        guess.kind = User;
+    else if (guess.kind == User && canTake(input, Mail) && readings.asksForMailAlone() && !guess.said.has(FullName))
         guess.kind = Mail;
     settleDate(readings, entry, guess);
     settleContent(entry, guess);

@@ -81,22 +81,28 @@ void settleDatePart(Entries &entries, int at)
         guess.kind = None;
 }
 
+/// Whether an input that is for the end of a card's validity has room for one part of it only, or says nothing else.
+bool mayBePart(const FormEntry &entry)
+{
+    constexpr int kShortestDate = 5;
+    if (entry.guess.kind != CardDate || entry.guess.byToken || entry.input->type == u"month")
+        return false;
+    return entry.isList() || (entry.maxLength() < kShortestDate && !DatePattern::in(entry.input->placeholder));
+}
+
 /// "Valid thru" above two inputs is their month and their year.
 void settleCardDates(Entries &entries)
 {
     for (int i = 0; i + 1 < count(entries); ++i) {
         FormEntry &first = entryAt(entries, i);
         FormEntry &second = entryAt(entries, i + 1);
-        const auto isOpen = [](const FormEntry &entry) { return entry.guess.kind == CardDate && !entry.guess.byToken; };
-        const auto isWhole = [](const FormEntry &entry) {
-            return !entry.isList() && DatePattern::in(entry.input->placeholder).has_value();
-        };
-        if (isOpen(first) && isOpen(second) && !isWhole(first) && !isWhole(second)) {
+        const bool isOneLabel = second.input->label.isEmpty() || second.input->label == first.input->label;
+        if (mayBePart(first) && mayBePart(second) && isOneLabel) {
             first.guess.kind = CardMonth;
             second.guess.kind = CardYear;
-        } else if (isOpen(first) && second.guess.kind == CardYear) {
+        } else if (mayBePart(first) && second.guess.kind == CardYear) {
             first.guess.kind = CardMonth;
-        } else if (first.guess.kind == CardMonth && isOpen(second)) {
+        } else if (first.guess.kind == CardMonth && mayBePart(second)) {
             second.guess.kind = CardYear;
         }
     }
@@ -237,22 +243,30 @@ void settleCardNumbers(Entries &entries, const RecordValues &record)
     }
 }
 
-/// Details of a card that only a text beside the input speaks of, or a word that is used for other things too, need
-/// another detail of a card near them.
+/// A number of a card that only a text beside the input speaks of, and a code by a word that is used for other things,
+/// too, need another detail of a card near them.
 void settleCards(Entries &entries)
 {
-    std::vector<int> cards;
-    for (int i = 0; i < count(entries); ++i) {
-        if (isCard(kindAt(entries, i)))
-            cards.push_back(i);
+    constexpr int kFar = 24;
+    const auto isSure = [](const FieldGuess &guess) {
+        if (guess.kind == CardNumber)
+            return guess.byToken || (guess.byName && !guess.isWeak);
+        return isCard(guess.kind) && (guess.byToken || !guess.isWeak);
+    };
+    // Distance to the last sure one before each entry, and then to the next one behind it.
+    std::vector<bool> isBacked(entries.size(), false);
+    for (const bool forwards : {true, false}) {
+        int distance = kFar + 1;
+        for (int i = 0; i < count(entries); ++i) {
+            const int at = forwards ? i : count(entries) - 1 - i;
+            distance = isSure(entryAt(entries, at).guess) ? 0 : distance + 1;
+            if (distance <= kFar)
+                isBacked[static_cast<size_t>(at)] = true;
+        }
     }
-    constexpr int kFar = 12;
-    for (size_t i = 0; i < cards.size(); ++i) {
-        FieldGuess &guess = entryAt(entries, cards[i]).guess;
-        const bool isSure = guess.byToken || (guess.byName && !guess.isWeak);
-        const bool hasBefore = i > 0 && cards[i] - cards[i - 1] <= kFar;
-        const bool hasBehind = i + 1 < cards.size() && cards[i + 1] - cards[i] <= kFar;
-        if (!isSure && !hasBefore && !hasBehind)
+    for (int i = 0; i < count(entries); ++i) {
+        FieldGuess &guess = entryAt(entries, i).guess;
+        if (isCard(guess.kind) && !isBacked[static_cast<size_t>(i)])
             guess.kind = None;
     }
 }

@@ -43,7 +43,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"=ssn|social security|=sin number|taxid|tax id|tax number|taxnumber|=tin|=vat|vatid|vat number|vat no|ust "
      u"id|ustid|"
      u"steuernummer|=uid nr|siret|siren|=nif|=cif|=dni|=nie|=cpf|=cnpj|=rfc|codice fiscale|partita iva|=piva|"
-     u"passport number|passportno|passport expiry|passport exp|passport|driver license|drivers license|driving licence|"
+     u"passport number|passportno|passport expiry|passport exp|driver license|drivers license|driving licence|"
      u"licence number|license number|id number|idnumber|national id|personalausweis|ausweisnummer|=iban|=bic|"
      u"swift code|routing number|sort code|bankleitzahl|=blz|kontonummer|numero de compte"},
     {Never, kStrong,
@@ -73,6 +73,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"ip address|web address|wallet address|delivery "
      u"instructions|instructions|neighborhood|neighbourhood|bairro|colonia"},
     {Other, kStrong,
+     u"passport|bank account|bankaccount|bank code|bankcode|bank number|bank branch|bank address|bank id|bank country|"
      u"issue number|issueno|issue no|issue date|start date|startdate|valid from|start month|start year|card issue|"
      u"departure|depart|depdate|arrival|arrive|check in|checkin|check out|checkout date|pick up|pickup|drop off|"
      u"dropoff|return date|travel date|delivery date|delivery day|delivery time|appointment|event date|from date|"
@@ -108,21 +109,22 @@ constexpr FieldPhrases kPhrases[] = {
      u"ihr name|nom complet|nom et prenom|nom prenom|prenom et nom|votre nom|nombre completo|nombre y apellidos|"
      u"nombre y apellido|tu nombre|su nombre|nome completo|nome e cognome|volledige naam|nome e sobrenome|"
      u"vor zuname|фио|полное имя|your name|contact name|contactname|ansprechpartner|氏名|フルネーム|姓名|성명"},
+    {FirstName, kStrong,
+     u"first name|firstname|=fname|f name|forename|given name|givenname|vorname|vornamen|prenom|nombre de pila|"
+     u"primer nombre|voornaam|primeiro nome|christian name|namefirst|name first|first nm|firstnm|firstn|=имя|"
+     u"nombres|=名|名字|=mei|name mei|이름"},
+    {LastName, kStrong,
+     u"last name|lastname|=lname|l name|surname|family name|familyname|nachname|votre nom de "
+     u"famille|familienname|zuname|nom de famille|"
+     u"apellido|apellidos|primer apellido|cognome|achternaam|sobrenome|apelido|second name|secondname|namelast|name "
+     u"last|"
+     u"last nm|lastnm|lastn|фамилия|=姓|姓氏|=성|=sei|name sei"},
     {FullName, kStrong,
      u"name on card|nameoncard|name on the card|name on credit card|card holder name|cardholder name|cardholder|"
      u"card holder|card name|ccname|cc name|cc holder|ccholder|cc owner|ccowner|card owner|cardowner|card holders name|"
      u"name as it appears|name as appears|credit card name|creditcardname|karteninhaber|inhaber|name auf der karte|"
      u"name auf karte|titulaire|nom sur la carte|titular|nombre en la tarjeta|nombre del titular|titolare|"
      u"intestatario|kaarthouder|naam op kaart|nome no cartao|имя на карте|владелец карты|カード名義"},
-    {FirstName, kStrong,
-     u"first name|firstname|=fname|f name|forename|given name|givenname|vorname|vornamen|prenom|nombre de pila|"
-     u"primer nombre|voornaam|primeiro nome|christian name|namefirst|name first|first nm|firstnm|firstn|=имя|"
-     u"nombres|=名|名字|=mei|name mei|이름"},
-    {LastName, kStrong,
-     u"last name|lastname|=lname|l name|surname|family name|familyname|nachname|familienname|zuname|nom de famille|"
-     u"apellido|apellidos|primer apellido|cognome|achternaam|sobrenome|apelido|second name|secondname|namelast|name "
-     u"last|"
-     u"last nm|lastnm|lastn|фамилия|=姓|姓氏|=성|=sei|name sei"},
     {Fax, kStrong, u"~fax|telefax|faxnumber|fax number|факс|ファックス|传真"},
     {PhoneCountry, kStrong,
      u"phone country|phone country code|phonecountrycode|phone code|phonecode|mobile country code|mobile code|tel "
@@ -160,7 +162,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"verfallsdatum|verfallsdatum karte|caducidad|vencimiento|vence|date d expiration|expire fin|validite|"
      u"valable jusqu|scadenza|vervaldatum|geldig tot|validade|срок действия|有効期限|有效期|유효기간"},
     {Mail, kStrong,
-     u"email|mail|email address|emailaddress|mailadresse|emailadresse|emailid|email id|mail address|courriel|"
+     u"email|mail|email address|emailaddress|mailadresse|emailadresse|emailid|email id|mail address|adresse "
+     u"electronique|adresse mail|adresse e mail|courriel|"
      u"correo electronico|correo|=correio|posta elettronica|почта|メール|邮箱|邮件|電子郵件|이메일|메일"},
     {CardType, kStrong,
      u"cardtyp|card type|card typ|cctype|cc type|credit card type|card brand|cardbrand|card kind|type of card|"
@@ -193,7 +196,7 @@ constexpr FieldPhrases kPhrases[] = {
     {Other, kStrong,
      u"street type|street prefix|street suffix|street direction|predirectional|postdirectional|tipo de via|type de "
      u"voie|"
-     u"tipo via|stair|=treppe|=escalera|=puerta|=planta|=piso|=floor number"},
+     u"tipo via|stair|=treppe"},
     {Address2, kStrong,
      u"address2|address 2|address_2|addr2|addr 2|address line 2|addressline2|address line "
      u"two|addresslinetwo|addresstwo|"
@@ -202,7 +205,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"strasse 2|=line2|line 2|=apt|apartment|=suite|apt suite|apt number|aptnumber|=unit|unit number|unitnumber|"
      u"=flat|=building|adresszusatz|adress zusatz|anschriftenzusatz|zusatz|complement|complement d adresse|"
      u"complemento|adresse 2|adresse2|adresszeile 2|direccion 2|direccion2|=portal|indirizzo 2|indirizzo2|toevoeging|"
-     u"appartement|apartamento|adres2|endereco2|квартира|建物名|番地以降"},
+     u"=piso|=puerta|=planta|=escalera|=floor|appartement|apartamento|adres2|endereco2|квартира|建物名|番地以降"},
     {Address1, kStrong,
      u"address1|address 1|address_1|addr1|addr 1|address line 1|addressline1|address line "
      u"one|addresslineone|addressone|"
@@ -242,12 +245,14 @@ constexpr FieldPhrases kPhrases[] = {
     // Words that give way to those above.
     {Title, kWeak,
      u"title|salutation|anrede|civilite|honorific|tratamiento|titolo|aanhef|tratamento|name prefix|=prefix"},
-    {Address1, kWeak, u"addr|address|adresse|anschrift|direccion|indirizzo|adres|endereco|адрес|アドレス"},
-    {Other, kWeak, u"nickname|=nick|display name|displayname|alias|profile name|=handle|ニックネーム|кличка"},
+    {Address1, kWeak,
+     u"addr|address|adresse|anschrift|postal address|adresse postale|postadresse|postanschrift|direccion "
+     u"postal|direccion|indirizzo|adres|endereco|адрес|アドレス"},
+    {Other, kWeak, u"display name|displayname|alias|=handle"},
     {FullName, kWeak, u"name|=nom|nombre|=nome|=naam|=navn|имя|名前|お名前"},
     {FirstName, kWeak, u"=first|firstid"},
     {LastName, kWeak, u"=last|lastid"},
-    {User, kWeak, u"user|login|=acct|benutzer"},
+    {User, kWeak, u"user|login|nickname|=nick|user nick|ニックネーム|=acct|benutzer"},
     {CardCode, kWeak,
      u"validation|valid num|valid code|validnum|validcode|v num|v code|vnum|vcode|security code|securitycode|"
      u"security number|verification value|verification number|verification code|prufnummer|prufziffer|sicherheitscode|"

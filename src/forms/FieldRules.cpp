@@ -86,6 +86,9 @@ enum class Fit { Whole, Part, Inside };
 /// How a phrase lies in the words of a text, if it may lie so.
 std::optional<Fit> fitOf(const Phrase &phrase, const FieldWords &words, qsizetype at, FieldWords::From from)
 {
+    // "address[name]" is the name in an address, not the name of one.
+    if (phrase.kind == FieldKind::Other && words.part(at) != words.part(at + phrase.letters.size() - 1))
+        return {};
     const bool starts = words.isEdge(at);
     const bool ends = words.isEdge(at + phrase.letters.size());
     if (starts && ends)
@@ -187,10 +190,12 @@ TextReading readProse(const QString &text)
 {
     const FieldWords words(text);
     return read(words, FieldWords::From::Prose, [&](const Match &match) {
-        const bool isOther = match.phrase->kind == FieldKind::Other;
+        // "Company e-mail", "Card holder: first name"
+        const FieldKind kind = match.phrase->kind;
+        const int give = kind == FieldKind::Other ? 2 : kind == FieldKind::FullName ? 1 : 0;
         // Weak words say the less the later they stand in the table.
         const qsizetype place = match.phrase->isWeak ? match.phrase->order : match.at;
-        return std::tuple(words.isRemark(match.at), isWeak(match), isOther, place);
+        return std::tuple(words.isRemark(match.at), isWeak(match), give, place);
     });
 }
 

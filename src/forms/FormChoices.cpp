@@ -233,7 +233,8 @@ struct ShortList
 };
 
 constexpr ShortList kShortLists[] = {
-    {ListContent::CardTypes, u"visa|visacard|visacredit", u"mastercard|master|mastercardeurocard|eurocardmastercard"},
+    {ListContent::CardTypes, u"visa|visacard|visacredit",
+     u"mastercard|master|mc|mastercardeurocard|eurocardmastercard"},
     {ListContent::Titles, u"mr|herr|m|monsieur|sr|senor|sig|signor|dhr|deheer|mister",
      u"mrs|ms|frau|mme|madame|sra|senora|sigra|signora|mevr|mevrouw|miss"},
     {ListContent::Sexes, u"male|man|mann|mannlich|homme|masculin|hombre|masculino|uomo|maschio",
@@ -304,8 +305,8 @@ ListContent contentOf(const Options &options)
     const std::span<const FormOption> head(options.data(), std::min<size_t>(options.size(), kShort));
     const auto count = [&](auto test) { return static_cast<size_t>(std::ranges::count_if(head, test)); };
     const auto isYear = [](const FormOption &option) {
-        const int year = soleNumber(option.text);
-        return year >= 1900 && year < 2100;
+        const auto isOne = [](int number) { return number >= 1900 && number < 2100; };
+        return isOne(soleNumber(option.text)) || isOne(soleNumber(option.value));
     };
     if (const size_t years = count(isYear); years >= kLeastYears && years + kHeads >= head.size())
         return ListContent::Years;
@@ -315,7 +316,7 @@ ListContent contentOf(const Options &options)
 
     QStringList texts;
     for (const FormOption &option : head)
-        texts.append(foldedLetters(option.text));
+        texts.append(foldedLetters(option.text.isEmpty() ? option.value : option.text));
     for (const ShortList &list : kShortLists) {
         const auto isIn = [&](QStringView words) {
             const QList<QStringView> parts = words.split(u'|');

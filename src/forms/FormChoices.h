@@ -9,7 +9,7 @@ enum class ListContent {
     Unknown,
     Days,
     Months,
-    /// Four digits each, or two.
+    /// Of four digits, shown or meant.
     Years,
     Countries,
     /// Codes to dial: "+49".
