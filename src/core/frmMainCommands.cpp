@@ -12,8 +12,8 @@
 #include "documents/frmNavigator.h"
 #include "engine/WBCustomizer.h"
 #include "engine/WebBrowser.h"
-#include "system/frmQSearch.h"
 #include "forms/FormLock.h"
+#include "system/frmQSearch.h"
 
 #include <QApplication>
 #include <QKeyEvent>

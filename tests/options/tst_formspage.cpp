@@ -261,6 +261,8 @@ void tst_FormsPage::everythingIsNamed()
     QCOMPARE(order.join(u' '), u"lastname phone fax bday bmonth byear mail job"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F, Qt::AltModifier);
     QCOMPARE(QApplication::focusWidget(), page.firstname);
+    QTest::keyClick(page.firstname, Qt::Key_PageDown, Qt::ControlModifier);
+    QCOMPARE(page.SSTab1->currentIndex(), 1);
 }
 
 QTEST_MAIN(tst_FormsPage)
