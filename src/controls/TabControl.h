@@ -57,6 +57,8 @@ class TabControl : public QTabBar
 public:
     explicit TabControl(QWidget *parent = nullptr);
     ~TabControl() override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
     /// The tabs as the rules see them: Tabs().Count(), Tabs(n), Tabs().Add, Tabs().Remove.
     class Collection
@@ -99,8 +101,6 @@ signals:
 protected:
     QSize tabSizeHint(int index) const override;
     QSize minimumTabSizeHint(int index) const override;
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
     void tabLayoutChange() override;
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;

@@ -267,7 +267,8 @@ void BuildWindowMenu(controls::PopupMenu &menu, const QString &key, const std::v
         menu.AddItem(caption, QString(), itemData, parent, icon, checked, enabled, u"mnuWin(%1)"_s.arg(line));
     };
 
-    const int skin = menu.AddItem(LoadResString(1140), QString(), -8000, parent, -1, false, true, u"mnuSkin"_s);
+    // Out of service until there are skins to choose from.
+    const int skin = menu.AddItem(LoadResString(1140), QString(), -8000, parent, -1, false, false, u"mnuSkin"_s);
     menu.AddItem(u"testskin"_s, QString(), 0, skin, -1, false, true, u"mnuSkin1"_s);
     menu.AddItem(u"-"_s, QString(), -1, parent, -1, false, true, u"mnuWinBar0"_s);
     add(0, LoadResString(1141), kWindowTile, 25);

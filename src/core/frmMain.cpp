@@ -315,7 +315,9 @@ void frmMain::layOutTabBand()
     const int top = (Picture6->height() - kButtonEdge) / 2;
     Picture7->move(left, top);
     Picture8->move(left + kButtonEdge, top);
-    vbalDTabControl1->resize(std::max(0, left - kGap), Picture6->height());
+    // The tabs stand on the lower edge of their band.
+    const int tabs = std::min(vbalDTabControl1->sizeHint().height(), Picture6->height());
+    vbalDTabControl1->setGeometry(0, Picture6->height() - tabs, std::max(0, left - kGap), tabs);
 }
 
 bool frmMain::eventFilter(QObject *watched, QEvent *event)

@@ -14,6 +14,8 @@ namespace {
 constexpr int kPause = 60;
 /// Entries of the list that are looked at; older ones are found through the visits.
 constexpr int kListEntries = 1000;
+/// Free pixels between two lines of the suggestions.
+constexpr int kLineGap = 7;
 
 /// The part of an address that people type: without the scheme and "www.".
 QStringView typedPart(QStringView address)
@@ -84,8 +86,12 @@ void AddressCompletion::suggest()
     if (!m_bar.lineEdit()->hasFocus())
         return;
     m_model->clear();
-    for (const QString &address : suggestions(m_bar.Text()))
-        m_model->appendRow(new QStandardItem(address));
+    const QSize line(0, m_bar.fontMetrics().height() + kLineGap);
+    for (const QString &address : suggestions(m_bar.Text())) {
+        auto *item = new QStandardItem(address);
+        item->setSizeHint(line);
+        m_model->appendRow(item);
+    }
     if (m_model->rowCount() == 0)
         m_completer->popup()->hide();
     else
