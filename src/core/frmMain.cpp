@@ -2,6 +2,7 @@
 
 #include "core/AllSettings.h"
 #include "core/CaptionShortcuts.h"
+#include "core/CaretRest.h"
 #include "core/KeyboardHook.h"
 #include "core/frmMainCommands.h"
 #include "core/frmPassword.h"
@@ -28,11 +29,11 @@
 #include "documents/SavedDocuments.h"
 #include "documents/frmNavigator.h"
 #include "engine/Engine.h"
-#include "system/frmQSearch.h"
 #include "engine/WBCustomizer.h"
 #include "forms/FormKey.h"
 #include "forms/FormLock.h"
 #include "options/frmOptions1.h"
+#include "system/frmQSearch.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -270,8 +271,8 @@ void frmMain::openOptions()
     if (m_options || m_unloading)
         return;
     const Ground &ground = m_mainCode.ground();
-    m_options = new frmOptions1(this, {m_mainCode.settings, m_mainCode.flags, ground.store, ground.dialogs,
-                                       ground.paths, *m_formKeys});
+    m_options = new frmOptions1(
+        this, {m_mainCode.settings, m_mainCode.flags, ground.store, ground.dialogs, ground.paths, *m_formKeys});
     connect(m_options, &QDialog::finished, this, &frmMain::applyOptions);
     m_options->show();
 }
