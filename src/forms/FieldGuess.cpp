@@ -20,7 +20,7 @@ bool isButton(const engine::FormInput &input)
 /// The texts of an input, in the order in which they count.
 struct Readings
 {
-    enum Place { Name, Id, Label, AriaLabel, Placeholder, Count };
+    enum Place { Name, Id, Token, Label, AriaLabel, Placeholder, Count };
 
     std::array<TextReading, Count> all;
 
@@ -30,6 +30,9 @@ struct Readings
         all[Name] = readName(input.name);
         if (input.id != input.name)
             all[Id] = readName(input.id);
+        // Words of the page's own stand there, too: "first-name", "zip".
+        if (readToken(input.autocomplete).kind == None)
+            all[Token] = readName(input.autocomplete);
         // The label of a button is one of the alternatives.
         if (!entry.buttons.empty())
             return;
@@ -58,7 +61,7 @@ struct Readings
     /// counts least.
     FieldKinds parts() const
     {
-        for (const Place place : {Name, Id, Placeholder, AriaLabel, Label}) {
+        for (const Place place : {Name, Id, Token, Placeholder, AriaLabel, Label}) {
             const FieldKinds said = all[place].said;
             if (said.hasAny(Day, Month, Year, CardMonth, CardYear))
                 return said;
@@ -84,7 +87,7 @@ void decide(const Readings &readings, const FormEntry &entry, FieldGuess &guess)
         const TextReading &reading = readings.all[place];
         guess.kind = reading.kind;
         guess.isWeak = reading.isWeak;
-        guess.byName = place <= Readings::Id;
+        guess.byName = place <= Readings::Token;
     };
     const bool isNamedDatePart = isDatePart(readings.all[Readings::Name].kind);
     for (int place = Readings::Name; place < Readings::Count; ++place) {

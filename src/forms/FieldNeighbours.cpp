@@ -135,11 +135,20 @@ void settleBirthDates(Entries &entries, const RecordValues &record)
     }
 }
 
-/// "Name" beside a first name is the last name, and the other way round.
+/// "Name" beside a first name is the last name, and the other way round; a "title" behind the name is one of a job.
 void settleNames(Entries &entries)
 {
+    const auto isName = [](FieldKind kind) { return kind == FullName || kind == FirstName || kind == LastName; };
     for (int i = 0; i < count(entries); ++i) {
         FieldGuess &guess = entryAt(entries, i).guess;
+        if (guess.kind == Title && guess.isWeak && !entryAt(entries, i).isList()) {
+            const bool isBefore = isName(kindAt(entries, i + 1)) || isName(kindAt(entries, i + 2));
+            bool isBehind = false;
+            for (int distance = 1; distance <= kNear; ++distance)
+                isBehind = isBehind || isName(kindAt(entries, i - distance));
+            if (isBehind && !isBefore)
+                guess.kind = Job;
+        }
         if (guess.kind != FullName || !guess.isWeak)
             continue;
         const bool first = isNear(entries, i, 2, is(FirstName));
@@ -163,7 +172,8 @@ int piecesFrom(const Entries &entries, int at, qsizetype digits, FieldKind kind)
     for (int i = 0; i < kMost && at + i < count(entries); ++i) {
         const FormEntry &entry = entries[static_cast<size_t>(at + i)];
         const FieldKind said = entry.guess.kind;
-        const bool belongs = said == kind || (kind == Phone && isPhone(said)) || (i > 0 && said == None);
+        const bool isOpen = i > 0 && (said == None || entry.guess.isWeak);
+        const bool belongs = said == kind || (kind == Phone && isPhone(said)) || isOpen;
         if (!belongs || !isShortBox(entry))
             return 0;
         sum += entry.maxLength();
@@ -183,6 +193,18 @@ void deal(Entries &entries, int at, int pieces, FieldKind kind)
         entry.length = entry.maxLength();
         from += entry.length;
     }
+}
+
+/// A telephone input that has no words beside it: the one in front of it speaks for it.
+bool isWordless(const Entries &entries, int at)
+{
+    if (kindAt(entries, at) != Phone)
+        return false;
+    const FormEntry &entry = entries[static_cast<size_t>(at)];
+    const engine::FormInput &input = *entry.input;
+    const auto isLetter = [](QChar c) { return c.isLetter(); };
+    return !entry.guess.byToken && entry.maxLength() == 0 && input.placeholder.isEmpty() && input.ariaLabel.isEmpty() &&
+           std::ranges::none_of(input.label, isLetter);
 }
 
 /// Gives the inputs of a split telephone number their pieces, by their limits or by what they are called.
@@ -207,6 +229,17 @@ int settlePhone(Entries &entries, int at, const PhoneNumber &number)
                piecesFrom(entries, next, number.digits.size(), Phone) == 0)
             entryAt(entries, next++).guess.kind = Other;
         return next - at;
+    }
+    if (isWordless(entries, at + 1) && isWordless(entries, at + 2) && number.groups.size() == 3 &&
+        entry.maxLength() == 0) {
+        int from = 0;
+        for (int i = 0; i < 3; ++i) {
+            FormEntry &piece = entryAt(entries, at + i);
+            piece.from = from;
+            piece.length = number.groups[static_cast<size_t>(i)];
+            from += piece.length;
+        }
+        return 3;
     }
     if (entry.guess.kind == PhoneArea && kindAt(entries, at + 1) == Phone && !number.groups.empty()) {
         entryAt(entries, at + 1).guess.kind = PhoneLocal;
@@ -244,30 +277,20 @@ void settleCardNumbers(Entries &entries, const RecordValues &record)
 }
 
 /// A number of a card that only a text beside the input speaks of, and a code by a word that is used for other things,
-/// too, need another detail of a card near them.
+/// too, need another detail of a card in the frame.
 void settleCards(Entries &entries)
 {
-    constexpr int kFar = 24;
-    const auto isSure = [](const FieldGuess &guess) {
+    const auto isSure = [](const FormEntry &entry) {
+        const FieldGuess &guess = entry.guess;
         if (guess.kind == CardNumber)
             return guess.byToken || (guess.byName && !guess.isWeak);
         return isCard(guess.kind) && (guess.byToken || !guess.isWeak);
     };
-    // Distance to the last sure one before each entry, and then to the next one behind it.
-    std::vector<bool> isBacked(entries.size(), false);
-    for (const bool forwards : {true, false}) {
-        int distance = kFar + 1;
-        for (int i = 0; i < count(entries); ++i) {
-            const int at = forwards ? i : count(entries) - 1 - i;
-            distance = isSure(entryAt(entries, at).guess) ? 0 : distance + 1;
-            if (distance <= kFar)
-                isBacked[static_cast<size_t>(at)] = true;
-        }
-    }
-    for (int i = 0; i < count(entries); ++i) {
-        FieldGuess &guess = entryAt(entries, i).guess;
-        if (isCard(guess.kind) && !isBacked[static_cast<size_t>(i)])
-            guess.kind = None;
+    if (std::ranges::any_of(entries, isSure))
+        return;
+    for (FormEntry &entry : entries) {
+        if (isCard(entry.guess.kind))
+            entry.guess.kind = None;
     }
 }
 
@@ -302,13 +325,13 @@ void settleAddresses(Entries &entries)
     }
 }
 
-/// A county or region is asked for only where no state is.
-void settleStates(Entries &entries)
+/// A county is asked for only where no state is, and a suburb where no city is.
+void settleWeak(Entries &entries, FieldKind kind)
 {
-    const bool hasState = std::ranges::any_of(
-        entries, [](const FormEntry &entry) { return entry.guess.kind == State && !entry.guess.isWeak; });
+    const bool hasSure = std::ranges::any_of(
+        entries, [&](const FormEntry &entry) { return entry.guess.kind == kind && !entry.guess.isWeak; });
     for (FormEntry &entry : entries) {
-        if (hasState && entry.guess.kind == State && entry.guess.isWeak)
+        if (hasSure && entry.guess.kind == kind && entry.guess.isWeak)
             entry.guess.kind = Other;
     }
 }
@@ -330,5 +353,6 @@ void settleNeighbours(std::vector<FormEntry> &entries, const RecordValues &recor
     settleCardNumbers(entries, record);
     settleCards(entries);
     settleAddresses(entries);
-    settleStates(entries);
+    settleWeak(entries, State);
+    settleWeak(entries, City);
 }

@@ -154,6 +154,7 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
 {
     TextReading reading;
     std::optional<decltype(rankOf(Match{}))> best;
+    FieldKinds sure;
     forEachMatch(words, from, [&](const Match &match) {
         const FieldKind kind = match.phrase->kind;
         if (from == FieldWords::From::Prose && match.at >= kReach)
@@ -163,6 +164,8 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         reading.said.add(kind);
         if (!decides(kind))
             return;
+        if (!isWeak(match))
+            sure.add(kind);
         const auto rank = rankOf(match);
         if (best && *best <= rank)
             return;
@@ -170,6 +173,13 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         reading.kind = kind;
         reading.isWeak = isWeak(match);
     });
+    // "Telephone, user name or e-mail"
+    if (from == FieldWords::From::Prose && (reading.kind == FieldKind::Phone || reading.kind == FieldKind::Mail)) {
+        if (sure.has(FieldKind::User))
+            reading.kind = FieldKind::User;
+        else if (sure.has(FieldKind::Mail))
+            reading.kind = FieldKind::Mail;
+    }
     if (reading.said.has(FieldKind::Never))
         reading.kind = FieldKind::Never;
     return reading;
