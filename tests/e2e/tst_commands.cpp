@@ -266,6 +266,10 @@ private slots:
         QTRY_VERIFY(shown("engine::InternetOptions"));
         QTest::keyClick(shown("engine::InternetOptions"), Qt::Key_Escape);
         QTRY_VERIFY(!shown("engine::InternetOptions"));
+        f.press(Qt::Key_F9);
+        QTRY_VERIFY(shown("frmQSearch"));
+        QTest::keyClick(shown("frmQSearch"), Qt::Key_Escape);
+        QTRY_VERIFY(!shown("frmQSearch"));
         QVERIFY(f.choose(u"mnuHelpAbout"_s));
         QTRY_VERIFY(shown("QDialog"));
         // No key of the hook acts while it is up.
