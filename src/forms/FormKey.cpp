@@ -150,7 +150,7 @@ void FormKeys::handOver()
     m_service->write(entry, m_key->bytes(), [self, entry](bool isWritten) {
         if (!self || !isWritten)
             return;
-        self->m_service->read(entry, [self](std::optional<QByteArray> secret) {
+        self->m_service->read(entry, [self](const std::optional<QByteArray> &secret) {
             if (self && secret && readFile(self->m_file, kKeyFileSize) == secret)
                 QFile::remove(self->m_file);
         });
