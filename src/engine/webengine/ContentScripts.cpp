@@ -34,9 +34,11 @@ svg { flex: none; width: 20px; height: 20px; color: #6c7885; }
 .title, .short, .go { display: none; }
 .large { flex-direction: column; gap: 8px; }
 .large svg { width: 32px; height: 32px; }
-.large .title { display: block; font-weight: 600; }
-.large .go { display: block; padding: 4px 14px; color: #fff; background: #2a5d95; border-radius: 3px; }
+.wide { gap: 12px; }
+.large .title, .wide .title { display: block; font-weight: 600; }
+.large .go, .wide .go { display: block; padding: 4px 14px; color: #fff; background: #2a5d95; border-radius: 3px; }
 a:hover .go { background: #1f4b7c; }
+.middle { font-size: 12px; gap: 4px; }
 .middle .short { display: block; white-space: nowrap; }
 a.middle .short { color: #1f4b7c; text-decoration: underline; }
 .small { padding: 0; border-radius: 0; }
@@ -73,6 +75,7 @@ const boxFor = (e, texts, address) => {
     for (const name of kept) set(name, style.getPropertyValue(name));
     set('display', style.display.startsWith('inline') ? 'inline-block' : 'block');
     set('box-sizing', 'border-box');
+    set('overflow', 'hidden');
     const measure = () => {
         set('width', side(e, style, 'width', '300px'));
         set('height', side(e, style, 'height', '150px'));
@@ -100,7 +103,8 @@ const boxFor = (e, texts, address) => {
     root.adoptedStyleSheets = [sheet];
     root.append(inner);
     const fit = (width, height) => {
-        inner.className = width >= 190 && height >= 110 ? 'large' : width >= 90 && height >= 22 ? 'middle' : 'small';
+        inner.className = width >= 190 && height >= 110 ? 'large' : width >= 380 && height >= 36 ? 'wide'
+            : width >= 116 && height >= 22 ? 'middle' : 'small';
     };
     new ResizeObserver(entries => fit(entries[0].contentRect.width, entries[0].contentRect.height)).observe(host);
     e.before(host);

@@ -270,9 +270,6 @@ void WebBrowserControl::openWindow(QWebEngineNewWindowRequest &request)
         ++m_userClicks;
     else if (!takesWindowRequest())
         return;
-    // What a page asks for right after its load arrives before the engine tells that the load has ended.
-    if (!m_page->isLoading())
-        m_load.overtaken();
 
     WebBrowser *taker = nullptr;
     bool cancel = false;

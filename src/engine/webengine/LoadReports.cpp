@@ -104,15 +104,9 @@ void LoadReports::sign()
 
 void LoadReports::restWithoutFrames()
 {
-    m_framesOfLoad = 0;
-    overtaken();
-}
-
-void LoadReports::overtaken()
-{
-    if (!m_loading || m_mainRequested || m_endReported)
+    if (!m_loading || m_mainRequested)
         return;
-    m_onlyFrames.stop();
+    m_framesOfLoad = 0;
     m_endReported = true;
     close();
 }

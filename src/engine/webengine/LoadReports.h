@@ -30,8 +30,6 @@ public:
     /// Its document has been read; pictures and frames may still be missing.
     void read();
     void finished();
-    /// It has ended, which the engine will tell a little later.
-    void overtaken();
     /// A frame has loaded.
     void frameLoaded();
     /// Whatever may still be open ends now, unless the engine is to end it.
@@ -52,7 +50,7 @@ private:
     /// Frames whose load began during the load of the page itself, and has not ended.
     int m_framesOfLoad = 0;
     bool m_isRead = false;
-    /// The end of the load was reported before the engine told of it.
+    /// The end of the load was reported, although the engine still waits for frames.
     bool m_endReported = false;
     bool m_owed = false;
     bool m_loading = false;
