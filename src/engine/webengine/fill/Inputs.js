@@ -2,7 +2,6 @@
 
 const kTypes = new Set(['text', 'tel', 'email', 'url', 'number', 'date', 'month', 'week', 'time', 'datetime-local', 'radio',
                         'checkbox', 'select-one', 'textarea']);
-const kSecrets = new Set(['one-time-code', 'current-password', 'new-password']);
 const kLongest = 100;
 const kOptions = 300;
 
@@ -26,7 +25,7 @@ const isSearch = input => {
 };
 
 const isWanted = input => kTypes.has(input.type) && !input.readOnly && !input.matches(':disabled') && !isSearch(input) &&
-    !(attribute(input, 'autocomplete') || '').toLowerCase().split(/\s+/).some(token => kSecrets.has(token));
+    !/\bone-time-code\b/i.test(attribute(input, 'autocomplete') || '');
 
 /** Whether a choice list stands where its page has put it at first. */
 const isInitial = list => {

@@ -122,6 +122,10 @@ void PageFill::end()
 
 void PageFill::tell()
 {
+    // As long as a frame has not been heard, "nothing" is too early.
+    const auto isOpen = [](const Frame &frame) { return frame.reply || frame.reportedAt == 0; };
+    if (m_filled == 0 && m_end.isActive() && std::any_of(m_frames.begin(), m_frames.end(), isOpen))
+        return;
     if (m_told == m_filled || (m_filled == 0 && !m_userAsked))
         return;
     m_told = m_filled;

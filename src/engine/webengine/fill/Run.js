@@ -1,5 +1,5 @@
-// How a document takes part in a fill: it waits until it is told to begin, asks for the values of the inputs that it shows,
-// and looks again for some time, since many inputs come only after others have been filled.
+// One fill of a document: it asks for the values of the inputs that it shows, and looks again for some time, since many
+// inputs come only after others have been filled.
 
 // Milliseconds between the looks of one fill, which ends on the C++ side a little later.
 const kPauses = [0, 50, 150, 400, 600, 700, 700];
@@ -13,25 +13,6 @@ const kFrames = new Set(['iframe', 'frame', 'object', 'embed']);
 const frameWindows = new Map([['iframe', getter(HTMLIFrameElement, 'contentWindow')],
     ['frame', getter(HTMLFrameElement, 'contentWindow')], ['object', getter(HTMLObjectElement, 'contentWindow')]]);
 const frameDocument = getter(HTMLIFrameElement, 'contentDocument');
-
-// --- the way to the program ---
-
-// Documents that may not send requests (local files) leave them here, and the program fetches them.
-const outbox = new Map;
-let isDirect = false, requests = 0;
-
-const request = (op, values) => new Promise(done => {
-    if (isDirect && op !== 'wait') {
-        outbox.set(++requests, { op, values, done });
-        return;
-    }
-    const call = new XMLHttpRequest;
-    call.onload = () => done(call.responseText);
-    call.onerror = () => done(null);
-    const query = Object.entries(values).map(([name, value]) => '&' + name + '=' + encodeURIComponent(value)).join('');
-    call.open('GET', 'engine://fill/' + op + '?t=%TOKEN%' + query);
-    call.send();
-});
 
 // --- frames ---
 
@@ -161,7 +142,7 @@ const ask = async (fill, inputs, report) => {
     return answer === null ? null : JSON.parse(answer);
 };
 
-const fillIn = async (answers, isCurrent) => {
+const putAll = async (answers, isCurrent) => {
     const groups = { get: root => chosenGroups(root), has: () => true };
     let count = 0, until = performance.now() + kSliceMs;
     for (const [number, value] of answers) {
@@ -200,7 +181,7 @@ const round = async (fill, isFirst) => {
         secure: isSecureContext, from: location.origin, around: [...location.ancestorOrigins] });
     if (answers === null || !isCurrent())
         return false;
-    const count = pathOf(window) === path ? await fillIn(answers, isCurrent) : 0;
+    const count = pathOf(window) === path ? await putAll(answers, isCurrent) : 0;
     if (count > 0)
         request('done', { k: fill, n: count });
     return true;
@@ -227,35 +208,4 @@ const run = async fill => {
         watch.disconnect();
 };
 
-/** Waits for the next fill; there is always one request open, so that a fill can begin while another one runs. */
-const wait = async fill => {
-    for (;;) {
-        fill = await request('wait', { k: fill, m: window === window.top ? 1 : 0 });
-        if (!fill)
-            return;
-        isDirect = false;
-        run(fill);
-    }
-};
-
-globalThis.corvaneFill = {
-    begin: fill => {
-        isDirect = true;
-        run(fill);
-    },
-    take: () => JSON.stringify([...outbox].filter(([, call]) => !call.isTaken).map(([number, call]) => {
-        call.isTaken = true;
-        return [number, call.op, call.values];
-    })),
-    give: (number, answer) => {
-        const call = outbox.get(number);
-        outbox.delete(number);
-        if (call)
-            call.done(answer);
-    },
-};
-
-if (Reflect.apply(Object.getOwnPropertyDescriptor(Document.prototype, 'readyState').get, document, []) !== 'loading')
-    wait('');
-else
-    window.addEventListener('DOMContentLoaded', () => wait(''), { once: true });
+return run;

@@ -4,7 +4,7 @@
 
 namespace engine {
 
-/// The page's side of filling: Sight.js, Inputs.js and Run.js as one script, with %TOKEN% where the token goes.
+/// The page's side of filling: the .js files here as one script, with %TOKEN% where the token goes.
 const QString &fillScript();
 
 } // namespace engine

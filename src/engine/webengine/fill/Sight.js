@@ -1,5 +1,5 @@
-// What of a document the user can see or scroll to. First part of the script that Script.cpp.in puts together; it runs in a
-// world of its own, so a page cannot change what it calls. What a page can do is to name its parts like properties of forms
+// What of a document the user can see or scroll to. First part of what Script.cpp.in puts together; it runs in a world of the
+// program's own, so a page cannot change what it calls. What a page can do is to name its parts like properties of forms
 // and documents ("parentNode", "body"), which then hide the real ones: those are called through their prototypes only.
 
 // Smaller than this, in px, nobody can use an input, and in one narrower than the other nobody can read.
