@@ -85,24 +85,6 @@ private slots:
         }
     }
 
-    void rowsAndHiddenBands()
-    {
-        BandRows rows;
-        rows.append(0, false);
-        rows.append(1, true);
-        rows.append(2, true);
-        std::vector<BandNeed> needs{need(10, 10, 20), need(10, 10, 24), need(10, 10, 30)};
-        QCOMPARE(rows.layOut(needs, 100), 20 + 24 + 30 + 2 * BandRows::kLine);
-        QCOMPARE(needs[2].rect.top(), 20 + 24 + 2 * BandRows::kLine);
-        QCOMPARE(rows.lines(), std::vector<int>({20, 20 + BandRows::kLine + 24}));
-        // A row without a visible band takes no room, not even a line.
-        needs[1].visible = false;
-        QCOMPARE(rows.layOut(needs, 100), 20 + 30 + BandRows::kLine);
-        needs[0].visible = needs[2].visible = false;
-        QCOMPARE(rows.layOut(needs, 100), 0);
-        QVERIFY(!rows.drag(1, {5, 5}, 0));
-    }
-
     void draggingMovesBands()
     {
         BandRows rows;
@@ -236,56 +218,6 @@ private slots:
         QCOMPARE(pressed.size(), QSizeF(chevron->size()) * kTwipsPerPixel);
         bar.resize(400, bar.height());
         QVERIFY(chevrons().isEmpty());
-    }
-
-    void dragWithTheMouse()
-    {
-        QWidget window;
-        BandContainer bar(&window);
-        bar.resize(400, 10);
-        auto *one = new Content({100, 20});
-        auto *two = new Content({100, 20});
-        bar.AddBand(one, {}, true, false, u"One"_s);
-        bar.AddBand(two, {}, true, false, u"Two"_s);
-        window.resize(400, 200);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        const int height = bar.BarHeight();
-        // By the grip, left of the child, into the first row.
-        const QPoint grip(two->x() - 4, two->geometry().center().y());
-        QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
-        QTest::mouseMove(&bar, {300, one->geometry().center().y()});
-        QTest::mouseMove(&bar, {250, one->geometry().center().y()});
-        QTest::mouseRelease(&bar, Qt::LeftButton);
-        QVERIFY(bar.BarHeight() < height);
-        QCOMPARE(two->y(), one->y());
-        QVERIFY(qAbs(two->x() - 250) < 8);
-        QTest::mousePress(&bar, Qt::LeftButton, {}, QPoint(two->x() - 4, 5));
-        QTest::mouseMove(&bar, {100, 100});
-        QTest::mouseRelease(&bar, Qt::LeftButton);
-        QCOMPARE(bar.BarHeight(), height);
-        QVERIFY(two->y() > one->y());
-    }
-
-    void removalGivesTheChildrenBack()
-    {
-        QWidget window;
-        BandContainer bar(&window);
-        auto *own = new QWidget(&window);
-        QPointer<QWidget> gone = new Content({10, 10});
-        bar.AddBand(own, {}, true, false, u"Own"_s);
-        bar.AddBand(gone, {}, true, false, u"Gone"_s);
-        // A child that ends before its band costs nothing.
-        delete gone;
-        bar.resize(200, 10);
-        bar.RecalculateLayout();
-        bar.RemoveAllBands();
-        QCOMPARE(bar.BandCount(), 0);
-        QCOMPARE(bar.BarHeight(), 0);
-        QCOMPARE(own->parentWidget(), &window);
-        QVERIFY(own->isHidden());
-        bar.DestroyBar();
-        QVERIFY(bar.isHidden());
     }
 
     void backgroundThatIsNoPicture()

@@ -303,31 +303,6 @@ private slots:
         QTRY_COMPARE(asked, QList<QWidget *>{b});
         QCOMPARE(window.frame->forms().size(), 2); // it is the program that closes
     }
-
-    void childControlsServeTheMaximisedChild()
-    {
-        Window window;
-        QWidget *controls = window.frame->childControls();
-        auto *bar = new QWidget;
-        auto *row = new QHBoxLayout(bar);
-        window.setMenuWidget(bar);
-        row->addWidget(controls);
-        window.open();
-        QVERIFY(!controls->isVisible());
-        Form *a = window.add(u"a"_s);
-        QVERIFY(controls->isVisible());
-        const QList<QAbstractButton *> buttons = controls->findChildren<QAbstractButton *>();
-        QCOMPARE(buttons.size(), 3);
-        for (const QAbstractButton *button : buttons)
-            QVERIFY(!button->accessibleName().isEmpty());
-        buttons[1]->click();
-        QCOMPARE(window.frame->WindowState(a), vbNormal);
-        QVERIFY(!controls->isVisible());
-        window.frame->setWindowState(a, vbMaximized);
-        QVERIFY(controls->isVisible());
-        window.frame->removeForm(a);
-        QVERIFY(!controls->isVisible());
-    }
 };
 
 QTEST_MAIN(TestMdiFrame)

@@ -59,21 +59,6 @@ private slots:
         QVERIFY(bar.PanelRect(2).width() > bar.fontMetrics().horizontalAdvance(QString(60, u'8')));
     }
 
-    void panelsByKeyAndIndex()
-    {
-        Bar bar;
-        bar.setPanelText(1, u"Done"_s);
-        QCOMPARE(bar.PanelText(u"Item1"_s), u"Done"_s);
-        bar.setPanelToolTip(u"Item4"_s, u"tip"_s);
-        QCOMPARE(bar.PanelToolTip(u"Item4"_s), u"tip"_s);
-        QCOMPARE(bar.PanelIcon(u"Item5"_s), -1);
-        QCOMPARE(bar.PanelIndex(u"Item6"_s), 6);
-        QVERIFY_THROWS_EXCEPTION(ControlError, bar.setPanelText(8, {}));
-        QVERIFY_THROWS_EXCEPTION(ControlError, bar.setPanelIcon(u"Item8"_s, 1));
-        QVERIFY_THROWS_EXCEPTION(ControlError, bar.RedrawPanel(u"item1"_s));
-        QVERIFY_THROWS_EXCEPTION(ControlError, bar.PanelRect(0));
-    }
-
     void onlyWhatChangedIsPainted()
     {
         Bar bar;
@@ -92,21 +77,6 @@ private slots:
         QCOMPARE(paintedBy([&] { bar.setPanelIcon(u"Item4"_s, 3); }), QRegion());
         QCOMPARE(paintedBy([&] { bar.RedrawPanel(u"Item6"_s); }), QRegion(bar.PanelRect(6)));
         QCOMPARE(paintedBy([&] { bar.setPanelText(1, QString(1'000'000, u'w')); }), QRegion(bar.PanelRect(1)));
-    }
-
-    void ownerDrawCannotLeaveItsPanel()
-    {
-        Bar bar;
-        connect(&bar, &StatusBar::ownerDraw, this, [](QPainter *painter, int index, const QRect &rect) {
-            QCOMPARE(index, 6);
-            painter->fillRect(rect.adjusted(-50, -50, 100, 50), Qt::red);
-        });
-        const QImage image = bar.grab().toImage();
-        const QRect rect = bar.PanelRect(6);
-        QCOMPARE(image.pixelColor(rect.topLeft()), QColor(Qt::red));
-        QCOMPARE(image.pixelColor(rect.bottomRight()), QColor(Qt::red));
-        QVERIFY(image.pixelColor(rect.right() + 1, rect.center().y()) != QColor(Qt::red));
-        QVERIFY(image.pixelColor(rect.left() - 1, rect.center().y()) != QColor(Qt::red));
     }
 
     void doubleClicksNameTheirPanel()

@@ -51,30 +51,6 @@ class TestTabControl : public QObject
 {
     Q_OBJECT
 private slots:
-    void collectionCountsFromOne()
-    {
-        Strip strip;
-        strip.fill(3);
-        QVERIFY_THROWS_EXCEPTION(ControlError, strip.Tabs(0));
-        QVERIFY_THROWS_EXCEPTION(ControlError, strip.Tabs(4));
-        QVERIFY_THROWS_EXCEPTION(ControlError, strip.Tabs().Remove(4));
-
-        strip.Tabs(3).setSelected(true);
-        strip.Tabs(3).setTag(u"1"_s);
-        strip.Tabs().Remove(1);
-        QCOMPARE(strip.Tabs().Count(), 2);
-        QCOMPARE(strip.Tabs(2).Tag(), u"1"_s);
-        QCOMPARE(strip.Tabs(2).Index(), 2);
-        QVERIFY(strip.Tabs(2).Selected());
-        QCOMPARE(strip.SelectedTab(), &strip.Tabs(2));
-
-        strip.Tabs().Remove(2);
-        strip.Tabs().Remove(1);
-        QCOMPARE(strip.SelectedTab(), nullptr);
-        QVERIFY(strip.closeButton()->isHidden());
-        QCOMPARE(strip.log, QStringList()); // none of it was a click
-    }
-
     void mouseTellsButtonsAndKeysAndSelectsNothing_data()
     {
         QTest::addColumn<Qt::MouseButton>("button");
@@ -104,18 +80,6 @@ private slots:
         QTest::mouseClick(&strip, button, keys, strip.empty());
         QCOMPARE(strip.log, (QStringList{onTab, onBar}));
         QVERIFY(strip.Tabs(1).Selected());
-    }
-
-    void doubleClickFollowsItsFirstPress()
-    {
-        Strip strip;
-        strip.fill(2);
-        strip.doubleClick(strip.middleOf(2));
-        strip.doubleClick(strip.empty(), Qt::ShiftModifier);
-        QCOMPARE(strip.log,
-                 (QStringList{u"click Page number 2 1 0"_s, u"double Page number 2"_s, u"bar 1 1"_s, u"bar 1 2 -1"_s}));
-        QTest::mouseDClick(&strip, Qt::MiddleButton, {}, strip.middleOf(2));
-        QCOMPARE(strip.log.last(), u"click Page number 2 4 0"_s);
     }
 
     /// Where a click closes its tab, the second click of a double click meets another one, or none.

@@ -143,21 +143,6 @@ private slots:
         QCOMPARE(f.count(), 0);
     }
 
-    void geometryStaysOnTheDesktop()
-    {
-        DocumentFixture f;
-        const QRect desktop = f.navigator.screen()->virtualGeometry();
-        f.navigator.setWidth(1e30);
-        f.navigator.setHeight(-5);
-        f.navigator.setLeft(-1e9);
-        f.navigator.setTop(1e9);
-        QVERIFY(desktop.contains(f.navigator.pos()));
-        QVERIFY(f.navigator.width() <= desktop.width() && f.navigator.height() >= 0);
-        f.navigator.move(desktop.bottomRight() * 3);
-        f.navigator.show();
-        QVERIFY(desktop.intersects(f.navigator.frameGeometry()));
-    }
-
 private:
     static QAction *button(frmNavigator &navigator, const QString &text)
     {

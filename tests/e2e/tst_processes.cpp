@@ -183,44 +183,6 @@ private slots:
         QCOMPARE(third.end(SIGTERM), 0);
     }
 
-    void badSettingsFile_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<bool>("isFirstTime"); // nothing of it could be used
-        QTest::newRow("garbage") << QByteArray("\x00\xff\x01[[[\n=\n\xc3(", 12) << true;
-        QTest::newRow("wrong types") << QByteArray(
-                                            "[Corvane/Settings]\nFirstTime=False\nMainLeft=left\nMainWidth=1e99\n"
-                                            "HistoryCount=-7\nDocumentCount=many\nMainMaximized=\n"
-                                            "[Corvane/General]\nMinimizeToTray=perhaps\nLoadAction=x\n")
-                                     << false;
-    }
-
-    void badSettingsFile()
-    {
-        QFETCH(const QByteArray, content);
-        QFETCH(const bool, isFirstTime);
-        QFile file(settingsFile());
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(content);
-        file.close();
-        Program program(home());
-        QVERIFY(program.start({at(u"/a"_s)}));
-        QVERIFY(program.waitForWindow());
-        if (!isFirstTime)
-            QVERIFY(m_site.waitFor("/loaded/a"));
-        Program second(home());
-        QVERIFY(second.start({at(u"/b"_s)}));
-        QVERIFY(m_site.waitFor("/loaded/b"));
-        QCOMPARE(m_site.count("/a"), isFirstTime ? 0 : 1);
-        QCOMPARE(program.end(SIGTERM), 0);
-        QCOMPARE(get(u"FirstTime"_s), u"False"_s);
-        QVERIFY(get(u"MainWidth"_s).toDouble() > 0);
-        // What could not be read is not lost.
-        QFile kept(settingsFile() + u".damaged"_s);
-        QCOMPARE(kept.open(QIODevice::ReadOnly) ? kept.readAll() : QByteArray(), isFirstTime ? content : QByteArray());
-        QCOMPARE(QFileInfo(settingsFile()).permissions() & QFile::Permissions(0x77), QFile::Permissions());
-    }
-
     void badProgramFolder_data()
     {
         QTest::addColumn<QString>("folder"); // below the home
