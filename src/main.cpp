@@ -17,6 +17,7 @@
 #include <QSocketNotifier>
 #include <csignal>
 #include <cstdio>
+#include <malloc.h>
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <unistd.h>
@@ -73,6 +74,14 @@ bool rootWithoutLeave()
     return geteuid() == 0 && qEnvironmentVariableIntValue("QTWEBENGINE_DISABLE_SANDBOX") != 1;
 }
 
+/// One heap for all threads that gives back what it no longer needs: with a heap for each of the engine's many threads
+/// the program holds 12 MiB more, measured with six documents. The threads that work hard have allocators of their own.
+void keepMemorySmall()
+{
+    mallopt(M_ARENA_MAX, 1);
+    mallopt(M_TRIM_THRESHOLD, 64 * 1024);
+}
+
 void describeApplication()
 {
     QCoreApplication::setApplicationName(u"Corvane"_s);
@@ -124,6 +133,7 @@ int main(int argc, char **argv)
             stderr);
         return 1;
     }
+    keepMemorySmall();
     const QString command = QString::fromStdString(instance::commandLine(argc, argv));
     engine::registerSchemes();
     describeApplication();

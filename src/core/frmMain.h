@@ -20,6 +20,7 @@
 
 class Commands;
 class FormKeys;
+class CaretRest;
 class KeyboardHook;
 class QVBoxLayout;
 class QLabel;
@@ -187,6 +188,7 @@ private:
     std::unique_ptr<Bands> m_bands;
     std::unique_ptr<Commands> m_commands;
     std::unique_ptr<KeyboardHook> m_keyboardHook;
+    std::unique_ptr<CaretRest> m_caretRest;
     std::unique_ptr<SiteBlocker> m_siteBlocker;
     std::unique_ptr<FormKeys> m_formKeys;
     std::unique_ptr<DocumentContext> m_documents;

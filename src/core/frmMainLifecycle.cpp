@@ -1,6 +1,7 @@
 // The life of the main window: load, resize, minimising, close.
 
 #include "core/AllSettings.h"
+#include "core/CaretRest.h"
 #include "core/KeyboardHook.h"
 #include "core/frmMain.h"
 #include "core/frmMainCommands.h"
@@ -86,6 +87,7 @@ void frmMain::MDIForm_Load()
     m_mainCode.SubclassMainWindow();
     trace("InstallKeyboardHook");
     installKeyboardHook();
+    m_caretRest = std::make_unique<CaretRest>();
     trace("InitInterface");
     InitInterface();
     // LoadFavorites
@@ -123,9 +125,8 @@ void frmMain::installKeyboardHook()
 SettingsTargets frmMain::settingsTargets()
 {
     const Ground &ground = m_mainCode.ground();
-    return {ground.store, ground.paths, m_mainCode.settings, *this,  *navigator,  *cReBar1,   *m_cMenu,
-            *AddressBar,  miscIL,       *vbalStatusBar1,     *goNew, ground.tray, g_sNextSkin,
-            *m_siteBlocker};
+    return {ground.store, ground.paths, m_mainCode.settings, *this,  *navigator,  *cReBar1,    *m_cMenu,
+            *AddressBar,  miscIL,       *vbalStatusBar1,     *goNew, ground.tray, g_sNextSkin, *m_siteBlocker};
 }
 
 void frmMain::loadAllSettings()

@@ -14,8 +14,6 @@ namespace engine {
 
 namespace {
 
-constexpr quint32 kContentWorld = QWebEngineScript::UserWorld + 5;
-
 PartKind kindOf(QWebEngineUrlRequestInfo::ResourceType type)
 {
     switch (type) {
@@ -68,7 +66,7 @@ void ContentEffects::apply()
     settings->setAttribute(QWebEngineSettings::PdfViewerEnabled, hasPlugins);
     m_page.setAudioMuted(!(m_holds & DLCTL_BGSOUNDS));
 
-    PageChannel::setScript(m_page, u"content"_s, contentScript({m_token, hasVideo, hasPlugins}), kContentWorld);
+    PageChannel::setScript(m_page, u"content"_s, contentScript({m_token, hasVideo, hasPlugins}), PageChannel::kWorld);
     PageChannel::setScript(m_page, u"video"_s, hasVideo ? QString() : videoScript(), QWebEngineScript::MainWorld);
     PageChannel::setScript(m_page, u"java"_s, hasJava ? QString() : javaScript(), QWebEngineScript::MainWorld);
 }
@@ -101,7 +99,7 @@ void ContentEffects::blockFlash()
             PageChannel::answer(job, "block");
     }
     // Local files cannot reach the channel.
-    m_page.runJavaScript(blockFlashScript(), kContentWorld);
+    m_page.runJavaScript(blockFlashScript(), PageChannel::kWorld);
 }
 
 bool ContentEffects::isMuted() const

@@ -14,9 +14,6 @@ namespace engine {
 
 namespace {
 
-/// World of the script that reports loaded frames; each purpose has a world of its own above the engine's.
-constexpr quint32 kFrameWorld = QWebEngineScript::UserWorld + 1;
-
 /// Replaces the three boxes in every document. What the replacement needs is taken before the page can change it. A
 /// document that may not use the channel (a local file, a sandboxed frame) falls back on the engine's own boxes.
 const QString &boxScript()
@@ -91,7 +88,7 @@ void PageChannel::join(QWebEnginePage &page, Client &client, WindowClose close)
                   .replace("%CLOSE%"_L1,
                            close == WindowClose::Allowed ? QString() : u"window.close = function close() {};"_s),
               QWebEngineScript::MainWorld);
-    setScript(page, u"frames"_s, QString(frameScript()).replace("%TOKEN%"_L1, frameToken), kFrameWorld);
+    setScript(page, u"frames"_s, QString(frameScript()).replace("%TOKEN%"_L1, frameToken), kWorld);
 }
 
 QString PageChannel::listen(Listener listener)

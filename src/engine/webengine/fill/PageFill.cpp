@@ -19,7 +19,6 @@ namespace engine {
 
 namespace {
 
-constexpr quint32 kFillWorld = QWebEngineScript::UserWorld + 3;
 /// How long frames may ask for values after the command. Their script looks for new inputs a little less long.
 constexpr int kFillMs = 3500;
 /// After so long without news the user is told how many inputs were filled.
@@ -54,7 +53,7 @@ PageFill::PageFill(PageChannel &channel, QWebEnginePage &page, Surroundings surr
     , m_surroundings(std::move(surroundings))
     , m_token(channel.listen([this](QWebEngineUrlRequestJob *job) { requested(*job); }))
 {
-    PageChannel::setScript(page, u"fill"_s, QString(fillScript()).replace("%TOKEN%"_L1, m_token), kFillWorld);
+    PageChannel::setScript(page, u"fill"_s, QString(fillScript()).replace("%TOKEN%"_L1, m_token), PageChannel::kWorld);
     m_end.setSingleShot(true);
     m_quiet.setSingleShot(true);
     m_direct.setSingleShot(true);
@@ -330,7 +329,7 @@ void PageFill::runInPage(const QString &script, const std::function<void(const Q
     if (m_page.url() != m_directUrl)
         return;
     const QPointer<PageFill> guard(this);
-    m_page.runJavaScript(script, kFillWorld, [guard, key = m_directKey, done](const QVariant &result) {
+    m_page.runJavaScript(script, PageChannel::kWorld, [guard, key = m_directKey, done](const QVariant &result) {
         if (guard && guard->isRunning() && guard->m_directKey == key)
             done(result);
     });
