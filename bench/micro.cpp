@@ -1,6 +1,7 @@
 // What single events cost with many documents open, without an engine.
 
 #include "blocking/BlackListSearch.h"
+#include "engine/ContentControl.h"
 #include "support/DocumentFixture.h"
 
 #include <QApplication>
@@ -112,6 +113,20 @@ void blackListTest(benchmark::State &state)
         state.SkipWithError("the search does not see what is on the list");
 }
 BENCHMARK(blackListTest)->ArgName("alike")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
+/// What the content policy costs a request of a page in the dearest case: everything is off, and only the address
+/// tells. The address comes as text, as the engine hands it over.
+void contentPolicy(benchmark::State &state)
+{
+    const QString address = u"https://www.example.com/"_s + QString(500, u'a') + u".js?q=1"_s;
+    const int32_t nothing = engine::DLCTL_NO_SCRIPTS | engine::DLCTL_NO_JAVA | engine::DLCTL_NO_RUNACTIVEXCTLS;
+    bool refused = false;
+    for ([[maybe_unused]] auto iteration : state)
+        refused = engine::isPartRefused(nothing, engine::PartKind::Other, QUrl(address)) || refused;
+    if (refused || !engine::isPartRefused(nothing, engine::PartKind::Image, QUrl(address)))
+        state.SkipWithError("the policy does not see what is off");
+}
+BENCHMARK(contentPolicy)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
