@@ -8,8 +8,6 @@
 #include "core/state/Settings.h"
 #include "core/state/SettingsStore.h"
 
-#include <QApplication>
-#include <QMenu>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>

@@ -8,8 +8,6 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QVBoxLayout>
-#include <QXmlStreamReader>
 
 using namespace Qt::StringLiterals;
 using controls::BandContainer;

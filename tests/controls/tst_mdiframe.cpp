@@ -1,13 +1,11 @@
 #include "base/step.h"
 #include "controls/MdiFrame.h"
 
-#include <QAbstractButton>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScopedPointer>
 #include <QTest>
 #include <QVBoxLayout>
 

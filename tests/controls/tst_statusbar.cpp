@@ -2,7 +2,6 @@
 #include "controls/StatusBar.h"
 
 #include <QPaintEvent>
-#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 

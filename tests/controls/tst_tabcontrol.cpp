@@ -2,8 +2,6 @@
 #include "controls/GlyphButton.h"
 #include "controls/TabControl.h"
 
-#include <QAccessible>
-#include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
 

@@ -1,7 +1,6 @@
 #include "core/KeyboardHook.h"
 #include "core/state/ProcessFlags.h"
 
-#include <QLineEdit>
 #include <QTest>
 
 class tst_KeyboardHook : public QObject

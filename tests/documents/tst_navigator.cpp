@@ -1,6 +1,5 @@
 #include "support/DocumentFixture.h"
 
-#include <QHeaderView>
 #include <QSignalSpy>
 #include <QTest>
 

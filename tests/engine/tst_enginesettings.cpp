@@ -1,7 +1,6 @@
 #include "base/Files.h"
 #include "engine/EngineSettings.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>

@@ -3,9 +3,7 @@
 
 #include "controls/PageBox.h"
 
-#include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;

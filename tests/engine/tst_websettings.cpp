@@ -5,9 +5,7 @@
 #include "engine/InternetOptions.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QComboBox>
-#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSpinBox>
