@@ -9,11 +9,11 @@
 #include "desktop/TrayIcon.h"
 #include "engine/Engine.h"
 #include "engine/webengine/WebEngineFactory.h"
+#include "support/HomeFolder.h"
 #include "support/RecordingDialogs.h"
 #include "support/RecordingSound.h"
 
 #include <QApplication>
-#include <QTemporaryDir>
 #include <QTest>
 #include <memory>
 
@@ -82,7 +82,7 @@ public:
     RecordingSound sound;
 
 private:
-    QTemporaryDir m_home;
+    HomeFolder m_home;
     desktop::Paths m_paths;
     std::unique_ptr<SettingsStore> m_store;
     std::unique_ptr<engine::Engine> m_engine;

@@ -3,12 +3,12 @@
 
 #include "core/state/SettingsStore.h"
 #include "desktop/Paths.h"
+#include "support/HomeFolder.h"
 #include "support/LoopbackSite.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
 #include <sys/resource.h>
@@ -22,7 +22,7 @@ class tst_Processes : public QObject
     Q_OBJECT
 
     LoopbackSite m_site;
-    std::unique_ptr<QTemporaryDir> m_home;
+    std::unique_ptr<HomeFolder> m_home;
 
     QString at(const QString &path) const { return m_site.address(path); }
     QString home() const { return m_home->path(); }
@@ -40,7 +40,7 @@ class tst_Processes : public QObject
 private slots:
     void init()
     {
-        m_home = std::make_unique<QTemporaryDir>();
+        m_home = std::make_unique<HomeFolder>();
         QVERIFY(m_home->isValid());
         set(u"Settings"_s, u"FirstTime"_s, u"False"_s);
         set(u"Settings"_s, u"MainMaximized"_s, u"False"_s);
@@ -67,7 +67,7 @@ private slots:
         QCOMPARE(second.complaints(), QStringList());
 
         // A file of the folder where the second one is started.
-        const QTemporaryDir elsewhere;
+        const HomeFolder elsewhere;
         QFile file(elsewhere.filePath(u"a page.html"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("<title>File</title>");

@@ -4,11 +4,11 @@
 #include "engine/VisitLog.h"
 #include "engine/WebBrowser.h"
 #include "engine/webengine/WebEngineFactory.h"
+#include "support/HomeFolder.h"
 #include "support/LoopbackSite.h"
 
 #include <QElapsedTimer>
 #include <QStringList>
-#include <QTemporaryDir>
 #include <QTest>
 
 /// A browser in a window of its own that writes down everything it reports.
@@ -58,7 +58,7 @@ private:
 /// One engine for all tests of a program, made anew for none of them.
 struct TestEngine
 {
-    QTemporaryDir folder;
+    HomeFolder folder;
     std::unique_ptr<engine::Engine> engine;
 
     TestEngine();
