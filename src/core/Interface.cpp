@@ -7,6 +7,7 @@
 #include "core/state/ProcessFlags.h"
 
 #include <QDateTime>
+#include <QFont>
 #include <QLocale>
 #include <QPainter>
 #include <cmath>
@@ -19,6 +20,19 @@ namespace {
 /// The renderer gets the panel's right and bottom edge as width and height, the right edge moved out by this much, so
 /// that the surface is never cut before the panel ends.
 constexpr int kBeyondPanel = 100;
+
+/// Gives the bar as many pixels as the screen has for its size, so that it is sharp at every scale.
+void fitToScreen(cMediaProgress &cProgress, double ratio)
+{
+    const int width = qRound(kProgressWidth * ratio);
+    if (cProgress.Width() == width)
+        return;
+    QFont font = cProgress.Font();
+    font.setPointSizeF(kProgressFont * ratio);
+    cProgress.setFont(font);
+    cProgress.setHeight(qRound(kProgressHeight * ratio));
+    cProgress.setWidth(width);
+}
 
 /// The plain bar of a platform that is not of the NT family: a filled part and the percentage over it.
 void drawPlainProgress(QPainter &painter, const QRect &rect, int p)
@@ -80,10 +94,14 @@ void drawProgressPanel(QPainter &painter, const QRect &rect, const StatusBar &ba
         return;
     if (idle)
         p = 100;
+    const double ratio = painter.device()->devicePixelRatioF();
+    fitToScreen(cProgress, ratio);
     const bool complete = p == 100;
     cProgress.setShowPercentage(!complete);
     cProgress.setText(LoadResString(complete ? 20052 : 20053));
     cProgress.setValue(p);
-    cProgress.Draw(painter, rect.left(), rect.top(), rect.left() + rect.width() + kBeyondPanel,
-                   rect.top() + rect.height(), 255);
+    painter.translate(rect.topLeft());
+    painter.scale(1 / ratio, 1 / ratio);
+    cProgress.Draw(painter, 0, 0, qRound((rect.left() + rect.width() + kBeyondPanel) * ratio),
+                   qRound((rect.top() + rect.height()) * ratio), 255);
 }

@@ -45,6 +45,11 @@ struct WindowLine
 /// by name, "&More Windows..." is the eleventh. Does nothing when there is no such item.
 void BuildWindowMenu(controls::PopupMenu &menu, const QString &key, const std::vector<WindowLine> &forms);
 
+/// Size of the progress bar in the status bar, in device-independent pixels, and of its letters, in points.
+inline constexpr int kProgressWidth = 172;
+inline constexpr int kProgressHeight = 20;
+inline constexpr double kProgressFont = 8.25;
+
 /// Adds the seven panels. `Item6` is painted by drawProgressPanel.
 void InitStatusBar(controls::StatusBar &bar, const controls::ImageList &miscIL);
 /// Date and time into `Item2`, in the short formats of the system.

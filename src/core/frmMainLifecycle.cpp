@@ -51,9 +51,6 @@ constexpr int kAddressBarRoom = 700;
 constexpr int kGoRoom = 500;
 constexpr int kGoNewRoom = 450;
 
-/// Width of the progress bar in the status bar, in pixels.
-constexpr int kProgressWidth = 172;
-
 /// Part of the window that has to lie on a screen, so that the user can get hold of it.
 constexpr QSize kReachable(120, 40);
 
