@@ -3,6 +3,7 @@
 #include "core/state/SettingsStore.h"
 #include "forms/FieldTable.h"
 #include "forms/FormStore.h"
+#include "forms/Matching.h"
 
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -67,5 +68,47 @@ void formFileLoad(benchmark::State &state)
     }
 }
 BENCHMARK(formFileLoad)->ArgName("key")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
+/// A frame of a checkout, over and over: every tenth input a list of all countries.
+engine::FrameForm checkout(int inputs)
+{
+    const QStringList names{u"billing_first_name"_s, u"billing_last_name"_s, u"customer[email]"_s,
+                            u"billing_address_1"_s,  u"billing_city"_s,      u"postcode"_s,
+                            u"txtHomePhone"_s,       u"card_number"_s,       u"field_17"_s,
+                            u"billing_country"_s};
+    engine::FrameForm frame;
+    frame.secure = true;
+    for (int i = 0; i < inputs; ++i) {
+        const QString &name = names[i % names.size()];
+        engine::FormInput input{i, u"text"_s, name, u"id_"_s + name, u"on"_s, u"Enter it here, please *"_s, {}, {},
+                                0, {},        {}};
+        if (name.endsWith(u"country")) {
+            input.type = u"select-one"_s;
+            for (const QString &country : rowsOf(&FormValues::Country))
+                input.options.push_back({country.first(2), country});
+        }
+        frame.inputs.push_back(input);
+    }
+    return frame;
+}
+
+/// What a page of 1,000 inputs over ten frames costs on our side of it.
+void formMatch(benchmark::State &state)
+{
+    QTemporaryDir folder;
+    SettingsStore settings(folder.filePath(u"settings.ini"_s));
+    FormKeys keys(folder.path());
+    Unwritten store(keys);
+    BuildFormFields(fullPage(), store, settings, QString());
+    const engine::FrameForm frame = checkout(100);
+    size_t answers = 0;
+    for ([[maybe_unused]] auto iteration : state) {
+        answers = 0;
+        for (int i = 0; i < 10; ++i)
+            answers += MatchForm(store.fields(), frame, false).size();
+    }
+    state.counters["answers"] = static_cast<double>(answers);
+}
+BENCHMARK(formMatch)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -36,8 +36,9 @@ bool isPathMark(QChar character)
 
 QChar folded(QChar character)
 {
-    if (character.unicode() < 0x80)
-        return character.toLower();
+    const char16_t code = character.unicode();
+    if (code < 0x80)
+        return code >= u'A' && code <= u'Z' ? QChar(code | 0x20) : character;
     if (hasAccents(character)) {
         const QString parts = character.decomposition();
         if (!parts.isEmpty())
@@ -100,8 +101,8 @@ FieldWords::FieldWords(QStringView text, From from)
         edge = false;
         before = character;
     }
-    m_edges.push_back(true);
-    m_parts.push_back(m_part);
+    m_edges[static_cast<size_t>(size())] = true;
+    m_parts[static_cast<size_t>(size())] = m_part;
 }
 
 void FieldWords::takeWord(QStringView word)
@@ -112,7 +113,9 @@ void FieldWords::takeWord(QStringView word)
 
 void FieldWords::take(QChar character, bool edge)
 {
+    if (size() == kLimit)
+        return;
+    m_edges[static_cast<size_t>(size())] = edge;
+    m_parts[static_cast<size_t>(size())] = m_part;
     m_letters += folded(character);
-    m_edges.push_back(edge);
-    m_parts.push_back(m_part);
 }

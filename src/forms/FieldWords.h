@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QString>
-#include <vector>
+#include <array>
 
 /// A text of a page, or a word of ours, as letters and digits alone: in lower case, without accents, blanks and marks.
 /// Where words began and ended is kept beside it, so that "first_name", "firstName" and "First name" are one and the
@@ -35,10 +35,10 @@ private:
     void takeWord(QStringView word);
 
     QString m_letters;
-    std::vector<bool> m_edges;
-    std::vector<int> m_parts;
+    std::array<bool, kLimit + 1> m_edges{};
+    std::array<quint8, kLimit + 1> m_parts{};
     qsizetype m_remark = -1;
-    int m_part = 0;
+    quint8 m_part = 0;
 };
 
 /// Shorthand for the letters alone, uncut.

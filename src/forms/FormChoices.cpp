@@ -99,14 +99,17 @@ int numberIn(QStringView text)
     return first == last || last - first > kMostDigits ? -1 : QStringView(first, last).toInt();
 }
 
-/// A number and nothing else but what an ordinal or a mark adds ("3rd", "3.", "'29", "3日").
+/// A number and nothing else but what an ordinal or a mark adds ("3rd", "3.", "'29", "3日"); -1 otherwise.
 int soleNumber(const QString &text)
 {
     constexpr int kMostLetters = 2;
-    const int number = numberIn(text);
-    const auto others = std::ranges::count_if(text, [](QChar c) { return c.isLetter(); });
-    const auto digits = std::ranges::count_if(text, [](QChar c) { return c.isDigit(); });
-    return others > kMostLetters || digits > QString::number(std::max(number, 0)).size() + 1 ? -1 : number;
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    const auto *first = std::ranges::find_if(text, isDigit);
+    const auto *end = std::find_if_not(first, text.end(), isDigit);
+    const bool hasMore = std::any_of(end, text.end(), isDigit);
+    if (hasMore || std::ranges::count_if(text, [](QChar c) { return c.isLetter(); }) > kMostLetters)
+        return -1;
+    return numberIn(text);
 }
 
 /// The row of words that holds one; -1 for none.
@@ -170,10 +173,15 @@ int optionOfCountry(const Options &options, const RecordValues &record)
 {
     if (record.country.isEmpty())
         return -1;
+    // By far the most common way, without a closer look at hundreds of names.
+    const QString name = record.countryName();
+    const int plain = firstThat(
+        options, [&](const FormOption &option) { return option.text.compare(name, Qt::CaseInsensitive) == 0; });
+    if (plain >= 0 && !name.isEmpty())
+        return plain;
     const FoldedOptions folded = foldedOptions(options);
-    const QString code = record.countryCode();
-    const QStringList names = namesOfCountry(code, record.countryName());
-    const QStringList codes = codesOfCountry(code);
+    const QStringList &names = record.countryNames;
+    const QStringList &codes = record.countryCodes;
     const int position = optionOfWords(folded, names + codes);
     if (position >= 0)
         return position;

@@ -1,6 +1,9 @@
 #include "forms/RecordValues.h"
 
+#include "forms/PlaceNames.h"
+
 #include <QHash>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -43,16 +46,19 @@ private:
 /// Keys that the record's table knows; what stands under another one is the user's own.
 bool isOfTable(const QString &key)
 {
-    static const QStringList keys = u"title sex gender user fullname full_name firstname fname first_name lastname "
-                                    u"lname last_name name phon phone fax "
-                                    u"day exp_month expmonth expir_month expirmonth exp_year expyear expir_year "
-                                    u"expiryear month year mail job occup "
-                                    u"address2 address_2 addr2 addr_2 address1 address_1 addr1 addr_1 addr country "
-                                    u"city state prov zip postal cardtyp "
-                                    u"card_typ card_num credit_num card_no credit_no cardnum creditnum cardno creditno "
-                                    u"validation valid_num valid_code "
-                                    u"validnum validcode v_num v_code vnum vcode bank"_s.split(u' ');
-    return keys.contains(key, Qt::CaseInsensitive);
+    static const QSet<QString> keys = [] {
+        const QStringList list = u"title sex gender user fullname full_name firstname fname first_name lastname lname "
+                                 u"last_name name phon phone "
+                                 "fax day exp_month expmonth expir_month expirmonth exp_year expyear expir_year "
+                                 "expiryear month year mail job "
+                                 "occup address2 address_2 addr2 addr_2 address1 address_1 addr1 addr_1 addr country "
+                                 "city state prov zip postal "
+                                 "cardtyp card_typ card_num credit_num card_no credit_no cardnum creditnum cardno "
+                                 "creditno validation valid_num "
+                                 "valid_code validnum validcode v_num v_code vnum vcode bank"_s.split(u' ');
+        return QSet<QString>(list.begin(), list.end());
+    }();
+    return keys.contains(key.toLower());
 }
 
 } // namespace
@@ -76,6 +82,8 @@ RecordValues::RecordValues(const std::vector<FormField> &fields, bool withProtec
     address1 = values.first(u"address1"_s);
     address2 = values.first(u"address2"_s);
     country = values.all(u"country"_s);
+    countryNames = namesOfCountry(countryCode(), countryName());
+    countryCodes = codesOfCountry(countryCode());
     city = values.first(u"city"_s);
     state = values.first(u"state"_s);
     zip = values.first(u"zip"_s);

@@ -28,6 +28,9 @@ struct RecordValues
     QString address2;
     /// Alternatives: position in the list of countries, name, code.
     QStringList country;
+    /// Of the country: other names and codes, folded.
+    QStringList countryNames;
+    QStringList countryCodes;
     QString city;
     QString state;
     QString zip;
