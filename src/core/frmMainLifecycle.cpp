@@ -103,7 +103,8 @@ void frmMain::installKeyboardHook()
     const auto focusAddressBar = [this] {
         goNew->setFocus();
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        AddressBar->setFocus();
+        // Selects the whole address, so that typing begins a new one.
+        AddressBar->setFocus(Qt::ShortcutFocusReason);
     };
     m_keyboardHook = std::make_unique<KeyboardHook>(
         m_mainCode.flags, KeyboardHook::Actions{
