@@ -31,7 +31,8 @@ constexpr FieldPhrases kPhrases[] = {
     {Never, kStrong,
      u"password|passwort|passwd|=pwd|passphrase|kennwort|mot de passe|=mdp|contrasena|senha|wachtwoord|пароль|"
      u"パスワード|密码|비밀번호|=otp|one time|onetime|onetimecode|sms code|smscode|verify code|login code|"
-     u"two factor|twofactor|2fa|=mfa|totp|authenticator|=tan|pin code sms|einmalcode|código sms"},
+     u"two factor|twofactor|2fa|=mfa|totp|authenticator|=tan|pin code sms|einmalcode|código sms|=pass|=pw|pass1|"
+     u"pass2|userpass|passcode|=psw"},
     {Never, kStrong,
      u"friend|freund|=ami|amigo|amico|recipient email|recipients email|recipient mail|recipient phone|"
      u"recipients phone|email recipient|email of recipient|emergency|notfallkontakt|spouse|ehepartner|conjoint|"
@@ -89,6 +90,14 @@ constexpr FieldPhrases kPhrases[] = {
      u"preis|donation|income|salary|budget|adults|children|passengers|guests|rooms|room number|nights|=age|=alter|"
      u"height|weight|=size|colour|=color"},
     {Other, kStrong,
+     u"pet name|petname|project name|projectname|event name|eventname|product name|productname|team name|teamname|"
+     u"store name|storename|shop name|shopname|shopurl|group name|groupname|list name|program name|class name|"
+     u"course name|model name|brand name|device name|hotel name|club name|agency name|building name|property name|"
+     u"venue name|restaurant name|page name|workspace|channel name|character name|nameserver|name of your|"
+     u"name of the|name des vereins|vereinsname|projektname|produktname|name of event|name of school|"
+     u"name of company|name of organization|nombre de la empresa|nombre de empresa|nom de l entreprise|"
+     u"nom de la societe|nome azienda|campaign"},
+    {Other, kStrong,
      u"website|homepage|webseite|web site|site web|sitio web|=url|weburl|urlname|site name|sitename|blog|facebook|"
      u"twitter|linkedin|instagram|skype|=icq|=aim|whatsapp group|telegram"},
     {Other, kStrong,
@@ -120,7 +129,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"card holders name|name as it appears|name as appears|credit card name|creditcardname|karteninhaber|inhaber|"
      u"name auf der karte|name auf karte|titulaire|nom sur la carte|titular|nombre en la tarjeta|"
      u"nombre del titular|titolare|intestatario|kaarthouder|naam op kaart|nome no cartao|имя на карте|"
-     u"владелец карты|カード名義"},
+     u"владелец карты|カード名義|владельца карты|имя владельца карты|имя владельца|имя держателя|"
+     u"имя держателя карты|持卡人"},
     {Fax, kStrong, u"~fax|telefax|faxnumber|fax number|факс|ファックス|传真"},
     {PhoneCountry, kStrong,
      u"phone country|phone country code|phonecountrycode|phone code|phonecode|mobile country code|mobile code|"
@@ -151,7 +161,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"birth|birthday|birthdate|birth date|date of birth|dateofbirth|=dob|bday|geburtsdatum|geburtstag|geburt|"
      u"date de naissance|naissance|fecha de nacimiento|nacimiento|data di nascita|nascita|geboortedatum|geboorte|"
      u"data de nascimento|nascimento|дата рождения|生年月日|出生日期|생년월일|geb datum|gebdatum|=geb|fecha nac|"
-     u"fechanac|fec nac"},
+     u"fechanac|fec nac|data urodzenia|fodelsedatum|fodselsdato|datum narozeni|dogum tarihi|syntymaaika"},
     {CardMonth, kStrong,
      u"exp month|expmonth|expir month|expire month|expires month|expiry month|expiration month|expmo|exp mo|exp mm|"
      u"expmm|card month|cardmonth|ccmonth|cc month|cc mm|ablaufmonat|verfallsmonat|mois expiration|"
@@ -169,11 +179,12 @@ constexpr FieldPhrases kPhrases[] = {
      u"valid thru|validthru|valid through|valid until|valid to|good thru|gultig bis|gultigkeit|gueltig bis|"
      u"ablaufdatum|verfallsdatum|verfallsdatum karte|caducidad|vencimiento|vence|date d expiration|expire fin|"
      u"validite|valable jusqu|scadenza|vervaldatum|geldig tot|validade|срок действия|有効期限|有效期|유효기간|"
-     u"ccexp|cc exp|card exp|cardexp|expiracion|fecha exp|scad"},
+     u"ccexp|cc exp|card exp|cardexp|expiracion|fecha exp|scad|到期日|到期|만료일|만료|data waznosci|waznosc|"
+     u"geldig tot en met|gueltigkeit|срок"},
     {Mail, kStrong,
      u"email|mail|email address|emailaddress|mailadresse|emailadresse|emailid|email id|mail address|"
      u"adresse electronique|adresse mail|adresse e mail|courriel|correo electronico|correo|=correio|"
-     u"posta elettronica|почта|メール|邮箱|邮件|電子郵件|이메일|메일"},
+     u"posta elettronica|почта|メール|邮箱|邮件|電子郵件|이메일|메일|epost|e post|eposta|e posta"},
     {CardType, kStrong,
      u"cardtyp|card type|card typ|cctype|cc type|credit card type|card brand|cardbrand|card kind|type of card|"
      u"kartentyp|kartenart|kreditkartentyp|type de carte|tipo de tarjeta|tipo tarjeta|tipo di carta|tipo carta|"
@@ -188,7 +199,10 @@ constexpr FieldPhrases kPhrases[] = {
      u"creditcardnumber|debit card number|card account|cardaccount|cc account|=pan|kartennummer|kreditkartennummer|"
      u"kreditkarten nr|numero de carte|numero de la carte|numero de tarjeta|numero tarjeta|numero della carta|"
      u"numero carta|kaartnummer|numero do cartao|номер карты|カード番号|卡号|카드 번호|카드번호|n tarjeta|"
-     u"num tarjeta|numtarjeta|nro tarjeta|no tarjeta|n carte|num carte|numcarte|n carta"},
+     u"num tarjeta|numtarjeta|nro tarjeta|no tarjeta|n carte|num carte|numcarte|n carta|numer karty|kortnummer|"
+     u"numero di carta|numero di carta di credito|numero de la tarjeta|numero de la tarjeta de credito|n de carte|"
+     u"n de carte bancaire|no de carte|kreditkarte nummer|kreditkartennr|卡號|卡号码|numero de carte bancaire|"
+     u"numero de la carte bancaire|nr karty|number of card|number of your card"},
     {Job, kStrong,
      u"~job|job title|jobtitle|occup|occupation|profession|beruf|berufsbezeichnung|=position|position title|metier|"
      u"profesion|=puesto|professione|beroep|profissao|ocupacion|fonction|funktion|=cargo|職業|职业|직업"},
@@ -212,7 +226,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"unit number|unitnumber|=flat|=building|adresszusatz|adress zusatz|anschriftenzusatz|zusatz|complement|"
      u"complement d adresse|complemento|adresse 2|adresse2|adresszeile 2|direccion 2|direccion2|=portal|"
      u"indirizzo 2|indirizzo2|toevoeging|=piso|=puerta|=planta|=escalera|=floor|appartement|apartamento|adres2|"
-     u"endereco2|квартира|建物名|番地以降|addr line 2|addrline2|batiment|=etage|hinterhaus|stockwerk|etage|bloque"},
+     u"endereco2|квартира|建物名|番地以降|addr line 2|addrline2|batiment|=etage|hinterhaus|stockwerk|etage|bloque|"
+     u"地址2|주소2|住所2|address line2|linea 2|ligne d adresse 2|ligne 2|linha 2|riga 2|zeile 2|дом корпус"},
     {Address1, kStrong,
      u"address1|address 1|address_1|addr1|addr 1|address line 1|addressline1|address line one|addresslineone|"
      u"addressone|address one|address line|addressline|first line|street1|street 1|street line 1|streetline1|"
@@ -221,21 +236,21 @@ constexpr FieldPhrases kPhrases[] = {
      u"strasse und hausnummer|strasse nr|=rue|numero et rue|numero et nom de rue|numero et libelle|=voie|adresse 1|"
      u"adresse1|adresszeile 1|=calle|=domicilio|direccion 1|direccion1|=via|indirizzo 1|indirizzo1|straat|"
      u"straatnaam|logradouro|endereco1|house name|road|=ulica|улица|住所|地址|番地|주소|addr line 1|addrline1|"
-     u"улица дом|=gata|ulice"},
+     u"улица дом|=gata|ulice|=rua|街道|gatuadress"},
     {Country, kStrong,
      u"country|countrycode|country code|country name|country region|=land|=pays|=pais|paese|nazione|lander|страна|"
-     u"国家|国籍地|国名|=国|국가|=kraj"},
+     u"国家|国籍地|国名|=国|국가|=kraj|國家"},
     {City, kStrong,
      u"city|town|city town|city name|cityname|=ort|=stadt|wohnort|ortschaft|ville|=commune|ciudad|localidad|"
      u"poblacion|municipio|=citta|comune|localita|plaats|woonplaats|plaatsnaam|cidade|locality|=gemeinde|miasto|"
-     u"город|市区町村|城市|=市|도시|mesto|=sehir|kota"},
+     u"город|市区町村|城市|=市|도시|mesto|=sehir|kota|省市|市区|=stad"},
     {State, kStrong,
      u"state|prov|province|state province|stateprovince|provincia|bundesland|=kanton|=canton|departement|=estado|"
-     u"provincie|provinz|=prefecture|都道府県|省份|область"},
+     u"provincie|provinz|=prefecture|都道府県|省份|область|省直辖市|州|регион|=область|край|시도"},
     {Zip, kStrong,
      u"~zip|zip code|zipcode|zippostal|postal|postal code|postalcode|post code|postcode|=plz|postleitzahl|"
      u"code postal|codepostal|codigo postal|codigopostal|codice postale|=cap|=cep|=cp|pin code|pincode|postnummer|"
-     u"индекс|郵便番号|邮编|邮政编码|우편번호|cod postal|codpostal|kod pocztowy|postnr|=psc|post nr"},
+     u"индекс|郵便番号|邮编|邮政编码|우편번호|cod postal|codpostal|kod pocztowy|postnr|=psc|post nr|郵遞區號|郵便"},
     {Bank, kStrong, u"bank|bank name|bankname|=banque|=banco|=banca|kreditinstitut|issuing bank|issuer"},
     {User, kStrong,
      u"username|user name|userid|user id|user login|userlogin|login name|loginname|loginid|login id|logon|"
@@ -263,7 +278,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"validation|valid num|valid code|validnum|validcode|v num|v code|vnum|vcode|security code|securitycode|"
      u"security number|verification value|verification number|verification code|prufnummer|prufziffer|"
      u"sicherheitscode|code de securite|codigo de seguridad|codice di sicurezza|codice sicurezza|veiligheidscode|"
-     u"codigo de seguranca|セキュリティコード|安全码|sec code|seccode|cod seguridad|card sec code"},
+     u"codigo de seguranca|セキュリティコード|安全码|sec code|seccode|cod seguridad|card sec code|보안 코드|"
+     u"код безопасности|код проверки|digit code|digits on the back|digit security"},
     {City, kWeak, u"suburb"},
     {State, kWeak,
      u"=region|=county|administrative area|comunidad autonoma|=zone|=省|voivodeship|wojewodztwo"},

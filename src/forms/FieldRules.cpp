@@ -25,6 +25,8 @@ struct Phrase
     FieldKind kind;
     bool isWeak;
     bool wholeOnly;
+    /// It stands behind the first word of the record: what it names is less sure than any of those.
+    bool isLate;
     /// In the order in which they count.
     int order;
 };
@@ -68,11 +70,13 @@ private:
         const QString letters = foldedLetters(text);
         Q_ASSERT(!letters.isEmpty());
         const bool wholeOnly = isWhole || (!isPart && letters.size() < kLeastPart);
-        m_lists[startOf(letters)].push_back({letters, row.kind, row.isWeak, wholeOnly, m_count++});
+        m_hasRecord = m_hasRecord || row.kind < FieldKind::Day;
+        m_lists[startOf(letters)].push_back({letters, row.kind, row.isWeak, wholeOnly, m_hasRecord, m_count++});
     }
 
     std::unordered_map<quint32, std::vector<Phrase>> m_lists;
     int m_count = 0;
+    bool m_hasRecord = false;
 };
 
 const PhraseIndex &phraseIndex()
@@ -202,7 +206,8 @@ TextReading readProse(const QString &text)
     return read(words, FieldWords::From::Prose, [&](const Match &match) {
         // "Company e-mail", "Card holder: first name"
         const FieldKind kind = match.phrase->kind;
-        const int give = kind == FieldKind::Other ? 2 : kind == FieldKind::FullName ? 1 : 0;
+        const bool givesWay = kind == FieldKind::Other && match.phrase->isLate;
+        const int give = givesWay ? 2 : kind == FieldKind::FullName ? 1 : 0;
         // Weak words say the less the later they stand in the table.
         const qsizetype place = match.phrase->isWeak ? match.phrase->order : match.at;
         return std::tuple(words.isRemark(match.at), isWeak(match), give, place);
