@@ -49,6 +49,12 @@ const chosenGroups = root => {
     return groups;
 };
 
+/** Whether the user could read what stands in it. */
+const isInked = input => {
+    const style = getComputedStyle(input);
+    return Math.min(alphaOf(style.color), alphaOf(style.webkitTextFillColor)) >= kFaint;
+};
+
 const isEmpty = (input, groups) => {
     switch (input.type) {
     case 'select-one':

@@ -2,7 +2,7 @@
 // inputs come only after others have been filled.
 
 // Milliseconds between the looks of one fill, which ends on the C++ side a little later.
-const kPauses = [0, 50, 150, 400, 600, 700, 700];
+const kPauses = [0, 50, 200, 500, 800, 1000];
 // A page with more elements or inputs than this is not looked at any further.
 const kElements = 60000, kExamined = 4000, kOffered = 2000;
 // Characters of one request: escaped, nine times as many at worst, and the engine takes two million.
@@ -86,7 +86,7 @@ const scan = () => {
 
 // --- one fill ---
 
-let current = '', offered = new WeakMap, given = new Map, offers = 0, frames = 0;
+let current = '', offered = new WeakMap, given = new Map, offers = 0, frames = 0, lastShown = [];
 // The program keeps the time: documents without scripts have no timers.
 const pause = milliseconds => request('pause', { k: current, n: milliseconds });
 
@@ -114,7 +114,7 @@ const choose = async (inputs, isCurrent) => {
         if (offers + chosen.length >= kOffered)
             break;
         if (input.isConnected && isWanted(input) && offered.get(input) !== mark(input) && isEmpty(input, groups) &&
-            inputShows(input, looks) && look(input, looks).ink >= kFaint)
+            inputShows(input, looks) && isInked(input))
             chosen.push(input);
     }
     return chosen;
@@ -166,7 +166,10 @@ const round = async (fill, isFirst) => {
     // Where frames have come or gone since the last look, nobody can tell which is which.
     const isSettled = !isFirst && !framesMoved, wasStale = isStale;
     isStale = framesMoved = false;
-    const found = scan(), path = pathOf(window);
+    // Where nothing has changed all frames are where they were.
+    const found = isFirst || wasStale ? scan() : { inputs: [], shown: lastShown, frames };
+    const path = pathOf(window);
+    lastShown = found.shown;
     let inputs = isFirst || wasStale ? await choose(found.inputs, isCurrent) : [];
     if (path === '?' && inputs.length) {
         const painted = await paintedNow(inputs, () => pause(300));
@@ -197,7 +200,7 @@ const run = async fill => {
     offers = 0;
     let isFirst = true;
     for (const length of kPauses) {
-        if (await pause(length) === null || fill !== current)
+        if ((length > 0 && await pause(length) === null) || fill !== current)
             return;
         note(watch.takeRecords());
         if ((isFirst || isStale || frames > 0) && !await round(fill, isFirst))

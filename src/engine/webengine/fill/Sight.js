@@ -28,6 +28,7 @@ const parentNode = getter(Node, 'parentNode'), nodeType = getter(Node, 'nodeType
       scrollHeight = getter(Element, 'scrollHeight'), viewOf = getter(Document, 'defaultView'),
       bodyOf = getter(Document, 'body'), topOf = getter(Document, 'documentElement'),
       scrollerOf = getter(Document, 'scrollingElement'), documentAt = method(Document, 'elementsFromPoint'),
+      topmostAt = method(Document, 'elementFromPoint'),
       shadowAt = method(ShadowRoot, 'elementsFromPoint');
 
 /** The element around this one as it is laid out: the slot it stands in, the host of its shadow tree, or its parent. */
@@ -44,27 +45,89 @@ const alphaOf = color => {
     return found ? +found[1] : 1;
 };
 
+// What is known of elements and documents during one look at the page, in the map that all of the following share.
+
 const look = (element, looks) => {
     let known = looks.get(element);
     if (known)
         return known;
-    const style = getComputedStyle(element), faded = /opacity\(([\d.]+)/.exec(style.filter), flows = style.display === 'inline';
+    const style = getComputedStyle(element), filter = style.filter, flows = style.display === 'inline';
     known = {
+        element,
         isVisible: style.visibility === 'visible',
-        opacity: Math.min(+style.opacity, faded ? +faded[1] : 1),
+        opacity: +style.opacity,
         position: style.position,
         // What is placed "fixed" or "absolute" further inside is placed within this element.
-        holds: style.transform !== 'none' || style.perspective !== 'none' || style.filter !== 'none' ||
+        holds: filter !== 'none' || style.transform !== 'none' || style.perspective !== 'none' ||
             /paint|layout|strict|content/.test(style.contain),
         isCut: style.clipPath !== 'none' || style.clip !== 'auto',
         isGone: style.webkitMaskImage !== 'none' || style.contentVisibility === 'hidden',
         isLeftward: style.direction === 'rtl',
         across: flows ? 'visible' : style.overflowX,
         down: flows ? 'visible' : style.overflowY,
-        ink: Math.min(alphaOf(style.color), alphaOf(style.webkitTextFillColor)),
-        isPainted: alphaOf(style.backgroundColor) >= 0.5 || style.backgroundImage !== 'none',
+        within: null,
     };
+    if (filter !== 'none') {
+        const faded = /opacity\(([\d.]+)/.exec(filter);
+        known.opacity = Math.min(known.opacity, faded ? +faded[1] : 1);
+    }
     looks.set(element, known);
+    return known;
+};
+
+/** The window that a document is shown in, and how it scrolls. */
+const windowOf = (document, looks) => {
+    let known = looks.get(document);
+    if (known)
+        return known;
+    const view = viewOf(document), root = topOf(document), body = bodyOf(document), scroller = scrollerOf(document) || root;
+    const style = look(root, looks), isBodys = style.across === 'visible' && style.down === 'visible' && body !== null;
+    const how = isBodys ? look(body, looks) : style;
+    known = { root, body: isBodys ? body : null, sides: [
+        ['left', 'right', clientWidth(scroller), view.scrollX, scrollWidth(scroller), how.across, style.isLeftward],
+        ['top', 'bottom', clientHeight(scroller), view.scrollY, scrollHeight(scroller), how.down, false],
+    ].map(([from, to, size, offset, length, flow, isLeftward]) => ({ from, to, size,
+        stays: flow === 'hidden' || flow === 'clip', range: scrollable(0, size, offset, length, isLeftward) })) };
+    looks.set(document, known);
+    return known;
+};
+
+const kOutside = { opacity: 1, isGone: false, mustHit: false, isShut: false, flow: null, absolute: null, fixed: null,
+                   flowStays: false, absoluteStays: false, fixedStays: true };
+const kNowhere = { ...kOutside, isGone: true };
+
+/** The place of a box by how it is positioned: the elements that clip it, from the inside out, and whether it scrolls. */
+const placeIn = (outer, position) => position === 'fixed' ? [outer.fixed, outer.fixedStays]
+    : position === 'absolute' ? [outer.absolute, outer.absoluteStays] : [outer.flow, outer.flowStays];
+
+/** What holds for everything inside an element, from what holds around it. */
+const inside = (style, outer, looks) => {
+    const element = style.element, { root, body } = windowOf(ownerDocument(element), looks);
+    let [clips, stays] = placeIn(outer, style.position);
+    if ((style.across !== 'visible' || style.down !== 'visible') && element !== root && element !== body)
+        clips = { style, next: clips };
+    const isPlace = style.holds || style.position !== 'static';
+    return {
+        opacity: outer.opacity * style.opacity,
+        isGone: outer.isGone || style.isGone || (outer.isShut && localName(element) !== 'summary'),
+        mustHit: outer.mustHit || style.isCut,
+        isShut: localName(element) === 'details' && attribute(element, 'open') === null,
+        flow: clips, flowStays: stays,
+        absolute: isPlace ? clips : outer.absolute, absoluteStays: isPlace ? stays : outer.absoluteStays,
+        fixed: style.holds ? clips : outer.fixed, fixedStays: style.holds ? stays : outer.fixedStays,
+    };
+};
+
+const within = (element, looks) => {
+    const chain = [];
+    let node = element;
+    for (; node && !look(node, looks).within; node = around(node)) {
+        if (chain.push(look(node, looks)) > kDeepest)
+            return kNowhere;
+    }
+    let known = node ? look(node, looks).within : kOutside;
+    while (chain.length)
+        known = chain[chain.length - 1].within = inside(chain.pop(), known, looks);
     return known;
 };
 
@@ -84,10 +147,9 @@ const scrollable = (low, high, offset, length, isLeftward) => {
 };
 
 /** What an element that clips its content leaves of `at`. */
-const clipBy = (element, style, at, share) => {
-    if (style.across === 'visible' && style.down === 'visible')
-        return true;
-    const outer = rectOf(element), r = { left: outer.left + clientLeft(element), top: outer.top + clientTop(element) };
+const clipBy = (style, at, share) => {
+    const element = style.element, outer = rectOf(element);
+    const r = { left: outer.left + clientLeft(element), top: outer.top + clientTop(element) };
     r.right = Math.min(outer.right, r.left + clientWidth(element));
     r.bottom = Math.min(outer.bottom, r.top + clientHeight(element));
     for (const [from, to, how, offset, length] of [
@@ -108,74 +170,49 @@ const clipBy = (element, style, at, share) => {
     return true;
 };
 
-/** The window's own edges, which pages may scroll under. */
-const clipByWindow = (element, at, looks, share) => {
-    const document = ownerDocument(element), view = viewOf(document), root = topOf(document), body = bodyOf(document),
-          scroller = scrollerOf(document) || root;
-    let style = look(root, looks);
-    const isLeftward = style.isLeftward;
-    if (style.across === 'visible' && style.down === 'visible' && body)
-        style = look(body, looks);
-    for (const [from, to, size, how, offset, length] of [
-             ['left', 'right', clientWidth(scroller), style.across, view.scrollX, scrollWidth],
-             ['top', 'bottom', clientHeight(scroller), style.down, view.scrollY, scrollHeight]]) {
-        const stays = at.isFixed || how === 'hidden' || how === 'clip';
-        const [low, high] = stays ? [0, size]
-                                  : scrollable(0, size, offset, length(scroller), from === 'left' && isLeftward);
-        if (!cut(at.box, from, to, low, high, share))
-            return false;
-        cut(at.seen, from, to, 0, size, 0);
-    }
-    return true;
-};
-
 /**
  * Where the user can see an element: `seen` is the part in view now. Null when no scrolling ever shows `share` of it.
  */
 const reach = (element, looks, share) => {
     const { left, top, right, bottom } = rectOf(element);
-    if (right - left < kLeast || bottom - top < kLeast || !look(element, looks).isVisible)
+    const style = look(element, looks);
+    if (right - left < kLeast || bottom - top < kLeast || !style.isVisible || style.isGone)
         return null;
-    const at = { box: { left, top, right, bottom }, seen: { left, top, right, bottom }, mustHit: false, isFixed: false };
-    const document = ownerDocument(element), root = topOf(document), body = bodyOf(document);
-    let opacity = 1, position = look(element, looks).position, inner = null;
-    for (let node = element, depth = 0; node; inner = node, node = around(node)) {
-        const style = look(node, looks);
-        opacity *= style.opacity;
-        if (++depth > kDeepest || opacity < kFaint || style.isGone)
+    const outer = within(around(element), looks);
+    if (outer.isGone || outer.isShut || outer.opacity * style.opacity < kFaint)
+        return null;
+    const at = { box: { left, top, right, bottom }, seen: { left, top, right, bottom }, mustHit: outer.mustHit || style.isCut };
+    let [clips, stays] = placeIn(outer, style.position);
+    for (; clips; clips = clips.next) {
+        if (!clipBy(clips.style, at, share))
             return null;
-        if (inner && localName(node) === 'details' && attribute(node, 'open') === null && localName(inner) !== 'summary')
-            return null;
-        at.mustHit = at.mustHit || style.isCut;
-        if (!inner || (position === 'fixed' && !style.holds) ||
-            (position === 'absolute' && style.position === 'static' && !style.holds))
-            continue;
-        const isWindow = node === root || (node === body && look(root, looks).across === 'visible');
-        if (!isWindow && !clipBy(node, style, at, share))
-            return null;
-        position = style.position;
     }
-    at.isFixed = position === 'fixed';
-    return clipByWindow(element, at, looks, share) ? at : null;
+    for (const side of windowOf(ownerDocument(element), looks).sides) {
+        const [low, high] = stays || side.stays ? [0, side.size] : side.range;
+        if (!cut(at.box, side.from, side.to, low, high, share))
+            return null;
+        cut(at.seen, side.from, side.to, 0, side.size, 0);
+    }
+    return at;
 };
 
 const kReplaced = new Set(['img', 'picture', 'canvas', 'video', 'iframe', 'frame', 'object', 'embed', 'svg', 'input', 'select',
                            'textarea', 'button', 'progress', 'meter']);
 
 const isOpaque = (element, looks) => {
-    const style = look(element, looks);
-    if (style.opacity < kFaint)
+    if (look(element, looks).opacity < kFaint)
         return false;
-    if (style.isPainted || kReplaced.has(localName(element)))
-        return true;
-    return ['::before', '::after'].some(part => {
+    return kReplaced.has(localName(element)) || [undefined, '::before', '::after'].some(part => {
         const paint = getComputedStyle(element, part);
-        return paint.content !== 'none' && (alphaOf(paint.backgroundColor) >= 0.5 || paint.backgroundImage !== 'none');
+        return (!part || paint.content !== 'none') &&
+            (alphaOf(paint.backgroundColor) >= 0.5 || paint.backgroundImage !== 'none');
     });
 };
 
 /** Whether nothing covers an element at this point, in its own tree and in those around it. */
 const isHit = (element, x, y, looks) => {
+    if (topmostAt(ownerDocument(element), x, y) === element)
+        return true;
     for (let target = element;;) {
         const scope = rootNode(target), isShadow = nodeType(scope) === 11;
         let isFound = false;
@@ -200,8 +237,8 @@ const inputShows = (element, looks) => {
     if (right - left < kLeast || bottom - top < kLeast)
         return !at.mustHit;
     // An icon may stand on one end of it.
-    const hits = [0.15, 0.5, 0.85].filter(x => isHit(element, left + (right - left) * x, (top + bottom) / 2, looks));
-    return hits.length >= 2;
+    const isFree = x => isHit(element, left + (right - left) * x, (top + bottom) / 2, looks);
+    return isFree(0.5) ? isFree(0.15) || isFree(0.85) : isFree(0.15) && isFree(0.85);
 };
 
 /** A frame has to show as a whole: which of its inputs lies where only the frame knows. */
@@ -212,12 +249,11 @@ const frameShows = (element, looks) => {
     const { left, top, right, bottom } = at.seen;
     if (right - left < kLeast || bottom - top < kLeast)
         return !at.mustHit;
-    const rows = Math.min(60, Math.max(1, Math.round((bottom - top) / 16)));
+    const rows = Math.min(60, Math.max(2, Math.round((bottom - top) / 16)));
     for (let row = 0; row < rows; ++row) {
-        for (const x of [0.25, 0.75]) {
-            if (!isHit(element, left + (right - left) * x, top + (bottom - top) * (row + 0.5) / rows, looks))
-                return false;
-        }
+        const x = row % 2 ? 0.7 : 0.3;
+        if (!isHit(element, left + (right - left) * x, top + (bottom - top) * (row + 0.5) / rows, looks))
+            return false;
     }
     return true;
 };
