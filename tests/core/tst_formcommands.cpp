@@ -30,11 +30,110 @@ private slots:
     }
     void cleanup() { f.reset(); }
 
-    void endOfLoad_data();
-    void endOfLoad();
-    void commands();
-    void dialogReachesEveryDocument();
-    void closingWithTheDialogOpen();
+    void endOfLoad_data()
+    {
+        QTest::addColumn<bool>("isAuto");
+        QTest::addColumn<bool>("isProtected");
+        QTest::addColumn<bool>("isUnlocked");
+        QTest::addColumn<QStringList>("filled");
+        QTest::newRow("not by itself") << false << true << false << QStringList();
+        QTest::newRow("open") << true << false << false << QStringList{u"fill open Ann"_s};
+        QTest::newRow("locked") << true << true << false << QStringList{u"fill locked Ann"_s};
+        QTest::newRow("unlocked") << true << true << true << QStringList{u"fill open Ann"_s};
+    }
+
+    void endOfLoad()
+    {
+        QFETCH(bool, isAuto);
+        QFETCH(bool, isProtected);
+        QFETCH(bool, isUnlocked);
+        QFETCH(QStringList, filled);
+        QVERIFY(f->start(u"http://a/"_s));
+        f->settings().AutoFormFill = isAuto;
+        f->settings().ProtectCreditInfo = isProtected;
+        f->code->flags.CreditUnlocked = isUnlocked;
+        const engine::WBCustomizer *tools = f->main().ActiveForm()->customWB();
+        f->engine.browsers[0]->load(u"http://a/"_s, u"A"_s);
+        QCOMPARE(fills(0), filled);
+        QCOMPARE(tools->formLocked(), isProtected && !isUnlocked);
+
+        // A failing fill costs nothing else of the end of the load.
+        f->engine.browsers[0]->failing += u"fill"_s;
+        f->engine.browsers[0]->load(u"http://a/"_s, u"A"_s);
+        QCOMPARE(f->main().navigator->ListView1.ListItems(1).ListSubItems(1).Text(), u"Completed"_s);
+    }
+
+    void commands()
+    {
+        QVERIFY(f->start(u"http://a/"_s));
+        f->main().LoadNewDoc(u"http://b/"_s);
+        run(u"mnuContentFillForm"_s);
+        QCOMPARE(fills(1), QStringList{u"fill open Ann"_s});
+        QVERIFY(fills(0).isEmpty() && !isMarked());
+        // Switching on fills at once, switching off does not.
+        f->settings().ProtectCreditInfo = true;
+        run(u"mnuContentAutoFill"_s);
+        QCOMPARE(fills(1).last(), u"fill locked Ann"_s);
+        QVERIFY(isMarked() && f->settings().AutoFormFill);
+        run(u"mnuContentAutoFill"_s);
+        QVERIFY(!isMarked() && !f->settings().AutoFormFill);
+        QCOMPARE(static_cast<int>(fills(1).size()), 2);
+
+        f->engine.browsers[1]->failing += u"fill"_s;
+        run(u"mnuContentFillForm"_s);
+        run(u"mnuFileClose"_s);
+        run(u"mnuFileClose"_s);
+        run(u"mnuContentFillForm"_s);
+        run(u"mnuContentAutoFill"_s);
+        QVERIFY(isMarked());
+    }
+
+    void dialogReachesEveryDocument()
+    {
+        QVERIFY(f->start(u"http://a/"_s));
+        f->main().LoadNewDoc(u"http://b/"_s);
+        run(u"mnuContentFormData"_s);
+        auto *page = dialog().findChild<FormsPage *>();
+        QVERIFY(page->isVisible() && dialog().isModal());
+        run(u"mnuContentFormData"_s);
+        QCOMPARE(static_cast<int>(f->main().findChildren<frmOptions1 *>().size()), 1);
+        page->firstname->setText(u"Bea"_s);
+        page->chkAutoFormFill->setChecked(true);
+        dialog().btnOk->click();
+        QVERIFY(isMarked());
+        for (int i = 0; i < 2; ++i) {
+            f->engine.browsers[i]->load(u"http://x/"_s, u"X"_s);
+            QCOMPARE(fills(i), QStringList{u"fill open Bea "_s});
+        }
+        // Documents read the file again, also when nothing was confirmed.
+        DocumentFixture::deleteClosed();
+        QCOMPARE(f->code->flags.OptionsStartPage, 1);
+        run(u"mnuViewOptions"_s);
+        FormKeys keys(f->paths.programFolder);
+        FormStore other(keys);
+        other.AddFormField(u"name"_s, u"Cleo"_s, false);
+        other.SaveFormData(formFileIn(f->paths.programFolder));
+        dialog().btnCancel->click();
+        run(u"mnuContentFillForm"_s);
+        QCOMPARE(fills(1).last(), u"fill open Cleo"_s);
+        QVERIFY(isMarked());
+    }
+
+    void closingWithTheDialogOpen()
+    {
+        QVERIFY(f->start(u"http://a/"_s));
+        run(u"mnuContentFormData"_s);
+        QPointer<frmOptions1> open = &dialog();
+        open->findChild<FormsPage *>()->firstname->setText(u"Bea"_s);
+        f->close();
+        QVERIFY(f->main().isUnloaded());
+        f->code.reset();
+        QVERIFY(!open);
+        FormKeys keys(f->paths.programFolder);
+        FormStore store(keys);
+        store.LoadFormData(formFileIn(f->paths.programFolder));
+        QCOMPARE(store.fields().front().value, u"Ann"_s);
+    }
 
 private:
     QStringList fills(int browser)
@@ -51,111 +150,6 @@ private:
 
     std::unique_ptr<MainFixture> f;
 };
-
-void tst_FormCommands::endOfLoad_data()
-{
-    QTest::addColumn<bool>("isAuto");
-    QTest::addColumn<bool>("isProtected");
-    QTest::addColumn<bool>("isUnlocked");
-    QTest::addColumn<QStringList>("filled");
-    QTest::newRow("not by itself") << false << true << false << QStringList();
-    QTest::newRow("open") << true << false << false << QStringList{u"fill open Ann"_s};
-    QTest::newRow("locked") << true << true << false << QStringList{u"fill locked Ann"_s};
-    QTest::newRow("unlocked") << true << true << true << QStringList{u"fill open Ann"_s};
-}
-
-void tst_FormCommands::endOfLoad()
-{
-    QFETCH(bool, isAuto);
-    QFETCH(bool, isProtected);
-    QFETCH(bool, isUnlocked);
-    QFETCH(QStringList, filled);
-    QVERIFY(f->start(u"http://a/"_s));
-    f->settings().AutoFormFill = isAuto;
-    f->settings().ProtectCreditInfo = isProtected;
-    f->code->flags.CreditUnlocked = isUnlocked;
-    const engine::WBCustomizer *tools = f->main().ActiveForm()->customWB();
-    f->engine.browsers[0]->load(u"http://a/"_s, u"A"_s);
-    QCOMPARE(fills(0), filled);
-    QCOMPARE(tools->formLocked(), isProtected && !isUnlocked);
-
-    // A failing fill costs nothing else of the end of the load.
-    f->engine.browsers[0]->failing += u"fill"_s;
-    f->engine.browsers[0]->load(u"http://a/"_s, u"A"_s);
-    QCOMPARE(f->main().navigator->ListView1.ListItems(1).ListSubItems(1).Text(), u"Completed"_s);
-}
-
-void tst_FormCommands::commands()
-{
-    QVERIFY(f->start(u"http://a/"_s));
-    f->main().LoadNewDoc(u"http://b/"_s);
-    run(u"mnuContentFillForm"_s);
-    QCOMPARE(fills(1), QStringList{u"fill open Ann"_s});
-    QVERIFY(fills(0).isEmpty() && !isMarked());
-    // Switching on fills at once, switching off does not.
-    f->settings().ProtectCreditInfo = true;
-    run(u"mnuContentAutoFill"_s);
-    QCOMPARE(fills(1).last(), u"fill locked Ann"_s);
-    QVERIFY(isMarked() && f->settings().AutoFormFill);
-    run(u"mnuContentAutoFill"_s);
-    QVERIFY(!isMarked() && !f->settings().AutoFormFill);
-    QCOMPARE(static_cast<int>(fills(1).size()), 2);
-
-    f->engine.browsers[1]->failing += u"fill"_s;
-    run(u"mnuContentFillForm"_s);
-    run(u"mnuFileClose"_s);
-    run(u"mnuFileClose"_s);
-    run(u"mnuContentFillForm"_s);
-    run(u"mnuContentAutoFill"_s);
-    QVERIFY(isMarked());
-}
-
-void tst_FormCommands::dialogReachesEveryDocument()
-{
-    QVERIFY(f->start(u"http://a/"_s));
-    f->main().LoadNewDoc(u"http://b/"_s);
-    run(u"mnuContentFormData"_s);
-    auto *page = dialog().findChild<FormsPage *>();
-    QVERIFY(page->isVisible() && dialog().isModal());
-    run(u"mnuContentFormData"_s);
-    QCOMPARE(static_cast<int>(f->main().findChildren<frmOptions1 *>().size()), 1);
-    page->firstname->setText(u"Bea"_s);
-    page->chkAutoFormFill->setChecked(true);
-    dialog().btnOk->click();
-    QVERIFY(isMarked());
-    for (int i = 0; i < 2; ++i) {
-        f->engine.browsers[i]->load(u"http://x/"_s, u"X"_s);
-        QCOMPARE(fills(i), QStringList{u"fill open Bea "_s});
-    }
-    // Documents read the file again, also when nothing was confirmed.
-    DocumentFixture::deleteClosed();
-    QCOMPARE(f->code->flags.OptionsStartPage, 1);
-    run(u"mnuViewOptions"_s);
-    FormKeys keys(f->paths.programFolder);
-    FormStore other(keys);
-    other.AddFormField(u"name"_s, u"Cleo"_s, false);
-    other.SaveFormData(formFileIn(f->paths.programFolder));
-    dialog().btnCancel->click();
-    run(u"mnuContentFillForm"_s);
-    QCOMPARE(fills(1).last(), u"fill open Cleo"_s);
-    QVERIFY(isMarked());
-}
-
-void tst_FormCommands::closingWithTheDialogOpen()
-{
-    QVERIFY(f->start(u"http://a/"_s));
-    run(u"mnuContentFormData"_s);
-    QPointer<frmOptions1> open = &dialog();
-    open->findChild<FormsPage *>()->firstname->setText(u"Bea"_s);
-    f->close();
-    QVERIFY(f->main().isUnloaded());
-    f->code.reset();
-    QVERIFY(!open);
-    FormKeys keys(f->paths.programFolder);
-    FormStore store(keys);
-    store.LoadFormData(formFileIn(f->paths.programFolder));
-    QCOMPARE(store.fields().front().value, u"Ann"_s);
-}
 
 QTEST_MAIN(tst_FormCommands)
 #include "tst_formcommands.moc"

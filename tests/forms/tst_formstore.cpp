@@ -96,14 +96,208 @@ private slots:
         m_folder = std::make_unique<QTemporaryDir>();
     }
 
-    void comesBackAsItWas();
-    void everyDamageLeavesABeginning();
-    void oddFiles_data();
-    void oddFiles();
-    void failedSaveLeavesTheOldFile();
-    void keyMovesIntoTheService();
-    void lateKey_data();
-    void lateKey();
+    void comesBackAsItWas()
+    {
+        saveSample();
+        FormKeys keys(m_folder->path());
+        FormStore store(keys);
+        store.LoadFormData(path());
+        QVERIFY(store.fields() == sample());
+        QString value;
+        bool isProtected = false;
+        store.GetFormField(u"SEX"_s, value, isProtected);
+        QCOMPARE(value, u"M"_s);
+        store.GetFormField(u"CARD_num"_s, value, isProtected);
+        QVERIFY(isProtected);
+        store.GetFormField(u"nowhere"_s, value, isProtected);
+        QVERIFY(value.isEmpty() && !isProtected);
+
+        for (const QString &file : {path(), keyFile()})
+            QCOMPARE(QFile::permissions(file), kOwnerOnly);
+        const QByteArray content = readFile(path()).value();
+        const QString number = u"4111111111111111"_s;
+        const QByteArray units(reinterpret_cast<const char *>(number.utf16()), 2 * number.size());
+        QVERIFY(!content.contains(number.toUtf8()) && !content.contains(units));
+        // The same record looks different each time, and an old one is overwritten in its place.
+        store.SaveFormData(path());
+        QVERIFY(readFile(path()) != content);
+        QVERIFY(!QFile::exists(path() + u".damaged"_s));
+    }
+
+    void everyDamageLeavesABeginning()
+    {
+        std::vector<FormField> fields = sample();
+        fields.pop_back();
+        const FormKey key = FormKey::make();
+        const QByteArray whole = formfile::write(fields, key);
+        QVERIFY(formfile::read(whole, key).isWhole);
+        std::size_t most = 0;
+        for (qsizetype size = 0; size < whole.size(); ++size) {
+            const formfile::Content cut = formfile::read(whole.first(size), key);
+            QVERIFY2(!cut.isWhole && isBeginning(cut.fields, fields), qPrintable(QString::number(size)));
+            most = std::max(most, cut.fields.size());
+        }
+        QCOMPARE(most, fields.size());
+        for (qsizetype at = 0; at < whole.size(); ++at) {
+            QByteArray flipped = whole;
+            flipped[at] = static_cast<char>(flipped[at] ^ (1 << (at % 8)));
+            const formfile::Content bad = formfile::read(flipped, key);
+            QVERIFY2(!bad.isWhole && isBeginning(bad.fields, fields), qPrintable(QString::number(at)));
+        }
+        const formfile::Content longer = formfile::read(whole + "more", key);
+        QVERIFY(!longer.isWhole && longer.fields == fields);
+        FormKey other = FormKey::make();
+        other.id = key.id;
+        QVERIFY(formfile::read(whole, other).fields.empty());
+    }
+
+    void oddFiles_data()
+    {
+        QTest::addColumn<std::function<void(const QString &)>>("spoil");
+        QTest::addColumn<int>("left");
+        QTest::addColumn<bool>("isKept");
+        using Spoil = std::function<void(const QString &)>;
+        const auto row = [](const char *name, Spoil spoil, int left, bool isKept) {
+            QTest::newRow(name) << spoil << left << isKept;
+        };
+        const auto rewrite = [](auto change) -> Spoil {
+            return [change](const QString &path) {
+                QByteArray content = readFile(path).value();
+                change(content);
+                QVERIFY(writeFileWhole(path, content));
+            };
+        };
+        const auto removed = [](const QString &path) { QFile::remove(path); };
+        const auto grown = [](const QString &path) { QVERIFY(QFile::resize(path, 100'000'000)); };
+        const auto folder = [](const QString &path) { QVERIFY(QFile::remove(path) && QDir().mkdir(path)); };
+        const auto keyLost = [](const QString &path) { QFile::remove(path.chopped(3) + u"key"_s); };
+        const auto keyCut = [](const QString &path) { QVERIFY(QFile::resize(path.chopped(3) + u"key"_s, 20)); };
+        row("missing", removed, 0, false);
+        row("empty", rewrite([](QByteArray &content) { content.clear(); }), 0, true);
+        row("last byte lost", rewrite([](QByteArray &content) { content.chop(1); }), 6, true);
+        row("first field damaged", rewrite([](QByteArray &content) { content[60] = char(content[60] + 1); }), 0, true);
+        row("later version", rewrite([](QByteArray &content) { content[8] = 2; }), 0, true);
+        row("of 100 MB", grown, 0, true);
+        row("a folder", folder, 0, true);
+        row("key missing", keyLost, 0, true);
+        row("key damaged", keyCut, 0, true);
+    }
+
+    void oddFiles()
+    {
+        QFETCH(std::function<void(const QString &)>, spoil);
+        QFETCH(int, left);
+        QFETCH(bool, isKept);
+        saveSample();
+        spoil(path());
+
+        FormKeys keys(m_folder->path());
+        FormStore store(keys);
+        store.LoadFormData(path());
+        QCOMPARE(static_cast<int>(store.fields().size()), left);
+        fill(store, {{u"mail"_s, u"new"_s, false}});
+        store.SaveFormData(path());
+        QCOMPARE(QFile::exists(path() + u".damaged"_s), isKept);
+
+        FormKeys later(m_folder->path());
+        FormStore again(later);
+        again.LoadFormData(path());
+        QVERIFY(again.fields() == store.fields());
+    }
+
+    void failedSaveLeavesTheOldFile()
+    {
+        saveSample();
+        const auto before = readFile(path());
+        FormKeys keys(m_folder->path());
+        FormStore store(keys);
+        store.LoadFormData(path());
+        // QSaveFile has to make its file beside the record.
+        QVERIFY_THROWS_EXCEPTION(ControlError, store.SaveFormData(m_folder->filePath(u"gone/form.bin"_s)));
+        QCOMPARE(readFile(path()), before);
+        FormKeys nowhere(m_folder->filePath(u"gone"_s));
+        QVERIFY_THROWS_EXCEPTION(ControlError, FormStore(nowhere).SaveFormData(path()));
+        QCOMPARE(readFile(path()), before);
+    }
+
+    void keyMovesIntoTheService()
+    {
+        // A folder that can be moved keeps its key, whatever the session offers, and so do all tests.
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+        QVERIFY(!desktop::secretServiceOf(desktop::Paths::below(m_folder->path())));
+        for (const bool forgets : {true, false}) {
+            FakeService::Ring ring;
+            ring.forgets = forgets;
+            FormKeys keys(m_folder->path(), std::make_unique<FakeService>(ring));
+            FormStore store(keys);
+            store.LoadFormData(path());
+            fill(store, sample());
+            store.SaveFormData(path());
+            QVERIFY(QFile::exists(keyFile()));
+            ring.answer();
+            QCOMPARE(QFile::exists(keyFile()), forgets);
+        }
+    }
+
+    void lateKey_data()
+    {
+        QTest::addColumn<QString>("meanwhile");
+        QTest::newRow("nothing") << u"nothing"_s;
+        QTest::newRow("cleared") << u"clear"_s;
+        QTest::newRow("written to") << u"add"_s;
+        QTest::newRow("gone") << u"gone"_s;
+        QTest::newRow("refused, then given") << u"refuse"_s;
+    }
+
+    void lateKey()
+    {
+        QFETCH(QString, meanwhile);
+        FakeService::Ring ring;
+        {
+            FormKeys keys(m_folder->path(), std::make_unique<FakeService>(ring));
+            FormStore store(keys);
+            fill(store, sample());
+            store.SaveFormData(path());
+            ring.answer();
+        }
+        ring.refuses = meanwhile == u"refuse"_s;
+        ring.reads = 0;
+        FormKeys keys(m_folder->path(), std::make_unique<FakeService>(ring));
+        FormStore other(keys);
+        auto store = std::make_unique<FormStore>(keys);
+        int late = 0;
+        store->loadedLate = [&] { ++late; };
+        store->LoadFormData(path());
+        other.LoadFormData(path());
+        bool isSettled = false;
+        keys.whenSettled([&] { isSettled = true; });
+        QVERIFY(!isSettled && store->fields().empty());
+        if (meanwhile == u"clear"_s)
+            store->ClearFormData();
+        else if (meanwhile == u"add"_s)
+            store->AddFormField(u"mail"_s, u"mine"_s, false);
+        else if (meanwhile == u"gone"_s)
+            store.reset();
+        ring.answer();
+        QVERIFY(isSettled);
+        QCOMPARE(ring.reads, 1);
+        if (ring.refuses) {
+            QVERIFY(store->fields().empty());
+            ring.refuses = false;
+            keys.whenSettled([] {});
+            ring.answer();
+        }
+        QVERIFY(other.fields() == sample());
+        // From here on the process knows the key.
+        FormStore next(keys);
+        next.LoadFormData(path());
+        QVERIFY(next.fields() == sample());
+        if (store) {
+            const std::size_t expected = meanwhile == u"clear"_s ? 0 : meanwhile == u"add"_s ? 1 : sample().size();
+            QCOMPARE(store->fields().size(), expected);
+            QCOMPARE(late, expected > 1 ? 1 : 0);
+        }
+    }
 
 private:
     QString path() const { return m_folder->filePath(u"form.bin"_s); }
@@ -118,209 +312,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-void tst_FormStore::comesBackAsItWas()
-{
-    saveSample();
-    FormKeys keys(m_folder->path());
-    FormStore store(keys);
-    store.LoadFormData(path());
-    QVERIFY(store.fields() == sample());
-    QString value;
-    bool isProtected = false;
-    store.GetFormField(u"SEX"_s, value, isProtected);
-    QCOMPARE(value, u"M"_s);
-    store.GetFormField(u"CARD_num"_s, value, isProtected);
-    QVERIFY(isProtected);
-    store.GetFormField(u"nowhere"_s, value, isProtected);
-    QVERIFY(value.isEmpty() && !isProtected);
-
-    for (const QString &file : {path(), keyFile()})
-        QCOMPARE(QFile::permissions(file), kOwnerOnly);
-    const QByteArray content = readFile(path()).value();
-    const QString number = u"4111111111111111"_s;
-    const QByteArray units(reinterpret_cast<const char *>(number.utf16()), 2 * number.size());
-    QVERIFY(!content.contains(number.toUtf8()) && !content.contains(units));
-    // The same record looks different each time, and an old one is overwritten in its place.
-    store.SaveFormData(path());
-    QVERIFY(readFile(path()) != content);
-    QVERIFY(!QFile::exists(path() + u".damaged"_s));
-}
-
-void tst_FormStore::everyDamageLeavesABeginning()
-{
-    std::vector<FormField> fields = sample();
-    fields.pop_back();
-    const FormKey key = FormKey::make();
-    const QByteArray whole = formfile::write(fields, key);
-    QVERIFY(formfile::read(whole, key).isWhole);
-    std::size_t most = 0;
-    for (qsizetype size = 0; size < whole.size(); ++size) {
-        const formfile::Content cut = formfile::read(whole.first(size), key);
-        QVERIFY2(!cut.isWhole && isBeginning(cut.fields, fields), qPrintable(QString::number(size)));
-        most = std::max(most, cut.fields.size());
-    }
-    QCOMPARE(most, fields.size());
-    for (qsizetype at = 0; at < whole.size(); ++at) {
-        QByteArray flipped = whole;
-        flipped[at] = static_cast<char>(flipped[at] ^ (1 << (at % 8)));
-        const formfile::Content bad = formfile::read(flipped, key);
-        QVERIFY2(!bad.isWhole && isBeginning(bad.fields, fields), qPrintable(QString::number(at)));
-    }
-    const formfile::Content longer = formfile::read(whole + "more", key);
-    QVERIFY(!longer.isWhole && longer.fields == fields);
-    FormKey other = FormKey::make();
-    other.id = key.id;
-    QVERIFY(formfile::read(whole, other).fields.empty());
-}
-
-void tst_FormStore::oddFiles_data()
-{
-    QTest::addColumn<std::function<void(const QString &)>>("spoil");
-    QTest::addColumn<int>("left");
-    QTest::addColumn<bool>("isKept");
-    using Spoil = std::function<void(const QString &)>;
-    const auto row = [](const char *name, Spoil spoil, int left, bool isKept) {
-        QTest::newRow(name) << spoil << left << isKept;
-    };
-    const auto rewrite = [](auto change) -> Spoil {
-        return [change](const QString &path) {
-            QByteArray content = readFile(path).value();
-            change(content);
-            QVERIFY(writeFileWhole(path, content));
-        };
-    };
-    const auto removed = [](const QString &path) { QFile::remove(path); };
-    const auto grown = [](const QString &path) { QVERIFY(QFile::resize(path, 100'000'000)); };
-    const auto folder = [](const QString &path) { QVERIFY(QFile::remove(path) && QDir().mkdir(path)); };
-    const auto keyLost = [](const QString &path) { QFile::remove(path.chopped(3) + u"key"_s); };
-    const auto keyCut = [](const QString &path) { QVERIFY(QFile::resize(path.chopped(3) + u"key"_s, 20)); };
-    row("missing", removed, 0, false);
-    row("empty", rewrite([](QByteArray &content) { content.clear(); }), 0, true);
-    row("last byte lost", rewrite([](QByteArray &content) { content.chop(1); }), 6, true);
-    row("first field damaged", rewrite([](QByteArray &content) { content[60] = char(content[60] + 1); }), 0, true);
-    row("later version", rewrite([](QByteArray &content) { content[8] = 2; }), 0, true);
-    row("of 100 MB", grown, 0, true);
-    row("a folder", folder, 0, true);
-    row("key missing", keyLost, 0, true);
-    row("key damaged", keyCut, 0, true);
-}
-
-void tst_FormStore::oddFiles()
-{
-    QFETCH(std::function<void(const QString &)>, spoil);
-    QFETCH(int, left);
-    QFETCH(bool, isKept);
-    saveSample();
-    spoil(path());
-
-    FormKeys keys(m_folder->path());
-    FormStore store(keys);
-    store.LoadFormData(path());
-    QCOMPARE(static_cast<int>(store.fields().size()), left);
-    fill(store, {{u"mail"_s, u"new"_s, false}});
-    store.SaveFormData(path());
-    QCOMPARE(QFile::exists(path() + u".damaged"_s), isKept);
-
-    FormKeys later(m_folder->path());
-    FormStore again(later);
-    again.LoadFormData(path());
-    QVERIFY(again.fields() == store.fields());
-}
-
-void tst_FormStore::failedSaveLeavesTheOldFile()
-{
-    saveSample();
-    const auto before = readFile(path());
-    FormKeys keys(m_folder->path());
-    FormStore store(keys);
-    store.LoadFormData(path());
-    // QSaveFile has to make its file beside the record.
-    QVERIFY_THROWS_EXCEPTION(ControlError, store.SaveFormData(m_folder->filePath(u"gone/form.bin"_s)));
-    QCOMPARE(readFile(path()), before);
-    FormKeys nowhere(m_folder->filePath(u"gone"_s));
-    QVERIFY_THROWS_EXCEPTION(ControlError, FormStore(nowhere).SaveFormData(path()));
-    QCOMPARE(readFile(path()), before);
-}
-
-void tst_FormStore::keyMovesIntoTheService()
-{
-    // A folder that can be moved keeps its key, whatever the session offers, and so do all tests.
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
-    QVERIFY(!desktop::secretServiceOf(desktop::Paths::below(m_folder->path())));
-    for (const bool forgets : {true, false}) {
-        FakeService::Ring ring;
-        ring.forgets = forgets;
-        FormKeys keys(m_folder->path(), std::make_unique<FakeService>(ring));
-        FormStore store(keys);
-        store.LoadFormData(path());
-        fill(store, sample());
-        store.SaveFormData(path());
-        QVERIFY(QFile::exists(keyFile()));
-        ring.answer();
-        QCOMPARE(QFile::exists(keyFile()), forgets);
-    }
-}
-
-void tst_FormStore::lateKey_data()
-{
-    QTest::addColumn<QString>("meanwhile");
-    QTest::newRow("nothing") << u"nothing"_s;
-    QTest::newRow("cleared") << u"clear"_s;
-    QTest::newRow("written to") << u"add"_s;
-    QTest::newRow("gone") << u"gone"_s;
-    QTest::newRow("refused, then given") << u"refuse"_s;
-}
-
-void tst_FormStore::lateKey()
-{
-    QFETCH(QString, meanwhile);
-    FakeService::Ring ring;
-    {
-        FormKeys keys(m_folder->path(), std::make_unique<FakeService>(ring));
-        FormStore store(keys);
-        fill(store, sample());
-        store.SaveFormData(path());
-        ring.answer();
-    }
-    ring.refuses = meanwhile == u"refuse"_s;
-    ring.reads = 0;
-    FormKeys keys(m_folder->path(), std::make_unique<FakeService>(ring));
-    FormStore other(keys);
-    auto store = std::make_unique<FormStore>(keys);
-    int late = 0;
-    store->loadedLate = [&] { ++late; };
-    store->LoadFormData(path());
-    other.LoadFormData(path());
-    bool isSettled = false;
-    keys.whenSettled([&] { isSettled = true; });
-    QVERIFY(!isSettled && store->fields().empty());
-    if (meanwhile == u"clear"_s)
-        store->ClearFormData();
-    else if (meanwhile == u"add"_s)
-        store->AddFormField(u"mail"_s, u"mine"_s, false);
-    else if (meanwhile == u"gone"_s)
-        store.reset();
-    ring.answer();
-    QVERIFY(isSettled);
-    QCOMPARE(ring.reads, 1);
-    if (ring.refuses) {
-        QVERIFY(store->fields().empty());
-        ring.refuses = false;
-        keys.whenSettled([] {});
-        ring.answer();
-    }
-    QVERIFY(other.fields() == sample());
-    // From here on the process knows the key.
-    FormStore next(keys);
-    next.LoadFormData(path());
-    QVERIFY(next.fields() == sample());
-    if (store) {
-        const std::size_t expected = meanwhile == u"clear"_s ? 0 : meanwhile == u"add"_s ? 1 : sample().size();
-        QCOMPARE(store->fields().size(), expected);
-        QCOMPARE(late, expected > 1 ? 1 : 0);
-    }
-}
 
 QTEST_GUILESS_MAIN(tst_FormStore)
 #include "tst_formstore.moc"
