@@ -12,18 +12,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// A later instance waits this long for the first one to open the document, then ends.
-constexpr int kHandOverMs = 10000;
-
-QString withoutQuotes(const QString &text)
-{
-    return text.startsWith(u'"') ? text.mid(1).chopped(text.size() > 1 ? 1 : 0) : text;
-}
-
-} // namespace
-
 MainCode::MainCode(const Ground &ground, LifecycleTrace trace)
     : m_ground(ground)
     , m_trace(std::move(trace))
@@ -33,7 +21,9 @@ MainCode::~MainCode() = default;
 
 QString MainCode::commandWithoutQuotes() const
 {
-    return withoutQuotes(m_command);
+    const std::string command = m_command.toStdString();
+    const std::string_view text = instance::withoutQuotes(command);
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 bool MainCode::Main(const QString &command)
@@ -82,10 +72,7 @@ bool MainCode::IsFirstInstance(const char *mutexName)
 
 void MainCode::HandOverToFirstInstance()
 {
-    const std::string socket = instance::findRunningInstance(m_ground.paths.runtimeFolder.toStdString());
-    if (socket.empty())
-        return;
-    instance::send(socket, instance::handOverMessage(m_command.toStdString()), kHandOverMs);
+    instance::HandOverToFirstInstance(m_ground.paths.runtimeFolder.toStdString(), m_command.toStdString());
 }
 
 void MainCode::ReleaseInstanceMutex()

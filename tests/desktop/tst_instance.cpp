@@ -32,7 +32,7 @@ struct Window
 
 QString onlyMark(const QString &folder)
 {
-    return QString::fromStdString(instance::findRunningInstance(folder.toStdString()));
+    return QString::fromStdString(instance::FindRunningInstance(folder.toStdString()));
 }
 
 } // namespace
@@ -203,7 +203,7 @@ private slots:
         Window hidden(deep);
         QVERIFY(hidden.mark->isListening());
         auto sent = std::async(std::launch::async, [&] {
-            return instance::send(instance::findRunningInstance(deep.toStdString()), {1, "deep"}, 5000);
+            return instance::SendUrlToInstance(instance::FindRunningInstance(deep.toStdString()), {1, "deep"}, 5000);
         });
         QTRY_COMPARE(hidden.received, QByteArrayList{"deep"});
         QVERIFY(sent.get());
@@ -286,14 +286,14 @@ private slots:
         QVERIFY(descriptor >= 0);
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(!instance::send(path, {1, "x"}, 300));
+        QVERIFY(!instance::SendUrlToInstance(path, {1, "x"}, 300));
         // More than the socket takes without a reader.
-        QVERIFY(!instance::send(path, {1, std::string(instance::kMaxBytes, 'x')}, 300));
+        QVERIFY(!instance::SendUrlToInstance(path, {1, std::string(instance::kMaxBytes, 'x')}, 300));
         QVERIFY(timer.elapsed() >= 600 && timer.elapsed() < 10000);
         close(descriptor);
-        QVERIFY(!instance::send(path, {1, "x"}, 300));
-        QVERIFY(!instance::send({}, {1, "x"}, 300));
-        QVERIFY(!instance::send(path, {1, std::string(instance::kMaxBytes + 1, 'x')}, 300));
+        QVERIFY(!instance::SendUrlToInstance(path, {1, "x"}, 300));
+        QVERIFY(!instance::SendUrlToInstance({}, {1, "x"}, 300));
+        QVERIFY(!instance::SendUrlToInstance(path, {1, std::string(instance::kMaxBytes + 1, 'x')}, 300));
     }
 
 private:

@@ -36,7 +36,7 @@ bool Program::start(const QStringList &arguments)
 bool Program::waitForWindow() const
 {
     const std::string folder = (m_home + u"/run"_s).toStdString();
-    return waitUntil([&] { return !instance::findRunningInstance(folder).empty(); }, kPatience);
+    return waitUntil([&] { return !instance::FindRunningInstance(folder).empty(); }, kPatience);
 }
 
 int Program::waitForEnd(int milliseconds)

@@ -159,7 +159,7 @@ private:
 bool writeAll(const Descriptor &client, std::string_view bytes, const Deadline &deadline)
 {
     while (!bytes.empty()) {
-        const ssize_t count = ::send(client.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        const ssize_t count = send(client.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
         if (count > 0)
             bytes.remove_prefix(static_cast<size_t>(count));
         else if ((errno != EAGAIN && errno != EINTR) || !deadline.wait(client, POLLOUT))
@@ -298,13 +298,19 @@ CopyData encode(std::string_view utf8, uint32_t length)
     return {length, utf8.empty() ? std::string(1, '\0') : std::string(utf8)};
 }
 
-CopyData handOverMessage(std::string_view commandLine)
+std::string_view withoutQuotes(std::string_view commandLine)
 {
     if (commandLine.starts_with('"')) {
         commandLine.remove_prefix(1);
         dropLastCharacter(commandLine);
     }
-    return encode(commandLine, utf16Length(commandLine));
+    return commandLine;
+}
+
+CopyData handOverMessage(std::string_view commandLine)
+{
+    const std::string_view text = withoutQuotes(commandLine);
+    return encode(text, utf16Length(text));
 }
 
 std::string serialize(const CopyData &message)
@@ -337,7 +343,7 @@ std::string socketPath(const std::string &folder, int pid, int serial)
 
 int listenOn(const std::string &path)
 {
-    // The name of a socket in the making is not one that findRunningInstance() looks at.
+    // The name of a socket in the making is not one that FindRunningInstance() looks at.
     const size_t slash = path.rfind('/');
     if (slash == std::string::npos)
         return -1;
@@ -356,7 +362,7 @@ int listenOn(const std::string &path)
     return -1;
 }
 
-std::string findRunningInstance(const std::string &folder)
+std::string FindRunningInstance(const std::string &folder)
 {
     for (const std::string &mark : marksIn(folder)) {
         if (!isOwnSocket(mark))
@@ -369,7 +375,7 @@ std::string findRunningInstance(const std::string &folder)
     return {};
 }
 
-bool send(const std::string &socket, const CopyData &message, int timeoutMs)
+bool SendUrlToInstance(const std::string &socket, const CopyData &message, int timeoutMs)
 {
     if (message.bytes.empty() || message.bytes.size() > kMaxBytes)
         return false;
@@ -383,6 +389,14 @@ bool send(const std::string &socket, const CopyData &message, int timeoutMs)
     }
     return connection == Connection::Made && writeAll(client, serialize(message), deadline) &&
            waitForAnswer(client, deadline);
+}
+
+void HandOverToFirstInstance(const std::string &folder, std::string_view commandLine)
+{
+    constexpr int kAnswerTimeoutMs = 10000;
+    const std::string RunningInstanceWindow = FindRunningInstance(folder);
+    if (!RunningInstanceWindow.empty())
+        SendUrlToInstance(RunningInstanceWindow, handOverMessage(commandLine), kAnswerTimeoutMs);
 }
 
 std::string commandLine(int argc, const char *const *argv)

@@ -53,8 +53,10 @@ inline constexpr uint32_t kMaxBytes = 1u << 20;
 /// Encodes UTF-8 text: one zero byte for an empty text.
 CopyData encode(std::string_view utf8, uint32_t length);
 
-/// The message that hands a command line over: a text that begins with a double quote loses its first character and its
-/// last one, whatever that is. The length counts UTF-16 units.
+/// A text that begins with a double quote loses its first character and its last one, whatever that is.
+std::string_view withoutQuotes(std::string_view commandLine);
+
+/// The message that hands a command line over, without its quotes. The length counts UTF-16 units.
 CopyData handOverMessage(std::string_view commandLine);
 
 /// The bytes on the wire, and back.
@@ -73,12 +75,16 @@ std::string socketPath(const std::string &folder, int pid, int serial);
 /// before it listens. Gives its descriptor, non-blocking and closed by exec, or -1.
 int listenOn(const std::string &path);
 
-/// FindRunningInstance: the first socket in `folder` that somebody listens on; empty when none does. Dead sockets that
-/// belong to the user are removed.
-std::string findRunningInstance(const std::string &folder);
+/// The first socket in `folder` that somebody listens on; empty when none does. Dead sockets that belong to the user
+/// are removed.
+std::string FindRunningInstance(const std::string &folder);
 
 /// Sends and waits for the answer, at most `timeoutMs`. False on any failure.
-bool send(const std::string &socket, const CopyData &message, int timeoutMs);
+bool SendUrlToInstance(const std::string &socket, const CopyData &message, int timeoutMs);
+
+/// Hands a command line to the first marked window of `folder` and waits for its answer, ten seconds at most: it opens
+/// the document before it answers, and it may be busy. Ends silently when there is no window.
+void HandOverToFirstInstance(const std::string &folder, std::string_view commandLine);
 
 /// Joins arguments by blanks; an argument that names an existing file becomes its absolute path.
 std::string commandLine(int argc, const char *const *argv);

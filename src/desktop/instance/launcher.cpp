@@ -12,10 +12,6 @@
 
 namespace {
 
-/// The running program opens the document before it answers, and it may be busy. After this time the document may open
-/// or not; nobody should wait longer for that.
-constexpr int kAnswerTimeoutMs = 10000;
-
 std::string browserBesideThis()
 {
     std::array<char, 4096> path;
@@ -26,20 +22,13 @@ std::string browserBesideThis()
     return self.substr(0, self.rfind('/') + 1) + "corvane-browser";
 }
 
-void handOver(const std::string &folder, const std::string &commandLine)
-{
-    const std::string running = instance::findRunningInstance(folder);
-    if (!running.empty())
-        instance::send(running, instance::handOverMessage(commandLine), kAnswerTimeoutMs);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
 {
     const std::string folder = instance::runtimeFolder();
     if (!folder.empty() && instance::isOwned(folder, instance::kMutexName)) {
-        handOver(folder, instance::commandLine(argc, argv));
+        instance::HandOverToFirstInstance(folder, instance::commandLine(argc, argv));
         return 0;
     }
     const std::string browser = browserBesideThis();
