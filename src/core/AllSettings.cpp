@@ -59,6 +59,14 @@ QString windowText(const SettingsStore &store, const char *key, const QString &o
     return store.GetSetting(appTitle(), settingsSection(), latin1(key), hasDefault ? latin1(found->defaultText) : own);
 }
 
+/// False for a text that does not convert.
+bool windowFlag(const SettingsStore &store, const char *key)
+{
+    bool value = false;
+    step([&] { value = toBoolean(windowText(store, key)); });
+    return value;
+}
+
 void saveText(SettingsStore &store, const QString &key, const QString &value)
 {
     store.SaveSetting(appTitle(), settingsSection(), key, value);
@@ -130,21 +138,18 @@ void setChecked(controls::PopupMenu &menu, const QString &key, bool checked)
 void loadWindows(const SettingsTargets &to)
 {
     loadGeometry(to.store, kMain, MainGeometry{to.frmMain});
-    step([&] {
-        to.settings.MainMaximized = toBoolean(windowText(to.store, "MainMaximized"));
-        if (to.settings.MainMaximized)
-            to.frmMain.setWindowState(Qt::WindowMaximized);
-    });
+    to.settings.MainMaximized = windowFlag(to.store, "MainMaximized");
+    if (to.settings.MainMaximized)
+        to.frmMain.setWindowState(Qt::WindowMaximized);
     loadGeometry(to.store, kNavigator, to.navigator);
-    step([&] { to.navigator.setVisible(toBoolean(windowText(to.store, "NavigatorVisible"))); });
-    step([&] { setChecked(to.m_cMenu, u"mnuViewNavigator"_s, !to.navigator.isHidden()); });
+    to.navigator.setVisible(windowFlag(to.store, "NavigatorVisible"));
+    step([&] { setChecked(to.m_cMenu, u"mnuViewNavigator"_s, to.navigator.Visible()); });
 }
 
 void loadBands(const SettingsTargets &to)
 {
     for (const BandKey &key : kBands) {
-        bool visible = false;
-        step([&] { visible = toBoolean(windowText(to.store, key.settingKey)); });
+        const bool visible = windowFlag(to.store, key.settingKey);
         step([&] { to.cReBar1.setBandVisible(to.cReBar1.BandIndexForKey(QString::fromUtf16(key.band)), visible); });
         step([&] { setChecked(to.m_cMenu, QString::fromUtf16(key.menuKey), visible); });
     }
@@ -229,12 +234,9 @@ void LoadAllSettings(const SettingsTargets &to)
     loadWindows(to);
     loadBands(to);
     loadAddressList(to);
-    step([&] {
-        const bool visible = toBoolean(windowText(to.store, "StatusBarVisible"));
-        to.vbalStatusBar1.setVisible(visible);
-        setChecked(to.m_cMenu, u"mnuViewStatusBar"_s, visible);
-    });
-    step([&] { to.goNew.setChecked(toBoolean(windowText(to.store, "GoNew"))); });
+    to.vbalStatusBar1.setVisible(windowFlag(to.store, "StatusBarVisible"));
+    step([&] { setChecked(to.m_cMenu, u"mnuViewStatusBar"_s, !to.vbalStatusBar1.isHidden()); });
+    to.goNew.setChecked(windowFlag(to.store, "GoNew"));
     loadSection(to, "General");
     if (to.settings.MinimizeToTray)
         step([&] { to.tray.AddTrayIcon(LoadResString(102)); });
@@ -255,7 +257,7 @@ void LoadAllSettings(const SettingsTargets &to)
 
 void SaveAllSettings(const SettingsTargets &from)
 {
-    saveBoolean(from.store, "NavigatorVisible", !from.navigator.isHidden());
+    saveBoolean(from.store, "NavigatorVisible", from.navigator.Visible());
     for (const BandKey &key : kBands) {
         const int band = from.cReBar1.BandIndexForKey(QString::fromUtf16(key.band));
         saveBoolean(from.store, key.settingKey, from.cReBar1.BandVisible(band));

@@ -62,7 +62,8 @@ public:
 
     /// Makes the controls and runs the start sequence, the first document included.
     void Load();
-    /// Runs the close, once; nothing asks and nothing can cancel. Safe inside the window's own events.
+    /// Runs the close, once; nothing asks and nothing can cancel. Safe inside the window's own events, and before Load,
+    /// which then does nothing.
     void Unload();
     bool isUnloaded() const { return m_unloaded; }
     /// First appearance, in the state that the settings gave.
@@ -167,6 +168,7 @@ private:
     void MDIForm_Resize();
     void dockPicHolder(int align);
     void layOutTabBand();
+    void rejectDialogs();
     void MDIForm_QueryUnload();
     void MDIForm_Unload();
     void unloadForms();
@@ -182,8 +184,6 @@ private:
     bool m_loaded = false;
     bool m_unloading = false;
     bool m_unloaded = false;
-    /// The Navigator was on the screen when the window went to the tray.
-    bool m_navigatorHidden = false;
     std::unique_ptr<Toolbars> m_toolbars;
     std::unique_ptr<Bands> m_bands;
     std::unique_ptr<Commands> m_commands;

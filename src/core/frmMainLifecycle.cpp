@@ -66,7 +66,7 @@ QString searchAddress(const QString &site)
 
 void frmMain::Load()
 {
-    if (m_loaded)
+    if (m_loaded || m_unloading)
         return;
     createControls();
     wire();
@@ -259,8 +259,7 @@ void frmMain::MDIForm_Resize()
 
     // Without a tray the window could never come back, so it stays an ordinary minimised one.
     if (isMinimized() && m_mainCode.settings.MinimizeToTray && m_mainCode.ground().tray.isAvailable()) {
-        m_navigatorHidden = m_navigatorHidden || navigator->isVisible();
-        navigator->hide();
+        navigator->hideWithOwner();
         hide();
         if (!m_mainCode.settings.TrayPassword.isEmpty())
             m_mainCode.ReleaseInstanceMutex();
@@ -275,8 +274,7 @@ void frmMain::setWindowStateNormal()
 void frmMain::showFromOutside()
 {
     show();
-    if (std::exchange(m_navigatorHidden, false))
-        navigator->show();
+    navigator->showWithOwner();
     raise();
     activateWindow();
 }
@@ -316,19 +314,27 @@ void frmMain::closeEvent(QCloseEvent *event)
 
 void frmMain::Unload()
 {
-    if (!m_loaded || m_unloading)
+    if (m_unloading)
         return;
     m_unloading = true;
-    // A question that is still up is answered with no, so that its loop ends.
+    // A close that comes before the load leaves nothing to store, and the window then never loads.
+    if (m_loaded) {
+        rejectDialogs();
+        MDIForm_QueryUnload();
+        MDIForm_Unload();
+    }
+    m_unloaded = true;
+    hide();
+    emit unloaded();
+}
+
+/// A question that is still up is answered with no, so that its loop ends.
+void frmMain::rejectDialogs()
+{
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *window : windows)
         if (auto *dialog = qobject_cast<QDialog *>(window))
             dialog->reject();
-    MDIForm_QueryUnload();
-    MDIForm_Unload();
-    m_unloaded = true;
-    hide();
-    emit unloaded();
 }
 
 void frmMain::MDIForm_QueryUnload()
@@ -384,6 +390,8 @@ void frmMain::MDIForm_Unload()
     unloadForms();
     trace("DisableClock");
     Clock->stop();
+    // Who is first from here on reads what is in the file.
+    m_mainCode.ground().store.sync();
     trace("ReleaseInstanceMutex");
     m_mainCode.ReleaseInstanceMutex();
 }

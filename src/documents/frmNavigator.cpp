@@ -16,6 +16,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -263,6 +264,18 @@ bool frmNavigator::Unload()
     Timer1.setEnabled(false);
     tmrLoading.setEnabled(false);
     return true;
+}
+
+void frmNavigator::hideWithOwner()
+{
+    m_awayWithOwner = Visible();
+    hide();
+}
+
+void frmNavigator::showWithOwner()
+{
+    if (std::exchange(m_awayWithOwner, false))
+        show();
 }
 
 double frmNavigator::Left() const

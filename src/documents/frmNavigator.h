@@ -43,6 +43,12 @@ public:
     /// register serves the documents in either case.
     bool Unload();
 
+    /// False for a window that was closed; the main window may have taken an open one away with it.
+    bool Visible() const { return m_awayWithOwner || !isHidden(); }
+    /// The window goes from the screen with the main window, and comes back with it.
+    void hideWithOwner();
+    void showWithOwner();
+
     /// Position and size in twips. What would not fit on the desktop is cut.
     double Left() const;
     void setLeft(double twips);
@@ -99,6 +105,8 @@ private:
     const Settings &m_settings;
     controls::MdiFrame &m_mdi;
     QString m_tag = QStringLiteral("0");
+    /// Hidden only because the main window is.
+    bool m_awayWithOwner = false;
     /// Timer1 would run, but the window keeps its height.
     bool m_timerWaits = false;
 };

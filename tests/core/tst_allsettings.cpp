@@ -131,6 +131,8 @@ private slots:
         QVERIFY(!f.main().isMaximized());
         QCOMPARE(f.main().AddressBar->ListCount(), 1);
         QVERIFY(!f.main().cReBar1->BandVisible(f.main().cReBar1->BandIndexForKey(u"Toolbar1"_s)));
+        QVERIFY(f.main().vbalStatusBar1->isHidden());
+        QVERIFY(!f.main().m_cMenu->Checked(f.main().m_cMenu->IndexForKey(u"mnuViewStatusBar"_s)));
         QVERIFY(f.main().isVisible());
     }
 

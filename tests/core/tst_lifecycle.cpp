@@ -178,6 +178,8 @@ private slots:
         QCOMPARE(f.get(u"Settings", u"MainLeft"), u"4500"_s);
         QCOMPARE(f.get(u"Settings", u"NavigatorWidth"), u"4650"_s);
         QCOMPARE(f.get(u"Settings", u"MainMaximized"), u"False"_s);
+        // The Navigator has only gone with the window: it is there again after the next start.
+        QCOMPARE(f.get(u"Settings", u"NavigatorVisible"), u"True"_s);
         QCOMPARE(f.tray.tip, QString());
     }
 
@@ -241,6 +243,18 @@ private slots:
         QVERIFY(f.start());
         QVERIFY(f.main().isUnloaded());
         QVERIFY(!f.main().isVisible());
+        QVERIFY(!f.code->isMarked());
+        QCOMPARE(f.opened(), QStringList());
+    }
+
+    void closeBeforeTheLoadIsNotLost()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        // The engine warms up while the picture of the start stands there and events come through.
+        f.engine.onWarmUp = [&] { f.main().Unload(); };
+        QVERIFY(f.start(u"http://a/"_s));
+        QVERIFY(f.main().isUnloaded() && !f.main().isVisible());
         QVERIFY(!f.code->isMarked());
         QCOMPARE(f.opened(), QStringList());
     }

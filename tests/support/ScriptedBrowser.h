@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <functional>
 #include <memory>
 
 /// A browser without an engine: it records the calls in order and changes nothing by itself; a test raises the events
@@ -73,13 +74,19 @@ private:
 class ScriptedEngine : public engine::Engine
 {
 public:
-    void warmUp() override { ++warmUps; }
+    void warmUp() override
+    {
+        ++warmUps;
+        if (onWarmUp)
+            onWarmUp();
+    }
     engine::WebBrowser *createBrowser(QWidget *parent) override;
     engine::VisitLog &visits() override;
 
     /// The browsers that still exist have a value, counted from 0.
     QList<QPointer<ScriptedBrowser>> browsers;
     int warmUps = 0;
+    std::function<void()> onWarmUp;
     /// Given to each new browser's `failing`.
     QStringList failing;
 
