@@ -161,6 +161,9 @@ void frmDocument::Unload()
 void frmDocument::Show()
 {
     m_context.mdi.showForm(this);
+    // Every document comes up maximised, and with it the others.
+    if (m_context.mdi.WindowState(this) != controls::vbMaximized)
+        m_context.mdi.setWindowState(this, controls::vbMaximized);
     m_context.mdi.setCaption(this, m_caption);
 }
 

@@ -49,11 +49,14 @@ void tst_Opening::loadNewDocRunsItsStepsInOrder()
     QCOMPARE(f.addressBar.ItemIcon(0), 4);
     QCOMPARE(f.main.calls, QStringList{u"ModifyMenu"_s});
 
-    // A refused step costs only itself.
+    // A refused step costs only itself. The document comes up maximised, whatever state the others are in.
+    f.mdi.Arrange(controls::vbTileHorizontal);
+    QCOMPARE(f.mdi.WindowState(&document), controls::vbNormal);
     f.engine.failing = {u"Navigate2"_s, u"RegisterAsBrowser"_s, u"Silent"_s};
     f.open(u"x"_s);
     QCOMPARE(f.disorder(), QString());
     QVERIFY(f.document(2).isActive() && !document.isActive());
+    QCOMPARE(f.mdi.WindowState(&f.document(2)), controls::vbMaximized);
     QCOMPARE(f.addressBar.List(0), u"x"_s);
 }
 
