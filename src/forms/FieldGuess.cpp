@@ -70,16 +70,6 @@ struct Readings
     }
 };
 
-bool isDatePart(FieldKind kind)
-{
-    return kind == Day || kind == Month || kind == Year;
-}
-
-bool isName(FieldKind kind)
-{
-    return kind == FullName || kind == FirstName || kind == LastName;
-}
-
 /// The text that decides: the first that says what the input is, else the first that says anything.
 void decide(const Readings &readings, const FormEntry &entry, FieldGuess &guess)
 {

@@ -88,6 +88,15 @@ inline bool isBirth(FieldKind kind)
 {
     return kind >= FieldKind::BirthDate && kind <= FieldKind::BirthYear;
 }
+/// A part of a date that may be any.
+inline bool isDatePart(FieldKind kind)
+{
+    return kind == FieldKind::Day || kind == FieldKind::Month || kind == FieldKind::Year;
+}
+inline bool isName(FieldKind kind)
+{
+    return kind == FieldKind::FullName || kind == FieldKind::FirstName || kind == FieldKind::LastName;
+}
 inline bool isPhone(FieldKind kind)
 {
     return kind >= FieldKind::Phone && kind <= FieldKind::PhoneSuffix;

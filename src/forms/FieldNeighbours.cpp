@@ -1,7 +1,6 @@
 #include "forms/FieldNeighbours.h"
 
 #include "forms/DatePattern.h"
-#include "forms/PhoneNumber.h"
 
 #include <algorithm>
 #include <array>
@@ -15,25 +14,22 @@ using Entries = std::vector<FormEntry>;
 /// How far from an input its neighbours may explain it, in inputs.
 constexpr int kNear = 4;
 
-bool isDatePart(FieldKind kind)
-{
-    return kind == Day || kind == Month || kind == Year;
-}
-
 int count(const Entries &entries)
 {
     return static_cast<int>(entries.size());
 }
 
+/// The entry `at`, which is one of the frame.
+template <typename List>
+auto &entryAt(List &entries, int at)
+{
+    return entries[static_cast<size_t>(at)];
+}
+
 /// The kind of the entry `at`, None outside of the frame.
 FieldKind kindAt(const Entries &entries, int at)
 {
-    return at >= 0 && at < count(entries) ? entries[static_cast<size_t>(at)].guess.kind : None;
-}
-
-FormEntry &entryAt(Entries &entries, int at)
-{
-    return entries[static_cast<size_t>(at)];
+    return at >= 0 && at < count(entries) ? entryAt(entries, at).guess.kind : None;
 }
 
 /// Whether a kind for which `test` holds is within `reach` inputs, before or behind.
@@ -138,7 +134,6 @@ void settleBirthDates(Entries &entries, const RecordValues &record)
 /// "Name" beside a first name is the last name, and the other way round; a "title" behind the name is one of a job.
 void settleNames(Entries &entries)
 {
-    const auto isName = [](FieldKind kind) { return kind == FullName || kind == FirstName || kind == LastName; };
     for (int i = 0; i < count(entries); ++i) {
         FieldGuess &guess = entryAt(entries, i).guess;
         if (guess.kind == Title && guess.isWeak && !entryAt(entries, i).isList()) {
@@ -164,34 +159,37 @@ bool isShortBox(const FormEntry &entry)
     return !entry.isList() && entry.maxLength() > 0 && entry.maxLength() <= kLongestPiece;
 }
 
-/// How many inputs from `at` on take `digits` digits together, each full to its limit; 0 when none do.
-int piecesFrom(const Entries &entries, int at, qsizetype digits, FieldKind kind)
+/// The limits of the inputs from `at` on that take `digits` digits together, each full to its limit; none when none do.
+std::vector<int> piecesFrom(const Entries &entries, int at, qsizetype digits, FieldKind kind)
 {
     constexpr int kMost = 4;
     qsizetype sum = 0;
-    for (int i = 0; i < kMost && at + i < count(entries); ++i) {
-        const FormEntry &entry = entries[static_cast<size_t>(at + i)];
+    std::vector<int> lengths;
+    for (int i = at; i < at + kMost && i < count(entries); ++i) {
+        const FormEntry &entry = entryAt(entries, i);
         const FieldKind said = entry.guess.kind;
-        const bool isOpen = i > 0 && (said == None || entry.guess.isWeak);
+        const bool isOpen = i > at && (said == None || entry.guess.isWeak);
         const bool belongs = said == kind || (kind == Phone && isPhone(said)) || isOpen;
         if (!belongs || !isShortBox(entry))
-            return 0;
+            return {};
+        lengths.push_back(entry.maxLength());
         sum += entry.maxLength();
         if (sum >= digits)
-            return sum == digits && i > 0 ? i + 1 : 0;
+            return sum == digits && i > at ? lengths : std::vector<int>{};
     }
-    return 0;
+    return {};
 }
 
-void deal(Entries &entries, int at, int pieces, FieldKind kind)
+/// Deals the digits of a number to inputs from `at` on.
+void deal(Entries &entries, int at, const std::vector<int> &lengths, FieldKind kind)
 {
     int from = 0;
-    for (int i = at; i < at + pieces; ++i) {
-        FormEntry &entry = entryAt(entries, i);
+    for (const int length : lengths) {
+        FormEntry &entry = entryAt(entries, at++);
         entry.guess.kind = kind;
         entry.from = from;
-        entry.length = entry.maxLength();
-        from += entry.length;
+        entry.length = length;
+        from += length;
     }
 }
 
@@ -200,46 +198,41 @@ bool isWordless(const Entries &entries, int at)
 {
     if (kindAt(entries, at) != Phone)
         return false;
-    const FormEntry &entry = entries[static_cast<size_t>(at)];
+    const FormEntry &entry = entryAt(entries, at);
     const engine::FormInput &input = *entry.input;
     const auto isLetter = [](QChar c) { return c.isLetter(); };
     return !entry.guess.byToken && entry.maxLength() == 0 && input.placeholder.isEmpty() && input.ariaLabel.isEmpty() &&
            std::ranges::none_of(input.label, isLetter);
 }
 
-/// Gives the inputs of a split telephone number their pieces, by their limits or by what they are called.
+/// Gives the inputs of a split telephone number their pieces, by their limits or by what they are called. The number of
+/// inputs that are settled by that.
 int settlePhone(Entries &entries, int at, const PhoneNumber &number)
 {
-    FormEntry &entry = entryAt(entries, at);
-    // A short first box in front of all the digits is for the country.
     constexpr int kCountryBox = 4;
-    if (entry.guess.kind == Phone && isShortBox(entry) && entry.maxLength() <= kCountryBox &&
-        piecesFrom(entries, at + 1, number.digits.size(), Phone) > 0 &&
-        piecesFrom(entries, at, number.digits.size(), Phone) == 0) {
-        entry.guess.kind = PhoneCountry;
-        return 1;
-    }
+    constexpr size_t kThree = 3;
+    const FormEntry &entry = entryAt(entries, at);
+    const auto piecesAt = [&](int first) { return piecesFrom(entries, first, number.digits.size(), Phone); };
     if (entry.guess.kind == PhoneCountry)
         return 1;
-    if (const int pieces = piecesFrom(entries, at, number.digits.size(), Phone); pieces > 0) {
+    if (const std::vector<int> pieces = piecesAt(at); !pieces.empty()) {
         deal(entries, at, pieces, Phone);
         // What follows is an extension.
-        int next = at + pieces;
-        while (isPhone(kindAt(entries, next)) && isShortBox(entryAt(entries, next)) &&
-               piecesFrom(entries, next, number.digits.size(), Phone) == 0)
+        int next = at + static_cast<int>(pieces.size());
+        while (isPhone(kindAt(entries, next)) && isShortBox(entryAt(entries, next)) && piecesAt(next).empty())
             entryAt(entries, next++).guess.kind = Other;
         return next - at;
     }
-    if (isWordless(entries, at + 1) && isWordless(entries, at + 2) && number.groups.size() == 3 &&
-        entry.maxLength() == 0) {
-        int from = 0;
-        for (int i = 0; i < 3; ++i) {
-            FormEntry &piece = entryAt(entries, at + i);
-            piece.from = from;
-            piece.length = number.groups[static_cast<size_t>(i)];
-            from += piece.length;
-        }
-        return 3;
+    // A short first box in front of all the digits is for the country.
+    if (entry.guess.kind == Phone && isShortBox(entry) && entry.maxLength() <= kCountryBox &&
+        !piecesAt(at + 1).empty()) {
+        entryAt(entries, at).guess.kind = PhoneCountry;
+        return 1;
+    }
+    if (number.groups.size() == kThree && entry.maxLength() == 0 && isWordless(entries, at + 1) &&
+        isWordless(entries, at + 2)) {
+        deal(entries, at, number.groups, Phone);
+        return kThree;
     }
     if (entry.guess.kind == PhoneArea && kindAt(entries, at + 1) == Phone && !number.groups.empty()) {
         entryAt(entries, at + 1).guess.kind = PhoneLocal;
@@ -250,16 +243,9 @@ int settlePhone(Entries &entries, int at, const PhoneNumber &number)
 
 void settlePhones(Entries &entries, const RecordValues &record)
 {
-    const QString country = record.countryCode();
-    const PhoneNumber number =
-        PhoneNumber::of(record.phone, country.isEmpty() || country == u"US" || country == u"CA" || country == u"PR");
     for (int i = 0; i < count(entries);) {
-        FormEntry &entry = entryAt(entries, i);
-        constexpr int kCountryBox = 4;
-        if (entry.guess.kind == Country && isShortBox(entry) && entry.maxLength() <= kCountryBox &&
-            entry.input->type == u"tel")
-            entry.guess.kind = PhoneCountry;
-        i += isPhone(entry.guess.kind) && !entry.isList() ? settlePhone(entries, i, number) : 1;
+        const FormEntry &entry = entryAt(entries, i);
+        i += isPhone(entry.guess.kind) && !entry.isList() ? settlePhone(entries, i, record.phoneParts) : 1;
     }
 }
 
@@ -269,9 +255,9 @@ void settleCardNumbers(Entries &entries, const RecordValues &record)
     for (int i = 0; i < count(entries); ++i) {
         if (kindAt(entries, i) != CardNumber)
             continue;
-        if (const int pieces = piecesFrom(entries, i, digits, CardNumber); pieces > 0) {
+        if (const std::vector<int> pieces = piecesFrom(entries, i, digits, CardNumber); !pieces.empty()) {
             deal(entries, i, pieces, CardNumber);
-            i += pieces - 1;
+            i += static_cast<int>(pieces.size()) - 1;
         }
     }
 }

@@ -1,7 +1,6 @@
 #include "forms/FieldText.h"
 
 #include "forms/DatePattern.h"
-#include "forms/PhoneNumber.h"
 #include "forms/PlaceNames.h"
 
 #include <algorithm>
@@ -144,9 +143,7 @@ QString streetFor(const FormEntry &entry, const RecordValues &record, bool hasSe
 
 QString phoneFor(const FormEntry &entry, const RecordValues &record)
 {
-    const QString code = record.countryCode();
-    const PhoneNumber number =
-        PhoneNumber::of(record.phone, code.isEmpty() || code == u"US" || code == u"CA" || code == u"PR");
+    const PhoneNumber &number = record.phoneParts;
     const engine::FormInput &input = *entry.input;
     const auto piece = [&](size_t first, size_t end) {
         qsizetype from = 0;

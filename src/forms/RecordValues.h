@@ -2,6 +2,7 @@
 
 #include "forms/FieldRules.h"
 #include "forms/FormField.h"
+#include "forms/PhoneNumber.h"
 
 #include <QString>
 #include <QStringList>
@@ -18,6 +19,7 @@ struct RecordValues
     QString firstName;
     QString lastName;
     QString phone;
+    PhoneNumber phoneParts;
     QString fax;
     QString birthDay;
     QString birthMonth;
