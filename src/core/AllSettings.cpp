@@ -13,6 +13,7 @@
 #include "core/state/SettingsTable.h"
 #include "desktop/Paths.h"
 #include "desktop/TrayIcon.h"
+#include "documents/AddressBarRules.h"
 #include "documents/frmNavigator.h"
 
 #include <QAbstractButton>
@@ -162,7 +163,7 @@ void loadAddressList(const SettingsTargets &to)
     step([&] { count = toInteger(windowText(to.store, "HistoryCount")); });
     for (int n = 1; n <= count; ++n) {
         const QString address = to.store.GetSetting(appTitle(), settingsSection(), u"HistorySite%1"_s.arg(n), u"0"_s);
-        step([&] { to.AddressBar.InsertItem(0, address, kAddressIcon); });
+        step([&] { to.AddressBar.InsertItem(0, address, AddressBarRules::kAddressIcon); });
     }
 }
 

@@ -40,9 +40,6 @@ struct SettingsTargets
     SiteBlocker &siteBlocker;
 };
 
-/// Item picture of a typed address.
-inline constexpr int kAddressIcon = 4;
-
 /// Reads all keys and the black list, in their order, and applies them to the controls. An error costs its own
 /// statement only: a text that does not convert leaves its value as it was.
 void LoadAllSettings(const SettingsTargets &to);

@@ -6,6 +6,7 @@
 #include "controls/ListView.h"
 #include "controls/MdiFrame.h"
 #include "controls/TabControl.h"
+#include "documents/AddressBarRules.h"
 #include "documents/frmDocument.h"
 #include "documents/frmNavigator.h"
 
@@ -15,9 +16,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// Icon of a line of the Navigator (counted from 1) and of an entry of the address list (from 0).
+/// Icon of a line of the Navigator, counted from 1.
 constexpr int kSiteIcon = 1;
-constexpr int kAddressIcon = 4;
 
 /// Path of a shortcut file without its extension, from a path or a file address.
 QString shortcutPath(const QString &url)
@@ -93,6 +93,6 @@ void DocumentOpener::addAddress(const QString &url)
     auto &list = m_context.AddressBar;
     step([&] {
         if (list.ListCount() == 0 || list.List(0) != url)
-            list.InsertItem(0, url, kAddressIcon);
+            list.InsertItem(0, url, AddressBarRules::kAddressIcon);
     });
 }
