@@ -95,6 +95,15 @@ void decide(const Readings &readings, const FormEntry &entry, FieldGuess &guess)
     }
 }
 
+/// Where one text asks for a name and another one for a first name, the narrower one is meant.
+void narrowName(const Readings &readings, FieldGuess &guess)
+{
+    for (const TextReading &reading : readings.all) {
+        if (!reading.isWeak && (reading.kind == FirstName || reading.kind == LastName))
+            guess.kind = reading.kind;
+    }
+}
+
 /// Whether a month and a year are to be written into one input.
 bool hasRoomForCardDate(const FormEntry &entry)
 {
@@ -114,7 +123,10 @@ void settleDate(const Readings &readings, const FormEntry &entry, FieldGuess &gu
     const bool month = parts.hasAny(Month, CardMonth);
     const bool year = parts.hasAny(Year, CardYear);
     if (isDatePart(guess.kind)) {
-        if (day + month + year == 1)
+        // "MM/YY" is asked for of cards alone.
+        if (hasRoomForCardDate(entry))
+            guess.kind = CardDate;
+        else if (day + month + year == 1)
             guess.kind = day ? Day : month ? Month : Year;
         if (said.hasAny(CardDate, CardMonth, CardYear) || (said.has(CardWord) && !said.has(BirthDate)))
             guess.kind = CardDate;
@@ -296,6 +308,10 @@ FieldGuess guessOf(const FormEntry &entry, const OwnKeys &ownKeys)
         guess.kind = Mail;
         return guess;
     }
+    if (guess.kind == FullName)
+        narrowName(readings, guess);
+    if (guess.kind == Country && guess.said.has(Phone))
+        guess.kind = PhoneCountry;
     if (guess.kind == Mail && !guess.byName && readings.all[Readings::Name].kind == User &&
         !readings.asksForMailAlone())
         guess.kind = User;

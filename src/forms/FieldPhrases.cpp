@@ -136,7 +136,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"phone country|phone country code|phonecountrycode|phone code|phonecode|mobile country code|mobile code|"
      u"tel country code|country calling code|calling code|dial code|dialing code|dialcode|dialling code|isd code|"
      u"intl code|international code|landervorwahl|landesvorwahl|phone prefix country|indicatif|codigo de pais|"
-     u"prefisso internazionale|country phone code|country dial|phone ccode"},
+     u"prefisso internazionale|country phone code|country dial|phone ccode|mobile country|mobilecountry|"
+     u"tel country|phone nation"},
     {PhoneArea, kStrong,
      u"area code|areacode|phone area|phonearea|phone area code|telephone area|vorwahl|ortsvorwahl|codigo de area|"
      u"prefijo|std code|prefisso|=ddd|netnummer|区号|市外局番|phone number area|phonenumberarea|phone a code"},
@@ -202,7 +203,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"num tarjeta|numtarjeta|nro tarjeta|no tarjeta|n carte|num carte|numcarte|n carta|numer karty|kortnummer|"
      u"numero di carta|numero di carta di credito|numero de la tarjeta|numero de la tarjeta de credito|n de carte|"
      u"n de carte bancaire|no de carte|kreditkarte nummer|kreditkartennr|卡號|卡号码|numero de carte bancaire|"
-     u"numero de la carte bancaire|nr karty|number of card|number of your card"},
+     u"numero de la carte bancaire|nr karty|number of card|number of your card|creditcard account number|"
+     u"creditcardaccountnumber|card account number|cardaccountnumber"},
     {Job, kStrong,
      u"~job|job title|jobtitle|occup|occupation|profession|beruf|berufsbezeichnung|=position|position title|metier|"
      u"profesion|=puesto|professione|beroep|profissao|ocupacion|fonction|funktion|=cargo|職業|职业|직업"},

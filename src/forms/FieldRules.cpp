@@ -93,6 +93,8 @@ std::optional<Fit> fitOf(const Phrase &phrase, const FieldWords &words, qsizetyp
     // "address[name]" is the name in an address, not the name of one.
     if (phrase.kind == FieldKind::Other && words.part(at) != words.part(at + phrase.letters.size() - 1))
         return {};
+    if (words.isRemark(at) != words.isRemark(at + phrase.letters.size() - 1))
+        return {};
     const bool starts = words.isEdge(at);
     const bool ends = words.isEdge(at + phrase.letters.size());
     if (starts && ends)
@@ -204,10 +206,11 @@ TextReading readProse(const QString &text)
 {
     const FieldWords words(text);
     return read(words, FieldWords::From::Prose, [&](const Match &match) {
-        // "Company e-mail", "Card holder: first name"
+        // "Company e-mail", "Card holder: first name", "tel Card number"
         const FieldKind kind = match.phrase->kind;
-        const bool givesWay = kind == FieldKind::Other && match.phrase->isLate;
-        const int give = givesWay ? 2 : kind == FieldKind::FullName ? 1 : 0;
+        const bool isLateOther = kind == FieldKind::Other && match.phrase->isLate;
+        const bool isShort = kind == FieldKind::Phone && match.phrase->letters.size() < kLeastPart;
+        const int give = isLateOther ? 2 : kind == FieldKind::FullName || isShort ? 1 : 0;
         // Weak words say the less the later they stand in the table.
         const qsizetype place = match.phrase->isWeak ? match.phrase->order : match.at;
         return std::tuple(words.isRemark(match.at), isWeak(match), give, place);
