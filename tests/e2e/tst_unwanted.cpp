@@ -228,8 +228,10 @@ void tst_Unwanted::windows()
     const int tabs = fate == Fate::Tab || fate == Fate::OneOfTwo ? 2 : 1;
     if (tabs == 2)
         QVERIFY(f().waitForPage(2, u"Target"_s));
-    if (fate == Fate::Killed || fate == Fate::OneOfTwo)
-        WAIT_VERIFY(document(1).tmrKillPopup.Enabled());
+    if (fate == Fate::Killed || fate == Fate::OneOfTwo) {
+        const bool isKilled = waitUntil([&] { return document(1).tmrKillPopup.Enabled(); }, kPatience);
+        QVERIFY2(isKilled, qPrintable(u"%1 documents"_s.arg(f().count())));
+    }
     if (fate == Fate::Nothing)
         QVERIFY(f().waitForPage(1, u"Target"_s));
     // A page that goes with its document often has no time to send anything.

@@ -250,6 +250,25 @@ private slots:
         browser->setExposed(true);
         WAIT_COMPARE(browser->LocationName(), u"visible"_s);
     }
+
+    void endOfTheLoadBeforeEndsNothing()
+    {
+        m_site.add("/held", {"", "image/png", 200, {}, LoopbackSite::Ending::Held});
+        m_site.page("/opens", "Opens", "<img src=/held><script>open('/plain')</script>");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        // The engine is caught at another point of its work each time.
+        for (int n = 0; n < 15; ++n) {
+            browser->Navigate2(m_site.address(u"/plain"_s));
+            WAIT_COMPARE(browser->LocationName(), u"Plain"_s);
+            browser.events.clear();
+            browser->Navigate2(m_site.address(u"/opens"_s));
+            WAIT_COMPARE(browser.count(u"window"_s), 1);
+            const QString before = browser.events.join(u", "_s);
+            QVERIFY2(!before.contains(u"end"_s) && !before.contains(u"location"_s), qPrintable(before));
+            m_site.release("/held");
+            QVERIFY(browser.waitForEnd());
+        }
+    }
 };
 
 int main(int argc, char **argv)

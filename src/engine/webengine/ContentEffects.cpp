@@ -3,6 +3,7 @@
 #include "engine/webengine/ContentScripts.h"
 #include "engine/webengine/PageChannel.h"
 
+#include <QUrlQuery>
 #include <QWebEnginePage>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
@@ -30,10 +31,10 @@ PartKind kindOf(QWebEngineUrlRequestInfo::ResourceType type)
 
 } // namespace
 
-ContentEffects::ContentEffects(QWebEnginePage &page, PageChannel &channel, std::function<void()> ready)
+ContentEffects::ContentEffects(QWebEnginePage &page, PageChannel &channel, std::function<void(State)> tell)
     : m_page(page)
     , m_channel(channel)
-    , m_ready(std::move(ready))
+    , m_tell(std::move(tell))
     , m_token(channel.listen([this](QWebEngineUrlRequestJob *job) { asked(job); }))
 {
     apply();
@@ -79,9 +80,14 @@ void ContentEffects::interceptRequest(QWebEngineUrlRequestInfo &info)
 
 void ContentEffects::asked(QWebEngineUrlRequestJob *job)
 {
-    if (job->requestUrl().path() == "/ready"_L1) {
+    const QString about = job->requestUrl().path();
+    if (about != "/flash"_L1) {
         PageChannel::answer(job, {});
-        m_ready();
+        // Word of the page before may come late.
+        const QString address = PageChannel::value(QUrlQuery(job->requestUrl()), u"u"_s);
+        if (address != m_page.url().toString(QUrl::FullyEncoded).left(address.size()))
+            return;
+        m_tell(about == "/loaded"_L1 ? State::Loaded : State::Read);
     } else if (m_isFlashBlocked) {
         PageChannel::answer(job, "block");
     } else {

@@ -21,8 +21,9 @@ class ContentEffects : public QWebEngineUrlRequestInterceptor, public ContentFac
 {
     Q_OBJECT
 public:
-    /// `ready` is told when the document of the page itself has been read, while parts and frames may go on loading.
-    ContentEffects(QWebEnginePage &page, PageChannel &channel, std::function<void()> ready);
+    /// How far the document of the page itself has come; while it has only been read, parts and frames go on loading.
+    enum class State { Read, Loaded };
+    ContentEffects(QWebEnginePage &page, PageChannel &channel, std::function<void(State)> tell);
     ~ContentEffects() override;
 
     /// What holds from the next load on; DLCTL_...
@@ -43,7 +44,7 @@ private:
 
     QWebEnginePage &m_page;
     PageChannel &m_channel;
-    std::function<void()> m_ready;
+    std::function<void(State)> m_tell;
     QString m_token;
     int32_t m_wanted = kAllContent;
     int32_t m_holds = kAllContent;

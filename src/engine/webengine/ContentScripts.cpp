@@ -125,7 +125,7 @@ let isBlocked = false, hasAsked = false;
 const ask = (about, done) => {
     const x = new XMLHttpRequest;
     if (done) x.onload = () => done(x.responseText);
-    x.open('GET', 'engine://content/' + about + '?t=' + C.token);
+    x.open('GET', 'engine://content/' + about + '?t=' + C.token + '&u=' + encodeURIComponent(location.href.slice(0, 5000)));
     x.send();
 };
 
@@ -210,9 +210,10 @@ new MutationObserver(records => {
 for (const e of document.querySelectorAll(wanted)) judge(e);
 
 if (window === window.top) {
-    const ready = () => ask('ready');
-    if (document.readyState === 'loading') document.addEventListener('DOMContentLoaded', ready, { once: true });
-    else ready();
+    const read = () => ask('read');
+    if (document.readyState === 'loading') document.addEventListener('DOMContentLoaded', read, { once: true });
+    else read();
+    window.addEventListener('load', () => ask('loaded'), { once: true });
 }
 )JS"_s;
     return source;

@@ -15,8 +15,8 @@ struct ContentScriptOptions
 };
 
 /// For a world of its own, in every frame: asks `engine://content/flash` about the first Flash element and puts a box
-/// in the place of each when the answer is "block", asks `engine://content/ready` when the page itself has been read,
-/// and keeps videos and plug-in content away where the options say so.
+/// in the place of each when the answer is "block", tells `engine://content/read` and `/loaded` how far the page has
+/// come, and keeps videos and plug-in content away where the options say so.
 QString contentScript(const ContentScriptOptions &options);
 
 /// For the same world of the page itself: what the answer "block" does.

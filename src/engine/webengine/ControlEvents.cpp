@@ -34,9 +34,6 @@ QString bareAddress(QString address)
     return address;
 }
 
-/// How long a page that has asked for too many windows gets none, unless the user acts in it; in milliseconds.
-constexpr int kWindowPause = 10'000;
-
 DownloadGrants::Cause causeOf(QWebEnginePage::NavigationType type)
 {
     if (type == QWebEnginePage::NavigationTypeTyped)
@@ -71,8 +68,6 @@ void WebBrowserControl::connectPage()
                 if (status != QWebEnginePage::NormalTerminationStatus)
                     processEnded();
             });
-    m_windowsAgain.setSingleShot(true);
-    connect(&m_windowsAgain, &QTimer::timeout, this, [this] { setWindowsAllowed(true); });
     m_standIn.setSingleShot(true);
     connect(&m_standIn, &QTimer::timeout, this, &WebBrowserControl::reportTitle);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { keepFocus(now); });
@@ -165,7 +160,7 @@ void WebBrowserControl::loadEnded(const QWebEngineLoadingInfo &info)
         m_engine.visits().addVisit(LocationURL(), LocationName());
     if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus && m_badCertificate)
         showCertificateNotice();
-    m_load.finished();
+    m_load.finished(info.url() == m_mainRequest ? LoadReports::Which::Last : LoadReports::Which::Overtaken);
 
     // A window whose first page was refused or became a download would stay empty for ever.
     // The download is told of only after the end of the load, and it crashes the engine to ask it for a page that has
@@ -189,6 +184,7 @@ void WebBrowserControl::addressChanged(const QUrl &url)
         m_load.settle();
         return;
     }
+    m_load.committed();
     // The boxes of the page before have lost their frames.
     m_boxes.withdraw();
     m_isErrorPage = false;
@@ -281,24 +277,20 @@ void WebBrowserControl::openWindow(QWebEngineNewWindowRequest &request)
 
 bool WebBrowserControl::takesWindowRequest()
 {
-    if (m_windowRequests.passes(now()))
+    const bool isFlood = !m_page->settings()->testAttribute(QWebEngineSettings::JavascriptCanOpenWindows);
+    if (!isFlood && m_windowRequests.passes(now()))
         return true;
     // The engine makes every window before it asks what is to become of it. Thousands of them would keep it busy.
     setWindowsAllowed(false);
     return false;
 }
 
-/// Whether pages may open windows that the engine does not take for the user's own; it refuses them unseen.
+/// Whether the page may open windows that the engine does not take for the user's own; else it refuses them unseen.
 void WebBrowserControl::setWindowsAllowed(bool allowed)
 {
     QWebEngineSettings *settings = m_page->settings();
-    if (settings->testAttribute(QWebEngineSettings::JavascriptCanOpenWindows) == allowed)
-        return;
-    settings->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, allowed);
-    if (allowed)
-        m_windowsAgain.stop();
-    else
-        m_windowsAgain.start(kWindowPause);
+    if (settings->testAttribute(QWebEngineSettings::JavascriptCanOpenWindows) != allowed)
+        settings->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, allowed);
 }
 
 /// Takes the window that a page asked for, with its opener and its name.

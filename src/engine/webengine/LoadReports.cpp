@@ -22,7 +22,9 @@ LoadReports::LoadReports(Report report)
     connect(&m_noSign, &QTimer::timeout, this, [this] {
         m_mainRequested = false;
         m_frames = 0;
-        if (!m_loading || m_endReported)
+        if (m_isUntold)
+            finished();
+        else if (!m_loading || m_endReported)
             close();
     });
 }
@@ -73,10 +75,18 @@ void LoadReports::started()
     m_frames = 0;
     m_framesOfLoad = 0;
     m_isRead = false;
+    m_isUntold = false;
     m_endReported = false;
     m_owed = true;
     if (!m_mainRefused)
         m_report(0, 100);
+}
+
+void LoadReports::committed()
+{
+    m_isCommitted = true;
+    if (m_isUntold && !m_isRead)
+        m_noSign.start(kNoSignMs);
 }
 
 void LoadReports::progress(int percent)
@@ -89,8 +99,16 @@ void LoadReports::progress(int percent)
 
 void LoadReports::read()
 {
-    m_isRead = m_loading;
+    m_isRead = m_loading && (!m_isUntold || m_isCommitted);
+    if (m_isUntold && m_isRead)
+        m_noSign.stop();
     sign();
+}
+
+void LoadReports::loaded()
+{
+    if (m_isUntold && m_isCommitted)
+        finished();
 }
 
 /// Something has happened: the frames that are still missing get their time anew.
@@ -111,8 +129,16 @@ void LoadReports::restWithoutFrames()
     close();
 }
 
-void LoadReports::finished()
+void LoadReports::finished(Which which)
 {
+    if (m_mainRequested && which == Which::Overtaken) {
+        started();
+        m_isUntold = true;
+        m_isCommitted = false;
+        m_noSign.start(kNoSignMs);
+        return;
+    }
+    m_isUntold = false;
     m_onlyFrames.stop();
     m_loading = false;
     m_mainRequested = false;
@@ -136,7 +162,7 @@ void LoadReports::frameLoaded()
 void LoadReports::settle()
 {
     // Never from inside the call that led here: the handler of the request has not returned yet.
-    if (m_owed && !m_mainRequested && (!m_loading || m_endReported))
+    if (m_owed && !m_mainRequested && (!m_loading || m_isUntold || m_endReported))
         m_noSign.start(0);
 }
 

@@ -27,9 +27,14 @@ public:
     /// The load of the page itself.
     void started();
     void progress(int percent);
-    /// Its document has been read; pictures and frames may still be missing.
+    /// Its document is there, has been read (pictures and frames may still be missing), has been loaded.
+    void committed();
     void read();
-    void finished();
+    void loaded();
+    /// The engine has told of the end of the last load, or of one that another request has overtaken. The engine tells
+    /// nothing at all of a load that began while the one before it was just ending.
+    enum class Which { Last, Overtaken };
+    void finished(Which which = Which::Last);
     /// A frame has loaded.
     void frameLoaded();
     /// Whatever may still be open ends now, unless the engine is to end it.
@@ -50,6 +55,9 @@ private:
     /// Frames whose load began during the load of the page itself, and has not ended.
     int m_framesOfLoad = 0;
     bool m_isRead = false;
+    /// Nobody but the document tells of the end of the load, and not before it is there.
+    bool m_isUntold = false;
+    bool m_isCommitted = false;
     /// The end of the load was reported, although the engine still waits for frames.
     bool m_endReported = false;
     bool m_owed = false;

@@ -33,7 +33,12 @@ WebBrowserControl::WebBrowserControl(WebEngine &engine, QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(m_view.get());
     m_engine.channel().join(*m_page, *this, PageChannel::WindowClose::Ignored);
-    m_content = std::make_unique<ContentEffects>(*m_page, m_engine.channel(), [this] { m_load.read(); });
+    m_content = std::make_unique<ContentEffects>(*m_page, m_engine.channel(), [this](ContentEffects::State state) {
+        if (state == ContentEffects::State::Read)
+            m_load.read();
+        else
+            m_load.loaded();
+    });
     connectPage();
     makeTools();
     makeFill();
@@ -134,6 +139,8 @@ void WebBrowserControl::leavePage()
 {
     m_stopAsked = false;
     m_boxes.setLeaving(true);
+    m_windowRequests.reset();
+    setWindowsAllowed(true);
 }
 
 QString WebBrowserControl::LocationURL() const

@@ -167,9 +167,9 @@ private:
     /// A page opened this window, so that its script may close it.
     bool m_openedByPage = false;
     bool m_isFirstLoad = true;
-    /// A page that asks for more windows than 20 in 10 seconds, without the user acting in it, is out to harm.
+    /// A page that asks for more windows than 20 in 10 seconds, without the user acting in it, is out to harm. It gets
+    /// none until the user acts in it or leaves it.
     RequestLimit m_windowRequests{20, 10'000};
-    QTimer m_windowsAgain;
     DownloadGrants m_downloads;
 
     int m_userClicks = 0;
