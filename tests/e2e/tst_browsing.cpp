@@ -162,6 +162,34 @@ private slots:
         QCOMPARE(f.disorder(), QString());
     }
 
+    void killedPageIsReloadedOnDemand()
+    {
+        m_site.page("/busy", "Busy", "<img src=/image>");
+        m_site.add("/image", {{}, "image/png", 200, {}, LoopbackSite::Ending::Held});
+        BrowserFixture f;
+        QVERIFY(f.start(at(u"/busy"_s)));
+        QVERIFY(m_site.waitFor("/image"));
+        QVERIFY(f.state(1) != u"Completed"_s);
+        QVERIFY(killRenderers() > 0);
+        WAIT_VERIFY(f.button(u"Reload"_s));
+        WAIT_COMPARE(f.state(1), u"Completed"_s);
+        QCOMPARE(f.address(), at(u"/busy"_s));
+
+        // The others go on, and nothing is loaded again before the user says so.
+        f.main().LoadNewDoc(at(u"/b"_s));
+        QVERIFY(f.waitForPage(2, u"Page B"_s));
+        QVERIFY(!f.button(u"Reload"_s));
+        QCOMPARE(m_site.count("/busy"), 1);
+        f.clickTab(1);
+        WAIT_VERIFY(f.button(u"Reload"_s));
+        m_site.page("/image", "");
+        QTest::mouseClick(f.button(u"Reload"_s), Qt::LeftButton);
+        QVERIFY(m_site.waitFor("/busy", 2));
+        QVERIFY(f.waitForPage(1, u"Busy"_s));
+        QVERIFY(!f.button(u"Reload"_s));
+        QCOMPARE(f.disorder(), QString());
+    }
+
     void badServers_data()
     {
         QTest::addColumn<QString>("address");
