@@ -293,6 +293,8 @@ private slots:
             "<div style='overflow:hidden;width:100px;height:30px;position:relative'><div "
             "style='position:absolute;left:150px'>@</div></div>",
             "<div style='position:relative'>@<div style='position:absolute;inset:0;background:white'></div></div>",
+            "<div style='position:relative'>@<div class=veil></div></div>",
+            "<div style='position:relative'>@<div class=veil style='pointer-events:none!important'></div></div>",
             "<div style='position:relative;z-index:0;background:white;height:40px'><div "
             "style='position:absolute;z-index:-1;inset:0'>@</div><div "
             "style='background:white;height:40px'></div></div>",
@@ -306,8 +308,8 @@ private slots:
             "<div inert>@</div>",
             "<form role=search>@</form>",
         };
-        QByteArray body =
-            "<style>input{font:16px sans-serif;color:inherit;display:block;width:80px;height:20px}</style>";
+        QByteArray body = "<style>input{font:16px sans-serif;color:inherit;display:block;width:80px;height:20px}"
+                          ".veil{position:absolute;inset:0;background:white;pointer-events:none}</style>";
         QStringList fair;
         int number = 0;
         for (const QByteArray &trick : tricks) {
@@ -317,7 +319,7 @@ private slots:
             fair << u"first.%1"_s.arg(number);
         }
         for (const char *wrong : {"disabled", "readonly", "value=x", "type=password", "type=search", "type=hidden",
-                                  "autocomplete=one-time-code", "style=width:2px", "style=pointer-events:none"})
+                                  "autocomplete=one-time-code", "style=width:2px"})
             body += QByteArray("<input name='card.") + wrong + "' " + wrong + '>';
         body += "<select name=country id=chosen><option>Choose<option>Austria<option>Canada</select>"
                 "<script>chosen.selectedIndex = 1</script><input type=radio name=title value=Mr checked>"

@@ -9,9 +9,6 @@ const previousSibling = getter(Node, 'previousSibling'), nextSibling = getter(No
       nodeValue = getter(Node, 'nodeValue'), findIn = method(Element, 'querySelector'),
       walker = method(Document, 'createTreeWalker');
 
-const all = (root, selector) => nodeType(root) === 9
-    ? Reflect.apply(Document.prototype.querySelectorAll, root, [selector])
-    : Reflect.apply(DocumentFragment.prototype.querySelectorAll, root, [selector]);
 const byId = (root, id) => nodeType(root) === 9 ? Reflect.apply(Document.prototype.getElementById, root, [id])
                                                 : Reflect.apply(DocumentFragment.prototype.getElementById, root, [id]);
 

@@ -4,7 +4,7 @@
 // Milliseconds between the looks of one fill, which ends on the C++ side a little later.
 const kPauses = [0, 50, 200, 500, 800, 1000];
 // A page with more elements or inputs than this is not looked at any further.
-const kElements = 60000, kExamined = 4000, kOffered = 2000;
+const kElements = 60000, kRoots = 1000, kExamined = 4000, kOffered = 2000;
 // Characters of one request: escaped, nine times as many at worst, and the engine takes two million.
 const kRequest = 60000, kInputsOfRequest = 200;
 const kSliceMs = 12;
@@ -48,12 +48,13 @@ const orphan = (frame, view) => {
 };
 
 /** All inputs of the document and of what belongs to it, and the paths of the frames that the user can see. */
-const scan = () => {
-    const found = { inputs: [], shown: [], frames: 0, looks: new Map };
-    let elements = 0;
+const scan = veil => {
+    const found = { inputs: [], shown: [], frames: 0, looks: newLooks(veil) };
+    let elements = 0, roots = 0;
     const visit = (root, depth) => {
-        if (depth > 30)
+        if (depth > 30 || ++roots > kRoots)
             return;
+        veil.add(root);
         if (!watched.has(root)) {
             watched.add(root);
             watch.observe(root, { childList: true, subtree: true, attributes: true });
@@ -99,17 +100,22 @@ const mark = input => {
 };
 
 /** Of the inputs, those that may be filled and have not been asked about. */
-const choose = async (inputs, isCurrent) => {
+const choose = async (inputs, veil, isCurrent) => {
     const chosen = [];
-    let groups = new Map, looks = new Map, until = performance.now() + kSliceMs;
+    let groups = new Map, looks = newLooks(veil), until = performance.now() + kSliceMs;
     for (const input of inputs) {
         if (performance.now() > until) {
+            veil.drop();
             await pause(0);
             if (!isCurrent())
                 return [];
             groups = new Map;
-            looks = new Map;
-            until = performance.now() + kSliceMs;
+            looks = newLooks(veil);
+            // In a large document lifting the veil takes longer than looking at many inputs.
+            const start = performance.now();
+            veil.lift();
+            reach(input, looks, 1);
+            until = performance.now() + Math.max(kSliceMs, 5 * (performance.now() - start));
         }
         if (offers + chosen.length >= kOffered)
             break;
@@ -167,10 +173,12 @@ const round = async (fill, isFirst) => {
     const isSettled = !isFirst && !framesMoved, wasStale = isStale;
     isStale = framesMoved = false;
     // Where nothing has changed all frames are where they were.
-    const found = isFirst || wasStale ? scan() : { inputs: [], shown: lastShown, frames };
+    const veil = makeVeil();
+    const found = isFirst || wasStale ? scan(veil) : { inputs: [], shown: lastShown, frames };
     const path = pathOf(window);
     lastShown = found.shown;
-    let inputs = isFirst || wasStale ? await choose(found.inputs, isCurrent) : [];
+    let inputs = isFirst || wasStale ? await choose(found.inputs, veil, isCurrent) : [];
+    veil.drop();
     if (path === '?' && inputs.length) {
         const painted = await paintedNow(inputs, () => pause(300));
         inputs = inputs.filter(input => painted.has(input));

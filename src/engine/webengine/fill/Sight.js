@@ -17,7 +17,7 @@ const method = (owner, name) => {
     return (object, ...values) => Reflect.apply(call, object, values);
 };
 
-const parentNode = getter(Node, 'parentNode'), nodeType = getter(Node, 'nodeType'), rootNode = method(Node, 'getRootNode'),
+const parentNode = getter(Node, 'parentNode'), contains = method(Node, 'contains'), nodeType = getter(Node, 'nodeType'), rootNode = method(Node, 'getRootNode'),
       ownerDocument = getter(Node, 'ownerDocument'), localName = getter(Element, 'localName'),
       assignedSlot = getter(Element, 'assignedSlot'), shadowOf = getter(Element, 'shadowRoot'),
       hostOf = getter(ShadowRoot, 'host'), attribute = method(Element, 'getAttribute'),
@@ -45,7 +45,62 @@ const alphaOf = color => {
     return found ? +found[1] : 1;
 };
 
+const all = (root, selector) => nodeType(root) === 9
+    ? Reflect.apply(Document.prototype.querySelectorAll, root, [selector])
+    : Reflect.apply(DocumentFragment.prototype.querySelectorAll, root, [selector]);
+
+const sheetsOf = root => {
+    const owner = nodeType(root) === 9 ? Document : ShadowRoot,
+          sheets = Object.getOwnPropertyDescriptor(owner.prototype, 'adoptedStyleSheets');
+    return { get: () => [...Reflect.apply(sheets.get, root, [])], set: list => Reflect.apply(sheets.set, root, [list]) };
+};
+
+/**
+ * Lets hit tests find what takes no clicks, as long as it is lifted: an element that covers an input must not hide by that.
+ * Nothing is painted and no script of the page runs before drop().
+ */
+const makeVeil = () => {
+    const roots = new Set, restore = [], stubborn = [];
+    const raise = root => {
+        const sheets = sheetsOf(root), before = sheets.get(), view = viewOf(nodeType(root) === 9 ? root : ownerDocument(root));
+        const sheet = new view.CSSStyleSheet;
+        sheet.replaceSync('*{pointer-events:auto!important}');
+        sheets.set([...before, sheet]);
+        restore.push(() => sheets.set(before));
+        let looked = 0;
+        for (const element of all(root, '[style]')) {
+            if (++looked > 3000)
+                break;
+            if (getComputedStyle(element).pointerEvents === 'none')
+                stubborn.push(element);
+        }
+    };
+    return {
+        stubborn,
+        add: root => {
+            if (roots.has(root))
+                return;
+            roots.add(root);
+            if (restore.length)
+                raise(root);
+        },
+        lift: () => {
+            if (!restore.length)
+                roots.forEach(raise);
+        },
+        drop: () => {
+            restore.splice(0).forEach(call => call());
+            stubborn.length = 0;
+        },
+    };
+};
+
 // What is known of elements and documents during one look at the page, in the map that all of the following share.
+const newLooks = veil => {
+    const looks = new Map;
+    looks.veil = veil;
+    return looks;
+};
 
 const look = (element, looks) => {
     let known = looks.get(element);
@@ -211,6 +266,12 @@ const isOpaque = (element, looks) => {
 
 /** Whether nothing covers an element at this point, in its own tree and in those around it. */
 const isHit = (element, x, y, looks) => {
+    looks.veil.lift();
+    for (const other of looks.veil.stubborn) {
+        const r = rectOf(other);
+        if (x >= r.left && x < r.right && y >= r.top && y < r.bottom && !contains(other, element) && isOpaque(other, looks))
+            return false;
+    }
     if (topmostAt(ownerDocument(element), x, y) === element)
         return true;
     for (let target = element;;) {
