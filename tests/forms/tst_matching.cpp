@@ -123,9 +123,7 @@ FormInput readInput(const QString &line, int number)
     const QString name = line.section(u' ', 1, 1);
     input.name = name == u"-" ? QString() : name;
     input.id = between(u" #(\\S+)"_s);
-    input.autocomplete = between(u" \\(([a-z0-9 -]+)\\)(?![^\"']*[\"'])"_s);
-    if (input.autocomplete.isEmpty())
-        input.autocomplete = between(u"^\\S+ \\S+ \\(([a-z0-9 -]+)\\)"_s);
+    input.autocomplete = between(u"^\\S+ \\S+ \\(([^)]+)\\)"_s);
     input.label = between(u"\"([^\"]*)\""_s);
     input.placeholder = between(u" '([^']*)'"_s);
     input.maxLength = between(u"<(\\d+)>"_s).toInt();
