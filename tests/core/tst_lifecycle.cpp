@@ -1,5 +1,6 @@
 #include "MainFixture.h"
 
+#include "base/Files.h"
 #include "core/frmPassword.h"
 #include "documents/frmLoad.h"
 
@@ -45,6 +46,8 @@ private slots:
         QVERIFY(QFile::exists(f.paths.programFolder + u"/layout.xml"_s));
         // The list was cleaned before it was stored.
         QCOMPARE(f.get(u"Settings", u"HistoryCount"), u"0"_s);
+        // A program that starts now is a first one and reads the file.
+        QVERIFY(readFile(f.paths.settingsFile).value_or("").contains("HistoryCount=0"));
 
         f.main().close();
         QCOMPARE(unloaded.count(), 1);
