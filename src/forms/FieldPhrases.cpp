@@ -7,7 +7,8 @@ using enum FieldKind;
 constexpr bool kStrong = false;
 constexpr bool kWeak = true;
 
-// clang-format off: a line is broken between phrases only.
+// Lines are broken between phrases only.
+// clang-format off
 constexpr FieldPhrases kPhrases[] = {
     // Words that hold others by chance.
     {Trap, kStrong,
