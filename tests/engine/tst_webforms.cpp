@@ -180,23 +180,28 @@ private slots:
     void pagesWithoutScripts_data()
     {
         QTest::addColumn<QString>("address");
+        QTest::addColumn<int>("content");
         static QTemporaryDir folder;
         QFile file(folder.filePath(u"form.html"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("<!doctype html><title>File</title>" + kInput);
         file.close();
-        QTest::newRow("file") << QUrl::fromLocalFile(file.fileName()).toString();
-        QTest::newRow("sandboxed page") << at(u"/quiet"_s);
-        QTest::newRow("data") << u"data:text/html,"_s + QString::fromLatin1(kInput);
+        QTest::newRow("file") << QUrl::fromLocalFile(file.fileName()).toString() << 0x70;
+        QTest::newRow("sandboxed page") << at(u"/quiet"_s) << 0x70;
+        QTest::newRow("data") << u"data:text/html,"_s + QString::fromLatin1(kInput) << 0x70;
+        QTest::newRow("scripts off") << at(u"/inner"_s) << 0xf0;
     }
 
     void pagesWithoutScripts()
     {
         QFETCH(QString, address);
+        QFETCH(int, content);
         LoopbackSite::Answer page{"<!doctype html><title>Quiet</title>" + kInput};
         page.headers = {{"Content-Security-Policy", "default-src 'none'; sandbox"}};
         m_site.add("/quiet", page);
         RecordedBrowser browser(*m_test.engine, m_site);
+        // Pictures, videos and sounds; 0x80 more and no scripts.
+        browser->setAmbientProperty(engine::DISPID_AMBIENT_DLCONTROL, content);
         QVERIFY(browser.open(address));
         fill(browser);
         QVERIFY(waitForFilled(browser, 1));

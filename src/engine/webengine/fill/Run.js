@@ -8,6 +8,8 @@ const kElements = 60000, kRoots = 1000, kExamined = 4000, kOffered = 2000;
 // Characters of one request: escaped, nine times as many at worst, and the engine takes two million.
 const kRequest = 60000, kInputsOfRequest = 200;
 const kSliceMs = 12;
+// A huge document is looked at from its beginning for so long, and what comes after that is left out.
+const kLookMs = 800;
 
 const kFrames = new Set(['iframe', 'frame', 'object', 'embed']);
 const frameWindows = new Map([['iframe', getter(HTMLIFrameElement, 'contentWindow')],
@@ -102,8 +104,11 @@ const mark = input => {
 /** Of the inputs, those that may be filled and have not been asked about. */
 const choose = async (inputs, veil, isCurrent) => {
     const chosen = [];
+    const end = performance.now() + kLookMs;
     let groups = new Map, looks = newLooks(veil), until = performance.now() + kSliceMs;
     for (const input of inputs) {
+        if (performance.now() > end)
+            break;
         if (performance.now() > until) {
             veil.drop();
             await pause(0);
@@ -126,11 +131,14 @@ const choose = async (inputs, veil, isCurrent) => {
     return chosen;
 };
 
-/** Asks for the values of these inputs, in as many requests as it takes; the last one is answered with all of them. */
+/**
+ * Asks for the values of these inputs, in as many requests as it takes; the last one is answered with all of them, and has
+ * what `report` gives then.
+ */
 const ask = async (fill, inputs, report) => {
     const labels = new Map;
     let part = [], size = 0;
-    const pass = isLast => request('inputs', { k: fill, d: JSON.stringify({ inputs: part, ...(isLast ? report : null) }) });
+    const pass = isLast => request('inputs', { k: fill, d: JSON.stringify({ inputs: part, ...(isLast ? report() : null) }) });
     for (const input of inputs) {
         offered.set(input, mark(input));
         given.set(++offers, input);
@@ -166,33 +174,47 @@ const putAll = async (answers, isCurrent) => {
     return count;
 };
 
+/** The paths of the frames that show, and the inputs to ask about. */
+const lookAround = async (isFirst, wasStale, isCurrent) => {
+    // Where nothing has changed all frames are where they were.
+    if (!isFirst && !wasStale)
+        return [];
+    const veil = makeVeil();
+    try {
+        const found = scan(veil);
+        lastShown = found.shown;
+        frames = found.frames;
+        return await choose(found.inputs, veil, isCurrent);
+    } finally {
+        veil.drop();
+    }
+};
+
 const round = async (fill, isFirst) => {
     const isCurrent = () => fill === current;
     note(watch.takeRecords());
     // Where frames have come or gone since the last look, nobody can tell which is which.
     const isSettled = !isFirst && !framesMoved, wasStale = isStale;
     isStale = framesMoved = false;
-    // Where nothing has changed all frames are where they were.
-    const veil = makeVeil();
-    const found = isFirst || wasStale ? scan(veil) : { inputs: [], shown: lastShown, frames };
-    const path = pathOf(window);
-    lastShown = found.shown;
-    let inputs = isFirst || wasStale ? await choose(found.inputs, veil, isCurrent) : [];
-    veil.drop();
+    let inputs = await lookAround(isFirst, wasStale, isCurrent), path = pathOf(window);
     if (path === '?' && inputs.length) {
         const painted = await paintedNow(inputs, () => pause(300));
         inputs = inputs.filter(input => painted.has(input));
     }
     if (!isCurrent())
         return false;
-    frames = found.frames;
     if (!isFirst && !inputs.length && !frames)
         return true;
-    const answers = await ask(fill, inputs, { last: true, path, shown: isSettled ? found.shown : [],
-        secure: isSecureContext, from: location.origin, around: [...location.ancestorOrigins] });
+    const isProved = path === '?';
+    const answers = await ask(fill, inputs, () => {
+        note(watch.takeRecords());
+        path = isProved ? '?' : pathOf(window);
+        return { last: true, path: path === '?' && !isProved ? 'lost' : path, shown: isSettled && !framesMoved ? lastShown : [],
+            secure: isSecureContext, from: location.origin, around: [...location.ancestorOrigins] };
+    });
     if (answers === null || !isCurrent())
         return false;
-    const count = pathOf(window) === path ? await putAll(answers, isCurrent) : 0;
+    const count = isProved || pathOf(window) === path ? await putAll(answers, isCurrent) : 0;
     if (count > 0)
         request('done', { k: fill, n: count });
     return true;
