@@ -320,6 +320,12 @@ void tst_Unwanted::content_data()
 void tst_Unwanted::content()
 {
     QFETCH(QByteArray, off);
+    // Once in a window that a page opens.
+    const bool isOpened = off == "Enable";
+    m_site.page("/opener", "Opener", later("open('/everything')"));
+    f().document(1).NavigateDoc(at(u"/opener"_s));
+    QVERIFY(f().waitForPage(1, u"Opener"_s));
+
     QSet<QByteArray> with{"audio"};
     QSet<QByteArray> without;
     for (const Choice &choice : choices()) {
@@ -334,14 +340,18 @@ void tst_Unwanted::content()
     m_site.page("/everything", "Everything",
                 QByteArray(kEverything).replace("%1", "m") +
                     "<iframe src=" + m_site.address(u"/frame"_s, u"localhost"_s).toLatin1() + "></iframe>");
-    f().document(1).NavigateDoc(at(u"/everything"_s));
+    if (isOpened)
+        act(Act::Go);
+    else
+        f().document(1).NavigateDoc(at(u"/everything"_s));
     for (const QByteArray &name : with)
         QVERIFY2(m_site.waitFor("/m-" + name) && m_site.waitFor("/f-" + name), name);
-    QVERIFY(f().waitForPage(1, u"Everything"_s));
-    QCOMPARE(document(1).browser()->contentFacet()->isMuted(), !settings().EnableSound);
+    const int position = isOpened ? 2 : 1;
+    QVERIFY(f().waitForPage(position, u"Everything"_s));
+    QCOMPARE(document(position).browser()->contentFacet()->isMuted(), !settings().EnableSound);
     // What would come late has come when another page has.
-    f().document(1).NavigateDoc(at(u"/plain"_s));
-    QVERIFY(f().waitForPage(1, u"Plain"_s));
+    f().document(position).NavigateDoc(at(u"/plain"_s));
+    QVERIFY(f().waitForPage(position, u"Plain"_s));
     for (const QByteArray &name : without)
         QVERIFY2(m_site.count("/m-" + name) == 0 && m_site.count("/f-" + name) == 0, name);
 }

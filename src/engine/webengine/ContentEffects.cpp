@@ -35,7 +35,6 @@ ContentEffects::ContentEffects(QWebEnginePage &page, PageChannel &channel, std::
     : m_page(page)
     , m_channel(channel)
     , m_tell(std::move(tell))
-    , m_token(channel.listen([this](QWebEngineUrlRequestJob *job) { asked(job); }))
 {
     apply();
 }
@@ -43,6 +42,7 @@ ContentEffects::ContentEffects(QWebEnginePage &page, PageChannel &channel, std::
 ContentEffects::~ContentEffects()
 {
     m_channel.endListening(m_token);
+    m_channel.endListening(m_openToken);
     m_page.setUrlRequestInterceptor(nullptr);
 }
 
@@ -67,9 +67,15 @@ void ContentEffects::apply()
     settings->setAttribute(QWebEngineSettings::PdfViewerEnabled, hasPlugins);
     m_page.setAudioMuted(!(m_holds & DLCTL_BGSOUNDS));
 
+    m_channel.endListening(m_token);
+    m_channel.endListening(m_openToken);
+    m_token = m_channel.listen([this](QWebEngineUrlRequestJob *job) { asked(job); });
+    m_openToken = m_channel.listen([](QWebEngineUrlRequestJob *job) { PageChannel::answer(job, {}); });
     PageChannel::setScript(m_page, u"content"_s, contentScript({m_token, hasVideo, hasPlugins}), PageChannel::kWorld);
-    PageChannel::setScript(m_page, u"video"_s, hasVideo ? QString() : videoScript(), QWebEngineScript::MainWorld);
-    PageChannel::setScript(m_page, u"java"_s, hasJava ? QString() : javaScript(), QWebEngineScript::MainWorld);
+    PageChannel::setScript(m_page, u"video"_s, hasVideo ? QString() : videoScript(m_openToken),
+                           QWebEngineScript::MainWorld);
+    PageChannel::setScript(m_page, u"java"_s, hasJava ? QString() : javaScript(m_openToken),
+                           QWebEngineScript::MainWorld);
 }
 
 void ContentEffects::interceptRequest(QWebEngineUrlRequestInfo &info)
@@ -83,6 +89,8 @@ void ContentEffects::asked(QWebEngineUrlRequestJob *job)
     const QString about = job->requestUrl().path();
     if (about != "/flash"_L1) {
         PageChannel::answer(job, {});
+        if (about == "/counts"_L1)
+            return;
         // Word of the page before may come late.
         const QString address = PageChannel::value(QUrlQuery(job->requestUrl()), u"u"_s);
         if (address != m_page.url().toString(QUrl::FullyEncoded).left(address.size()))

@@ -45,7 +45,9 @@ private:
     QWebEnginePage &m_page;
     PageChannel &m_channel;
     std::function<void(State)> m_tell;
+    /// Of the scripts that count; one that the page may know, and one that it must not.
     QString m_token;
+    QString m_openToken;
     int32_t m_wanted = kAllContent;
     int32_t m_holds = kAllContent;
     bool m_isFlashBlocked = false;

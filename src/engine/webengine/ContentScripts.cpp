@@ -18,6 +18,20 @@ constexpr int kFlashLink = 20952;
 constexpr int kPluginTitle = 20953;
 constexpr int kPluginShort = 20954;
 
+/// The engine may run scripts of a page that has gone in frames of another page of the same process. So a script that
+/// takes something away asks first whether it still counts. Where no answer can be had, it does.
+QString leaveIfStale(const QString &token)
+{
+    return uR"JS(
+try {
+    const x = new XMLHttpRequest;
+    x.open('GET', 'engine://content/counts?t=%1', false);
+    x.send();
+    if (x.responseText === 'no') return;
+} catch (e) {}
+)JS"_s.arg(token);
+}
+
 /// The box: everything in a closed shadow tree, so that no style of the page gets in. The host outside it is held by
 /// styles that no rule of a page outranks, and takes the size and the place of the element, which stays in the document
 /// hidden: scripts of the page go on finding it.
@@ -231,7 +245,8 @@ QString contentScript(const ContentScriptOptions &options)
         {u"token"_s, options.token}, {u"video"_s, options.hasVideo}, {u"plugins"_s, options.hasPlugins},
         {u"flash"_s, flash},         {u"plugin"_s, plugin},          {u"address"_s, u"corvane://flash/ENABLEFLASH"_s}};
     return u"(function () { 'use strict';\nconst C = "_s +
-           QString::fromUtf8(QJsonDocument(settings).toJson(QJsonDocument::Compact)) + u';' + boxSource() +
+           QString::fromUtf8(QJsonDocument(settings).toJson(QJsonDocument::Compact)) + u';' +
+           (options.hasVideo && options.hasPlugins ? QString() : leaveIfStale(options.token)) + boxSource() +
            watchSource() + u"})();"_s;
 }
 
@@ -240,10 +255,9 @@ QString blockFlashScript()
     return u"globalThis.blockFlash && globalThis.blockFlash()"_s;
 }
 
-const QString &videoScript()
+QString videoScript(const QString &token)
 {
-    static const QString script = uR"JS((function () {
-    'use strict';
+    static const QString script = uR"JS(
     const R = Reflect.apply, M = HTMLMediaElement.prototype, load = M.load, E = Element.prototype,
           take = E.removeAttribute, has = E.hasAttribute, find = E.querySelectorAll,
           width = Object.getOwnPropertyDescriptor(HTMLVideoElement.prototype, 'videoWidth').get,
@@ -285,15 +299,15 @@ const QString &videoScript()
             set(value) { if (!isVideo(this)) R(own.set, this, [value]); }
         });
     }
-})();)JS"_s;
-    return script;
+)JS"_s;
+    return u"(function () { 'use strict';"_s + leaveIfStale(token) + script + u"})();"_s;
 }
 
-const QString &javaScript()
+QString javaScript(const QString &token)
 {
-    static const QString script = u"try { Object.defineProperty(self, 'WebAssembly', "
-                                  u"{ value: undefined, writable: false, configurable: false }); } catch (e) {}"_s;
-    return script;
+    return u"(function () {"_s + leaveIfStale(token) +
+           u"try { Object.defineProperty(self, 'WebAssembly', "
+           u"{ value: undefined, writable: false, configurable: false }); } catch (e) {} })();"_s;
 }
 
 } // namespace engine

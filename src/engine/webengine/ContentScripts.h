@@ -23,9 +23,9 @@ QString contentScript(const ContentScriptOptions &options);
 QString blockFlashScript();
 
 /// For the pages' own world: keeps videos from loading that are not part of the document, or in a shadow tree.
-const QString &videoScript();
+QString videoScript(const QString &token);
 
 /// For the pages' own world: takes WebAssembly away.
-const QString &javaScript();
+QString javaScript(const QString &token);
 
 } // namespace engine

@@ -136,6 +136,10 @@ void PageChannel::requestStarted(QWebEngineUrlRequestJob *job)
         tell(job);
         return;
     }
+    if (url.host() == "content"_L1 && url.path() == "/counts"_L1) {
+        answer(job, "no");
+        return;
+    }
     const QUrl initiator = job->initiator();
     // An opaque origin is a sandboxed frame or a local file: the engine's own boxes know what those may do.
     if (url.host() != "box"_L1 || !m_boxes.contains(token) || initiator.scheme().isEmpty() ||
