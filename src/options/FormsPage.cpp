@@ -179,6 +179,9 @@ void FormsPage::askPassword()
     m_question->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_question, &QDialog::finished, this, [this] {
         m_question.clear();
+        // The question goes at once with the message about its password, and a window manager that has just given it
+        // the keyboard back gives it to nobody then.
+        window()->activateWindow();
         if (m_context.flags.CreditUnlocked)
             SSTab1->setCurrentIndex(kCardTab);
     });
