@@ -210,6 +210,30 @@ private slots:
         QVERIFY(waitForFilled(browser, 0));
     }
 
+    void windowsThatAPageOpens_data()
+    {
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<int>("filled");
+        QTest::newRow("loaded") << QByteArray("open('/inner')") << 1;
+        // Nothing can be put into it safely, but the program lives on.
+        QTest::newRow("written") << QByteArray("const w = open('about:blank'); w.document.write('") + kInput +
+                                        "'); w.document.close()"
+                                 << 0;
+    }
+
+    void windowsThatAPageOpens()
+    {
+        QFETCH(QByteArray, script);
+        QFETCH(int, filled);
+        m_site.page("/opens", "Opens", "<script>" + script + "</script>");
+        RecordedBrowser browser(*m_test.engine, m_site), opened(*m_test.engine, m_site);
+        browser.takesWindow = [&] { return &*opened; };
+        QVERIFY(browser.open(at(u"/opens"_s)));
+        QVERIFY(filled == 0 || opened.waitForEnd());
+        fill(opened);
+        QVERIFY(waitForFilled(opened, filled));
+    }
+
     void protectedPaths_data()
     {
         QTest::addColumn<QString>("page");

@@ -287,15 +287,14 @@ bool PageFill::isProtected(const QUrl &origin) const
 
 void PageFill::beginDirectly()
 {
-    if (m_pageBegan || m_page.url().isEmpty())
+    // Windows that a page has written itself have no script, and one that is put into them takes the engine down.
+    if (m_pageBegan || !m_page.url().isLocalFile())
         return;
     m_directKey = PageChannel::newToken();
     m_directUrl = m_page.url();
     Frame frame;
-    frame.origin = m_directUrl.isLocalFile() ? QUrl(u"file:///"_s) : QUrl();
+    frame.origin = QUrl(u"file:///"_s);
     m_frames.insert(m_directKey, frame);
-    // Written windows have no script yet.
-    runInPage(QString(fillScript()).replace("%TOKEN%"_L1, m_token), [](const QVariant &) {});
     runInPage(u"corvaneFill.begin('%1')"_s.arg(m_directKey), [this](const QVariant &) { fetchRequests(); });
 }
 
