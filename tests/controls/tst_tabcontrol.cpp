@@ -49,35 +49,24 @@ class TestTabControl : public QObject
 {
     Q_OBJECT
 private slots:
-    void mouseTellsButtonsAndKeysAndSelectsNothing_data()
-    {
-        QTest::addColumn<Qt::MouseButton>("button");
-        QTest::addColumn<Qt::KeyboardModifiers>("keys");
-        QTest::addColumn<QString>("onTab");
-        QTest::addColumn<QString>("onBar");
-        QTest::newRow("left") << Qt::LeftButton << Qt::KeyboardModifiers() << u"click Page number 2 1 0"_s
-                              << u"bar 1 0"_s;
-        QTest::newRow("right") << Qt::RightButton << Qt::KeyboardModifiers() << u"click Page number 2 2 0"_s
-                               << u"bar 2 0"_s;
-        QTest::newRow("middle+alt") << Qt::MiddleButton << Qt::KeyboardModifiers(Qt::AltModifier)
-                                    << u"click Page number 2 4 4"_s << u"bar 4 4"_s;
-        QTest::newRow("left+shift+ctrl") << Qt::LeftButton << (Qt::ShiftModifier | Qt::ControlModifier)
-                                         << u"click Page number 2 1 3"_s << u"bar 1 3"_s;
-    }
     void mouseTellsButtonsAndKeysAndSelectsNothing()
     {
-        QFETCH(Qt::MouseButton, button);
-        QFETCH(Qt::KeyboardModifiers, keys);
-        QFETCH(QString, onTab);
-        QFETCH(QString, onBar);
-        Strip strip;
-        strip.fill(2);
-        QTest::mousePress(&strip, button, keys, strip.middleOf(2));
-        QCOMPARE(strip.log, QStringList{onTab}); // with the press, before the release
-        QTest::mouseRelease(&strip, button, keys, strip.middleOf(2));
-        QTest::mouseClick(&strip, button, keys, strip.empty());
-        QCOMPARE(strip.log, (QStringList{onTab, onBar}));
-        QVERIFY(strip.Tabs(1).Selected());
+        using Keys = Qt::KeyboardModifiers;
+        const std::initializer_list<std::tuple<Qt::MouseButton, Keys, QString>> cases{
+            {Qt::LeftButton, Qt::NoModifier, u"1 0"_s},
+            {Qt::RightButton, Qt::NoModifier, u"2 0"_s},
+            {Qt::MiddleButton, Qt::AltModifier, u"4 4"_s},
+            {Qt::LeftButton, Qt::ShiftModifier | Qt::ControlModifier, u"1 3"_s}};
+        for (const auto &[button, keys, told] : cases) {
+            Strip strip;
+            strip.fill(2);
+            QTest::mousePress(&strip, button, keys, strip.middleOf(2));
+            QCOMPARE(strip.log, QStringList{u"click Page number 2 "_s + told}); // with the press, before the release
+            QTest::mouseRelease(&strip, button, keys, strip.middleOf(2));
+            QTest::mouseClick(&strip, button, keys, strip.empty());
+            QCOMPARE(strip.log.mid(1), QStringList{u"bar "_s + told});
+            QVERIFY(strip.Tabs(1).Selected());
+        }
     }
 
     /// Where a click closes its tab, the second click of a double click meets another one, or none.
