@@ -131,11 +131,9 @@ void PopupMenu::setChecked(int index, bool checked)
 {
     Item &target = item(index);
     target.checked = checked;
-    // An item becomes a switch at its first mark and shows its empty box from then on.
-    if (checked || target.action->isCheckable()) {
-        target.action->setCheckable(true);
-        target.action->setChecked(target.checked || target.radio);
-    }
+    // Whatever is told its mark is a switch, which shows an empty box without one.
+    target.action->setCheckable(true);
+    target.action->setChecked(target.checked || target.radio);
 }
 
 bool PopupMenu::RadioChecked(int index) const
