@@ -28,7 +28,7 @@ private slots:
         m_site.page("/opener", "Opener", "<script>open('/opened', 'named')</script>");
         m_site.page("/opened", "Opened",
                     "<script>opener.document.title = 'Touched ' + window.name;"
-                    "onload = () => setTimeout(() => close(), 200)</script>");
+                    "onload = () => setTimeout(() => close())</script>");
         RecordedBrowser opened(*m_test.engine, m_site);
         RecordedBrowser opener(*m_test.engine, m_site);
         opener.takesWindow = [&] { return &*opened; };
@@ -42,9 +42,8 @@ private slots:
 
     void otherWindowsStayOpenAndAlive()
     {
-        m_site.page(
-            "/closing", "Closing",
-            "<script>close(); onload = () => setTimeout(() => { close(); fetch('/still-here') }, 300)</script>");
+        m_site.page("/closing", "Closing",
+                    "<script>close(); onload = () => setTimeout(() => { close(); fetch('/still-here') })</script>");
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(browser.open(at(u"/closing"_s)));
         QVERIFY(m_site.waitFor("/still-here"));
@@ -52,36 +51,13 @@ private slots:
         QCOMPARE(browser.count(u"closing"_s), 0);
     }
 
-    void refusedWindowIsClosedForThePage()
-    {
-        m_site.page("/opener", "Opener",
-                    "<script>const w = open('/opened'); setInterval(() => { if (!w || w.closed) fetch('/was-closed') "
-                    "}, 200)</script>");
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(at(u"/opener"_s)));
-        QVERIFY(m_site.waitFor("/was-closed"));
-        QCOMPARE(browser.count(u"window"_s), 1);
-        QCOMPARE(m_site.count("/opened"), 0);
-    }
-
-    void emptyWindowsAreClosed_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<bool>("isRefused");
-        QTest::newRow("download") << u"/file"_s << false;
-        QTest::newRow("refused") << u"/refused"_s << true;
-    }
-
     void emptyWindowsAreClosed()
     {
-        QFETCH(QString, path);
-        QFETCH(bool, isRefused);
         m_site.download("/file", "data.bin", "content");
-        m_site.page("/opener", "Opener", "<script>open('" + path.toLatin1() + "')</script>");
+        m_site.page("/opener", "Opener", "<script>open('/file')</script>");
         RecordedBrowser opened(*m_test.engine, m_site);
         RecordedBrowser opener(*m_test.engine, m_site);
         opener.takesWindow = [&] { return &*opened; };
-        opened.refuses = [&](const QString &) { return isRefused; };
         QVERIFY(opener.open(at(u"/opener"_s)));
         WAIT_COMPARE(opened.count(u"closing"_s), 1);
         QCOMPARE(opened.count(u"end"_s), 1);
