@@ -69,6 +69,11 @@ public:
                                           [this](const QString &step) { trace += step; });
         return code->Main(command);
     }
+    bool startQuietly(const QString &command = {})
+    {
+        seedQuietStart();
+        return start(command);
+    }
     void close()
     {
         trace.clear();
