@@ -17,23 +17,18 @@ private slots:
             QTest::newRow(name) << key << QString::fromLatin1(with) << QString::fromLatin1(action) << swallowed;
         };
         row("Alt+D", 68, "alt", "address", true);
-        row("D", 68, "", "", false);
         row("Alt+D held", 68, "alt repeat", "", false);
         row("Esc", 27, "", "stop", false);
         row("Esc held", 27, "repeat", "", false);
         row("Ctrl+Tab", 9, "ctrl", "next", true);
         row("Ctrl+Shift+Tab", 9, "ctrl shift", "previous", true);
-        row("Tab", 9, "", "", false);
         row("Ctrl+Tab held or released", 9, "ctrl repeat", "", false);
         row("Ctrl+25", 25, "ctrl", "next", true);
         row("Ctrl+F4", 115, "ctrl", "close", false);
-        row("F4", 115, "", "", false);
         row("Alt+Home", 36, "alt", "home", true);
-        row("Home", 36, "", "", false);
         row("Ctrl+N", 78, "ctrl", "new", true);
         row("Ctrl+Alt+N", 78, "ctrl alt", "new", true);
         row("Ctrl+O", 79, "ctrl", "open", true);
-        row("O", 79, "", "", false);
         row("F9", 120, "", "search", true);
         row("F9 held", 120, "repeat", "", false);
         row("another key", 65, "ctrl", "", false);
@@ -74,6 +69,8 @@ private slots:
         QVERIFY(!flags.CtrlDown);
         flags.ShortcutsEnabled = true;
         QCOMPARE(hook.KeyboardHookProc(-1, 78, 0, true, false), 0);
+        for (const int plain : {68, 9, 115, 36, 79})
+            QCOMPARE(hook.KeyboardHookProc(0, plain, 0, false, false), 0);
         QCOMPARE(m_done, QStringList());
     }
 
