@@ -37,64 +37,44 @@ private slots:
             QVERIFY2(QFileInfo(folder).isDir(), qPrintable(folder));
             QVERIFY(!(QFile::permissions(folder) & kOthers));
         }
-        QVERIFY(!paths.runtimeFolder.isEmpty());
-        QVERIFY(!paths.downloadFolder.isEmpty());
-    }
-
-    void messageBoxes_data()
-    {
-        using namespace desktop;
-        QTest::addColumn<int>("style");
-        QTest::addColumn<QString>("press");
-        QTest::addColumn<int>("answer");
-        QTest::newRow("plain") << 0 << u"&OK"_s << IDOK;
-        QTest::newRow("warning") << MB_ICONEXCLAMATION << u"&OK"_s << IDOK;
-        QTest::newRow("yes") << (MB_YESNO | MB_ICONQUESTION) << u"&Yes"_s << IDYES;
-        QTest::newRow("no") << (MB_YESNO | MB_ICONQUESTION) << u"&No"_s << IDNO;
-        QTest::newRow("closed") << (MB_YESNO | MB_ICONINFORMATION) << QString() << IDNO;
     }
 
     void messageBoxes()
     {
-        QFETCH(int, style);
-        QFETCH(QString, press);
-        QFETCH(int, answer);
-        const QString prompt = u"<b>a & b</b>"_s;
-        QTimer::singleShot(0, this, [&] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            QVERIFY(box);
-            QCOMPARE(box->text(), prompt);
-            QCOMPARE(box->textFormat(), Qt::PlainText);
-            QCOMPARE(box->windowTitle(), u"Corvane"_s);
-            const QHash<int, QMessageBox::Icon> icons{
-                {32, QMessageBox::Question}, {48, QMessageBox::Warning}, {64, QMessageBox::Information}};
-            QCOMPARE(box->icon(), icons.value(style & 0xF0, QMessageBox::NoIcon));
-            for (QAbstractButton *button : box->buttons()) {
-                if (button->text() == press)
-                    button->click();
-            }
-            if (press.isEmpty())
-                QTest::keyClick(box, Qt::Key_Escape);
-        });
-        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");
-        QCOMPARE(desktop::DesktopDialogs().messageBox(nullptr, prompt, style), answer);
-    }
-
-    void filters_data()
-    {
-        QTest::addColumn<QString>("filter");
-        QTest::addColumn<QString>("result");
-        QTest::newRow("one") << u"Wave files|*.wav"_s << u"Wave files (*.wav)"_s;
-        QTest::newRow("several patterns") << u"Bitmaps (*.bmp; *.jpg)|*.bmp; *.jpg"_s << u"Bitmaps (*.bmp *.jpg)"_s;
-        QTest::newRow("several filters") << u"Text|*.txt|All files|*.*"_s << u"Text (*.txt);;All files (*)"_s;
-        QTest::newRow("no pattern") << u"Text"_s << QString();
-        QTest::newRow("empty") << QString() << QString();
+        using namespace desktop;
+        // The style, the button that is pressed, or none, and the answer.
+        const std::initializer_list<std::tuple<int, QString, int>> cases{
+            {0, u"&OK"_s, IDOK},
+            {MB_ICONEXCLAMATION, u"&OK"_s, IDOK},
+            {MB_YESNO | MB_ICONQUESTION, u"&Yes"_s, IDYES},
+            {MB_YESNO | MB_ICONQUESTION, u"&No"_s, IDNO},
+            {MB_YESNO | MB_ICONINFORMATION, QString(), IDNO}};
+        const QHash<int, QMessageBox::Icon> icons{
+            {32, QMessageBox::Question}, {48, QMessageBox::Warning}, {64, QMessageBox::Information}};
+        for (const auto &[style, press, answer] : cases) {
+            QTimer::singleShot(0, this, [&, style = style, press = press] {
+                auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+                QVERIFY(box);
+                QCOMPARE(box->textFormat(), Qt::PlainText);
+                QCOMPARE(box->icon(), icons.value(style & 0xF0, QMessageBox::NoIcon));
+                for (QAbstractButton *button : box->buttons()) {
+                    if (button->text() == press)
+                        button->click();
+                }
+                if (press.isEmpty())
+                    QTest::keyClick(box, Qt::Key_Escape);
+            });
+            QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");
+            QCOMPARE(DesktopDialogs().messageBox(nullptr, u"<b>a & b</b>"_s, style), answer);
+        }
     }
 
     void filters()
     {
-        QFETCH(QString, filter);
-        QTEST(desktop::qtFilter(filter), "result");
+        const auto qt = desktop::qtFilter;
+        QCOMPARE(qt(u"Bitmaps (*.bmp; *.jpg)|*.bmp; *.jpg"_s), u"Bitmaps (*.bmp *.jpg)"_s);
+        QCOMPARE(qt(u"Text|*.txt|All files|*.*"_s), u"Text (*.txt);;All files (*)"_s);
+        QCOMPARE(qt(u"Text"_s), QString());
     }
 };
 
