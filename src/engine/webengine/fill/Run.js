@@ -7,7 +7,7 @@ const kPauses = [0, 50, 200, 500, 800, 1000];
 const kElements = 60000, kRoots = 1000, kExamined = 4000, kOffered = 2000;
 // Characters of one request: escaped, nine times as many at worst, and the engine takes two million.
 const kRequest = 60000, kInputsOfRequest = 200;
-const kSliceMs = 12;
+const kSliceMs = 40;
 // A huge document is looked at from its beginning for so long, and what comes after that is left out.
 const kLookMs = 800;
 
