@@ -36,7 +36,6 @@ private slots:
         QTest::newRow("rounded to even") << u"8006.5"_s << manual << manual << manual;
         QTest::newRow("text") << u"Label1"_s << old << old << u"Label1"_s;
         QTest::newRow("absent") << u"8024"_s << old << old << u"8024"_s;
-        QTest::newRow("-1") << u"-1"_s << old << old << u"-1"_s;
         QTest::newRow("beyond 16 bits") << u"73543"_s << old << old << u"73543"_s;
         QTest::newRow("empty") << QString() << old << old << QString();
     }
