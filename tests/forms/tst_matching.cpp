@@ -1,5 +1,6 @@
 #include "core/state/SettingsStore.h"
 #include "forms/FieldTable.h"
+#include "forms/FormRecordJson.h"
 #include "forms/FormStore.h"
 #include "forms/Matching.h"
 
@@ -18,76 +19,28 @@ namespace {
 
 using Fields = std::vector<FormField>;
 
-Fields fieldsOf(const FormValues &values)
+Fields fieldsOf(const QByteArray &json)
 {
     const QTemporaryDir folder;
     SettingsStore settings(folder.filePath(u"settings.ini"_s));
     FormKeys keys(folder.path());
     FormStore store(keys);
-    BuildFormFields(values, store, settings, folder.filePath(u"form.bin"_s));
+    BuildFormFields(ReadFormJson(json, settings), store, settings, folder.filePath(u"form.bin"_s));
     return store.fields();
 }
 
-Fields ada()
-{
-    FormValues v;
-    v.title = 2;
-    v.sex = 2;
-    v.firstname = u"Ada"_s;
-    v.lastname = u"Miller"_s;
-    v.phone = u"4155550199"_s;
-    v.fax = u"4155550111"_s;
-    v.bday = 7;
-    v.bmonth = 12;
-    v.byear = u"1985"_s;
-    v.mail = u"ada@miller.example"_s;
-    v.job = u"Teacher"_s;
-    v.address1 = u"12 Oak Lane"_s;
-    v.Address2 = u"Apt 4"_s;
-    v.Country = 223;
-    v.City = u"Salem"_s;
-    v.State = u"Oregon"_s;
-    v.ZipCode = u"97301"_s;
-    v.CardType = 2;
-    v.CardNumber = u"5555 5555 5555 4444"_s;
-    v.ValidCode = u"321"_s;
-    v.ExpMonth = 4;
-    v.ExpYear = u"31"_s;
-    v.UserName = u"adam"_s;
-    v.Bank = u"First Oak"_s;
-    v.own[0] = {u"pet"_s, u"Rex"_s};
-    v.own[1] = {u"club"_s, u"Rowing"_s};
-    v.own[2] = {u"phone"_s, u"never this one"_s};
-    return fieldsOf(v);
-}
+constexpr const char *kAda = R"({"title": 2, "sex": 2, "firstname": "Ada", "lastname": "Miller",
+    "phone": "4155550199", "fax": "4155550111", "bday": 7, "bmonth": 12, "byear": "1985", "mail": "ada@miller.example",
+    "job": "Teacher", "address1": "12 Oak Lane", "address2": "Apt 4", "country": "US", "city": "Salem",
+    "state": "Oregon", "zip": "97301", "cardtype": 2, "cardnumber": "5555 5555 5555 4444",
+    "validcode": "321", "expmonth": 4, "expyear": "31", "username": "adam", "bank": "First Oak",
+    "custom": {"pet": "Rex", "club": "Rowing", "phone": "never this one"}})";
 
-Fields jan()
-{
-    FormValues v;
-    v.title = 1;
-    v.sex = 1;
-    v.firstname = u"Jan"_s;
-    v.lastname = u"Köhler"_s;
-    v.phone = u"+49 30 1234567"_s;
-    v.bday = 24;
-    v.bmonth = 2;
-    v.byear = u"1979"_s;
-    v.mail = u"jan@koehler.example"_s;
-    v.job = u"Lehrer"_s;
-    v.address1 = u"Lindenweg 5a"_s;
-    v.Address2 = u"Hinterhaus"_s;
-    v.Country = 81;
-    v.City = u"Berlin"_s;
-    v.State = u"Berlin"_s;
-    v.ZipCode = u"10115"_s;
-    v.CardType = 1;
-    v.CardNumber = u"4111111111111111"_s;
-    v.ValidCode = u"737"_s;
-    v.ExpMonth = 11;
-    v.ExpYear = u"2030"_s;
-    v.UserName = u"jank"_s;
-    return fieldsOf(v);
-}
+constexpr const char *kJan = R"({"title": 1, "sex": 1, "firstname": "Jan", "lastname": "Köhler",
+    "phone": "+49 30 1234567", "bday": 24, "bmonth": 2, "byear": "1979", "mail": "jan@koehler.example",
+    "job": "Lehrer", "address1": "Lindenweg 5a", "address2": "Hinterhaus", "country": "DE", "city": "Berlin",
+    "state": "Berlin", "zip": "10115", "cardtype": 1, "cardnumber": "4111111111111111", "validcode": "737",
+    "expmonth": 11, "expyear": "2030", "username": "jank"})";
 
 /// "v:text|w:text", "text|text" and "1..12".
 std::vector<engine::FormOption> readOptions(const QString &cell)
@@ -194,8 +147,8 @@ private slots:
     void hugeForms();
 
 private:
-    const Fields m_ada = ada();
-    const Fields m_jan = jan();
+    const Fields m_ada = fieldsOf(kAda);
+    const Fields m_jan = fieldsOf(kJan);
 };
 
 void tst_Matching::shapes_data()
