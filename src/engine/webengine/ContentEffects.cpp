@@ -112,8 +112,9 @@ void ContentEffects::blockFlash()
         if (job)
             PageChannel::answer(job, "block");
     }
-    // Local files cannot reach the channel.
-    m_page.runJavaScript(blockFlashScript(), PageChannel::kWorld);
+    // Local files cannot reach the channel. In a window that a page has written itself the engine would break down.
+    if (m_page.url().isLocalFile())
+        m_page.runJavaScript(blockFlashScript(), PageChannel::kWorld);
 }
 
 bool ContentEffects::isMuted() const

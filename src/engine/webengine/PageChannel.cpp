@@ -91,10 +91,10 @@ void PageChannel::join(QWebEnginePage &page, Client &client, WindowClose close)
     setScript(page, u"frames"_s, QString(frameScript()).replace("%TOKEN%"_L1, frameToken), kWorld);
 }
 
-QString PageChannel::listen(Listener listener)
+QString PageChannel::listen(const Listener &listener)
 {
     const QString token = newToken();
-    m_listeners.insert(token, std::move(listener));
+    m_listeners.insert(token, listener);
     return token;
 }
 

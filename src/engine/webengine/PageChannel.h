@@ -59,7 +59,7 @@ public:
     /// Requests that carry the token that this gives go to `listener`, which answers them at once or later. For scripts
     /// of the program's own, in a world where no page can read the token.
     using Listener = std::function<void(QWebEngineUrlRequestJob *job)>;
-    QString listen(Listener listener);
+    QString listen(const Listener &listener);
     void endListening(const QString &token) { m_listeners.remove(token); }
 
     /// Gives the documents of `page`, frames included, a script from the next document on, in place of the one that had
