@@ -89,8 +89,6 @@ class tst_FormsPage : public QObject
 {
     Q_OBJECT
 private slots:
-    void init() { QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s)); }
-
     void protection_data()
     {
         QTest::addColumn<QString>("password");
