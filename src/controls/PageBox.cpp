@@ -181,7 +181,8 @@ void PageBox::layOut()
     const int width = std::max(120, std::min(kPanelWidth, this->width() - 2 * kEdge));
     const QMargins inner = m_panel->layout()->contentsMargins();
     const int textWidth = width - inner.left() - inner.right();
-    int wanted = m_message->heightForWidth(textWidth);
+    // A box without a text has a height of -1 there.
+    int wanted = std::max(0, m_message->heightForWidth(textWidth));
 
     // All the rest of the panel decides how much of the text can be seen at once.
     m_scroll->setFixedHeight(0);
