@@ -1,6 +1,7 @@
 #include "support/DocumentFixture.h"
 
-#include "documents/ContentPolicy.h"
+#include "base/step.h"
+#include "engine/WBCustomizer.h"
 
 #include <QFile>
 #include <QTest>
@@ -14,246 +15,203 @@ class tst_Opening : public QObject
 private slots:
     void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
 
-    void loadNewDocRunsItsStepsInOrder();
-    void shortcutFilesOpenTheAddressInside_data();
-    void shortcutFilesOpenTheAddressInside();
-    void downloadControlFollowsTheSettings_data();
-    void downloadControlFollowsTheSettings();
-    void closingKeepsPositionsInStep_data();
-    void closingKeepsPositionsInStep();
-    void closingReleasesTheBrowser();
-    void activationMovesTheSharedControls();
-    void windowOfAPageBecomesADocument();
+    void loadNewDocRunsItsStepsInOrder()
+    {
+        DocumentFixture f;
+        f.settings.SuppressScriptErrors = true;
+        frmDocument &document = f.open(u"http://a.example/"_s);
+        ScriptedBrowser &browser = f.lastBrowser();
+        QCOMPARE(browser.calls, (QStringList{u"ambient -5513 Mozilla/4.0 (compatible; MSIE 5.5; Windows NT 5.0)"_s,
+                                             u"ambient -5512 112"_s, u"RegisterAsBrowser True"_s,
+                                             u"Navigate2 http://a.example/"_s, u"Silent True"_s}));
+        QCOMPARE(browser.HostFlags(), 0x40000);
+        QCOMPARE(browser.MessageSink(), static_cast<engine::WBMessages *>(&document));
+        QCOMPARE(f.disorder(), QString());
+        QCOMPARE(f.tab(1).Caption(), u"http://a.example/"_s);
+        QVERIFY(f.tab(1).Selected() && document.isVisible() && document.isActive());
+        QCOMPARE(f.addressBar.List(0), u"http://a.example/"_s);
+        QCOMPARE(f.main.calls, QStringList{u"ModifyMenu"_s});
+
+        // A refused step costs only itself. The document comes up maximised, whatever state the others are in.
+        f.mdi.Arrange(controls::vbTileHorizontal);
+        QCOMPARE(f.mdi.WindowState(&document), controls::vbNormal);
+        f.engine.failing = {u"Navigate2"_s, u"RegisterAsBrowser"_s, u"Silent"_s};
+        f.open(u"x"_s);
+        QCOMPARE(f.disorder(), QString());
+        QVERIFY(f.document(2).isActive() && !document.isActive());
+        QCOMPARE(f.mdi.WindowState(&f.document(2)), controls::vbMaximized);
+        QCOMPARE(f.addressBar.List(0), u"x"_s);
+    }
+
+    void shortcutFilesOpenTheAddressInside_data()
+    {
+        QTest::addColumn<QString>("prefix");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("opened");
+        const QString inside = u"http://inside.example/"_s;
+        QTest::newRow("path") << QString() << u"site.url"_s << inside;
+        QTest::newRow("file address") << u"FILE://"_s << u"site.Url"_s << inside;
+        QTest::newRow("encoded blank") << u"file://"_s << u"two%20words.url"_s << inside;
+        QTest::newRow("missing file") << QString() << u"none.url"_s << QString();
+        QTest::newRow("other file") << u"file://"_s << u"page.html"_s << u"file://%1/page.html"_s;
+    }
+
+    void shortcutFilesOpenTheAddressInside()
+    {
+        QFETCH(const QString, prefix);
+        QFETCH(const QString, name);
+        QFETCH(const QString, opened);
+        DocumentFixture f;
+        for (const QString &file : {u"site.url"_s, u"two words.url"_s}) {
+            QFile shortcut(f.folder.filePath(file));
+            QVERIFY(shortcut.open(QIODevice::WriteOnly));
+            shortcut.write("[InternetShortcut]\r\nURL=http://inside.example/\r\n");
+        }
+        QString url = prefix + f.folder.path() + u'/' + name;
+        f.main.LoadNewDoc(url);
+        const QString expected = opened.contains(u"%1") ? opened.arg(f.folder.path()) : opened;
+        QVERIFY(f.lastBrowser().calls.contains(u"Navigate2 "_s + expected) || expected.isEmpty());
+        QCOMPARE(f.addressBar.List(0), expected);
+    }
+
+    void closingKeepsPositionsInStep_data()
+    {
+        QTest::addColumn<QList<int>>("closed");
+        QTest::addColumn<QString>("left");
+        QTest::newRow("first") << QList<int>{1} << u"bcd"_s;
+        QTest::newRow("last, active") << QList<int>{4} << u"abc"_s;
+        QTest::newRow("first, then last") << QList<int>{1, 3} << u"bc"_s;
+        QTest::newRow("all") << QList<int>{2, 2, 1, 1} << QString();
+    }
+
+    void closingKeepsPositionsInStep()
+    {
+        QFETCH(const QList<int>, closed);
+        QFETCH(const QString, left);
+        DocumentFixture f;
+        for (const QString &url : {u"a"_s, u"b"_s, u"c"_s, u"d"_s})
+            f.open(url);
+        for (const int position : closed) {
+            // The close button of a tab removes the tab before its document hears of it.
+            const bool byButton = position == 2;
+            if (byButton)
+                f.tabs.Tabs().Remove(position);
+            f.document(position).setTabAlreadyDeleted(byButton);
+            f.document(position).Unload();
+        }
+        DocumentFixture::deleteClosed();
+
+        QCOMPARE(f.disorder(), QString());
+        QString names;
+        for (int n = 1; n <= f.count(); ++n) {
+            names += f.line(n).Text();
+            QCOMPARE(f.tab(n).Caption(), f.line(n).Text());
+            QCOMPARE(f.document(n).Caption(), f.line(n).Text());
+            QCOMPARE(f.line(n).Bold(), f.document(n).isActive());
+            QCOMPARE(f.tab(n).Selected(), f.document(n).isActive());
+        }
+        QCOMPARE(names, left);
+    }
+
+    void closingReleasesTheBrowser()
+    {
+        DocumentFixture f;
+        const QPointer<frmDocument> document = &f.open(u"a"_s);
+        const QPointer<ScriptedBrowser> browser = &f.lastBrowser();
+        f.statusBar.setPanelText(1, u"text"_s);
+        f.main.calls.clear();
+        document->Unload();
+        document->Unload();
+        QCOMPARE(f.flags.OpenDocumentCount, 0);
+        QCOMPARE(f.main.calls, QStringList{u"ModifyMenu"_s});
+        QCOMPARE(f.statusBar.PanelText(1), QString());
+        QVERIFY(document && !document->browser() && !document->customWB());
+        QVERIFY(!browser->eventSink() && !browser->MessageSink());
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, document->RefreshDoc());
+        DocumentFixture::deleteClosed();
+        QVERIFY(!document && !browser);
+        QVERIFY(!f.main.ActiveForm());
+    }
+
+    void activationMovesTheSharedControls()
+    {
+        DocumentFixture f;
+        frmDocument &a = f.open(u"http://a/"_s);
+        frmDocument &b = f.open(u"http://b/"_s);
+        ScriptedBrowser &pageOfA = DocumentFixture::browserOf(a);
+        // What happens in the background reaches the shared controls only when the document comes to the front.
+        pageOfA.events().WebBro_SetSecureLockIcon(6);
+        pageOfA.events().WebBro_ProgressChange(30, 100);
+        pageOfA.events().WebBro_StatusTextChange(u"from a"_s);
+        QCOMPARE(f.statusBar.PanelIcon(u"Item5"_s), -1);
+        QCOMPARE(f.statusBar.Tag(), u"0"_s);
+        QCOMPARE(f.addressBar.Text(), u"http://b/"_s);
+
+        f.main.focusInAddressBar = true;
+        f.statusBar.setPanelText(1, u"old"_s);
+        f.mdi.activateForm(&a);
+        QCOMPARE(f.addressBar.Text(), u"http://a/"_s);
+        QCOMPARE(f.statusBar.PanelText(1), QString());
+        QCOMPARE(f.statusBar.Tag(), u"30"_s);
+        QCOMPARE(f.statusBar.PanelIcon(u"Item5"_s), 2);
+        QVERIFY(f.tab(1).Selected() && f.line(1).Bold() && f.line(1).ListSubItems(1).Bold());
+        QVERIFY(!f.tab(2).Selected() && !f.line(2).Bold() && !b.isActive());
+        QVERIFY(pageOfA.isExposed && !DocumentFixture::browserOf(b).isExposed);
+        QCOMPARE(f.window.focusWidget(), &pageOfA);
+
+        // The active one writes at once.
+        pageOfA.events().WebBro_StatusTextChange(u"from a"_s);
+        QCOMPARE(f.statusBar.PanelText(1), u"from a"_s);
+        pageOfA.events().WebBro_SetSecureLockIcon(0);
+        QCOMPARE(f.statusBar.PanelIcon(u"Item5"_s), -1);
+    }
+
+    void windowOfAPageBecomesADocument()
+    {
+        DocumentFixture f;
+        frmDocument &opener = f.open(u"http://a/"_s);
+        ScriptedBrowser &browser = f.lastBrowser();
+        browser.clicks = 3;
+        engine::WebBrowser *ppDisp = nullptr;
+        bool cancel = false;
+        browser.events().WebBro_NewWindow2(ppDisp, cancel);
+        QVERIFY(!cancel);
+        QCOMPARE(ppDisp, &f.lastBrowser());
+        QVERIFY(ppDisp != &browser);
+        QCOMPARE(browser.clicks, 0);
+        QCOMPARE(f.disorder(), QString());
+        QCOMPARE(f.line(2).Text() + f.tab(2).Caption() + f.tab(2).Tag(), QString());
+        QVERIFY(!f.lastBrowser().registered);
+        QVERIFY(f.document(2).isVisible() && f.document(2).isActive() && f.tab(2).Selected());
+        QCOMPARE(f.addressBar.ListCount(), 1);
+
+        bool closingCancel = false;
+        ppDisp->eventSink()->WebBro_WindowClosing(true, closingCancel);
+        QVERIFY(!closingCancel);
+        QVERIFY(ppDisp->parent());
+        QCOMPARE(f.count(), 1);
+        QVERIFY(opener.isActive());
+    }
+
+    void helperSpeaksForItsBrowser()
+    {
+        engine::WBCustomizer helper;
+        QString title;
+        QString address;
+        {
+            ScriptedBrowser browser;
+            browser.back = {{u"Near"_s, u"http://near/"_s}, {u"Far"_s, u"http://far/"_s}};
+            helper.AttachBrowser(&browser);
+            helper.GetHistoryElement(true, 2, title, address);
+            QCOMPARE(title, u"Far"_s);
+            for (const int position : {0, 3, -1})
+                QVERIFY_THROWS_EXCEPTION(ControlError, helper.GetHistoryElement(true, position, title, address));
+        }
+        // The browser may go first.
+        QCOMPARE(helper.BackCount(), 0);
+        QVERIFY_THROWS_EXCEPTION(ControlError, helper.GetHistoryElement(true, 1, title, address));
+    }
 };
-
-void tst_Opening::loadNewDocRunsItsStepsInOrder()
-{
-    DocumentFixture f;
-    f.settings.SuppressScriptErrors = true;
-    frmDocument &document = f.open(u"http://a.example/"_s);
-    ScriptedBrowser &browser = f.lastBrowser();
-    QCOMPARE(browser.calls,
-             (QStringList{u"ambient -5513 Mozilla/4.0 (compatible; MSIE 5.5; Windows NT 5.0)"_s, u"ambient -5512 112"_s,
-                          u"RegisterAsBrowser True"_s, u"Navigate2 http://a.example/"_s, u"Silent True"_s}));
-    QCOMPARE(browser.HostFlags(), 0x40000);
-    QCOMPARE(browser.MessageSink(), static_cast<engine::WBMessages *>(&document));
-    QCOMPARE(f.disorder(), QString());
-    QCOMPARE(f.line(1).Text(), u"http://a.example/"_s);
-    QCOMPARE(f.tab(1).Caption(), u"http://a.example/"_s);
-    QCOMPARE(f.tab(1).IconIndex(), 0);
-    QVERIFY(f.tab(1).Selected());
-    QVERIFY(document.isVisible() && document.isActive());
-    QCOMPARE(f.main.ActiveForm(), &document);
-    QCOMPARE(document.Caption(), u"http://a.example/"_s);
-    QCOMPARE(f.addressBar.List(0), u"http://a.example/"_s);
-    QCOMPARE(f.addressBar.ItemIcon(0), 4);
-    QCOMPARE(f.main.calls, QStringList{u"ModifyMenu"_s});
-
-    // A refused step costs only itself. The document comes up maximised, whatever state the others are in.
-    f.mdi.Arrange(controls::vbTileHorizontal);
-    QCOMPARE(f.mdi.WindowState(&document), controls::vbNormal);
-    f.engine.failing = {u"Navigate2"_s, u"RegisterAsBrowser"_s, u"Silent"_s};
-    f.open(u"x"_s);
-    QCOMPARE(f.disorder(), QString());
-    QVERIFY(f.document(2).isActive() && !document.isActive());
-    QCOMPARE(f.mdi.WindowState(&f.document(2)), controls::vbMaximized);
-    QCOMPARE(f.addressBar.List(0), u"x"_s);
-}
-
-void tst_Opening::shortcutFilesOpenTheAddressInside_data()
-{
-    QTest::addColumn<QString>("prefix");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("opened");
-    const QString inside = u"http://inside.example/"_s;
-    QTest::newRow("path") << QString() << u"site.url"_s << inside;
-    QTest::newRow("any case") << QString() << u"site.URL"_s << inside;
-    QTest::newRow("file address") << u"file://"_s << u"site.url"_s << inside;
-    QTest::newRow("capital file address") << u"FILE://"_s << u"site.Url"_s << inside;
-    QTest::newRow("encoded blank") << u"file://"_s << u"two%20words.url"_s << inside;
-    QTest::newRow("missing file") << QString() << u"none.url"_s << QString();
-    QTest::newRow("other file") << u"file://"_s << u"page.html"_s << u"file://%1/page.html"_s;
-}
-
-void tst_Opening::shortcutFilesOpenTheAddressInside()
-{
-    QFETCH(const QString, prefix);
-    QFETCH(const QString, name);
-    QFETCH(const QString, opened);
-    DocumentFixture f;
-    for (const QString &file : {u"site.url"_s, u"two words.url"_s}) {
-        QFile shortcut(f.folder.filePath(file));
-        QVERIFY(shortcut.open(QIODevice::WriteOnly));
-        shortcut.write("[InternetShortcut]\r\nURL=http://inside.example/\r\n");
-    }
-    QString url = prefix + f.folder.path() + u'/' + name;
-    f.main.LoadNewDoc(url);
-    const QString expected = opened.contains(u"%1") ? opened.arg(f.folder.path()) : opened;
-    QCOMPARE(url, expected);
-    QCOMPARE(f.count(), 1);
-    QVERIFY(f.lastBrowser().calls.contains(u"Navigate2 "_s + expected) || expected.isEmpty());
-    QCOMPARE(f.addressBar.List(0), expected);
-}
-
-void tst_Opening::downloadControlFollowsTheSettings_data()
-{
-    QTest::addColumn<QList<bool>>("on");
-    QTest::addColumn<int>("value");
-    QTest::newRow("all") << QList<bool>(7, true) << 0x70;
-    QTest::newRow("none") << QList<bool>(7, false) << 0x780;
-    const int bits[] = {0x10, 0x40, 0x20, 0x80, 0x100, 0x400, 0x200};
-    for (int i = 0; i < 7; ++i) {
-        QList<bool> on(7, true);
-        on[i] = false;
-        QTest::addRow("without %d", i) << on << (0x70 ^ bits[i]);
-    }
-}
-
-void tst_Opening::downloadControlFollowsTheSettings()
-{
-    QFETCH(const QList<bool>, on);
-    DocumentFixture f;
-    frmDocument &document = f.open(u"a"_s);
-    Settings &s = f.settings;
-    bool *const choices[] = {&s.EnableImages, &s.EnableSound,     &s.EnableVideo,     &s.EnableScripts,
-                             &s.EnableJava,   &s.EnableActiveXDL, &s.EnableActiveXRUN};
-    for (int i = 0; i < 7; ++i)
-        *choices[i] = on[i];
-    document.SetDownloadOptions();
-    QTEST(f.lastBrowser().ambientProperty(engine::DISPID_AMBIENT_DLCONTROL).toInt(), "value");
-    const auto writes = f.lastBrowser().calls.size();
-    document.SetDownloadOptions();
-    QCOMPARE(f.lastBrowser().calls.size(), writes);
-}
-
-void tst_Opening::closingKeepsPositionsInStep_data()
-{
-    QTest::addColumn<QList<int>>("closed");
-    QTest::addColumn<QString>("left");
-    QTest::newRow("first") << QList<int>{1} << u"bcd"_s;
-    QTest::newRow("middle") << QList<int>{2} << u"acd"_s;
-    QTest::newRow("last, active") << QList<int>{4} << u"abc"_s;
-    QTest::newRow("first, then last") << QList<int>{1, 3} << u"bc"_s;
-    QTest::newRow("all") << QList<int>{2, 2, 1, 1} << QString();
-}
-
-void tst_Opening::closingKeepsPositionsInStep()
-{
-    QFETCH(const QList<int>, closed);
-    QFETCH(const QString, left);
-    DocumentFixture f;
-    for (const QString &url : {u"a"_s, u"b"_s, u"c"_s, u"d"_s})
-        f.open(url);
-    for (const int position : closed) {
-        // The close button of a tab removes the tab before its document hears of it.
-        const bool byButton = position == 2;
-        if (byButton)
-            f.tabs.Tabs().Remove(position);
-        f.document(position).setTabAlreadyDeleted(byButton);
-        f.document(position).Unload();
-    }
-    DocumentFixture::deleteClosed();
-
-    QCOMPARE(f.disorder(), QString());
-    QString names;
-    int bold = 0;
-    for (int n = 1; n <= f.count(); ++n) {
-        names += f.line(n).Text();
-        QCOMPARE(f.tab(n).Caption(), f.line(n).Text());
-        QCOMPARE(f.document(n).Caption(), f.line(n).Text());
-        QCOMPARE(f.line(n).Bold(), f.document(n).isActive());
-        QCOMPARE(f.tab(n).Selected(), f.document(n).isActive());
-        bold += f.line(n).Bold();
-    }
-    QCOMPARE(names, left);
-    QCOMPARE(bold, left.isEmpty() ? 0 : 1);
-}
-
-void tst_Opening::closingReleasesTheBrowser()
-{
-    DocumentFixture f;
-    const QPointer<frmDocument> document = &f.open(u"a"_s);
-    const QPointer<ScriptedBrowser> browser = &f.lastBrowser();
-    f.statusBar.setPanelText(1, u"text"_s);
-    f.statusBar.setTag(u"50"_s);
-    f.main.calls.clear();
-    document->Unload();
-    document->Unload();
-    QCOMPARE(f.flags.OpenDocumentCount, 0);
-    QCOMPARE(f.main.calls, QStringList{u"ModifyMenu"_s});
-    QCOMPARE(f.statusBar.PanelText(1), QString());
-    QCOMPARE(f.statusBar.Tag(), u"0"_s);
-    QVERIFY(document && !document->browser() && !document->customWB());
-    QVERIFY(!browser->eventSink() && !browser->MessageSink());
-    QVERIFY_THROWS_EXCEPTION(std::runtime_error, document->RefreshDoc());
-    DocumentFixture::deleteClosed();
-    QVERIFY(!document && !browser);
-    QVERIFY(!f.main.ActiveForm());
-}
-
-void tst_Opening::activationMovesTheSharedControls()
-{
-    DocumentFixture f;
-    frmDocument &a = f.open(u"http://a/"_s);
-    frmDocument &b = f.open(u"http://b/"_s);
-    ScriptedBrowser &pageOfA = DocumentFixture::browserOf(a);
-    // What happens in the background reaches the shared controls only when the document comes to the front.
-    pageOfA.events().WebBro_SetSecureLockIcon(6);
-    pageOfA.events().WebBro_ProgressChange(30, 100);
-    pageOfA.events().WebBro_StatusTextChange(u"from a"_s);
-    QCOMPARE(f.statusBar.PanelIcon(u"Item5"_s), -1);
-    QCOMPARE(f.statusBar.Tag(), u"0"_s);
-    QCOMPARE(f.addressBar.Text(), u"http://b/"_s);
-
-    f.main.focusInAddressBar = true;
-    f.statusBar.setPanelText(1, u"old"_s);
-    f.mdi.activateForm(&a);
-    QCOMPARE(f.addressBar.Text(), u"http://a/"_s);
-    QCOMPARE(f.statusBar.PanelText(1), QString());
-    QCOMPARE(f.statusBar.Tag(), u"30"_s);
-    QCOMPARE(f.statusBar.PanelIcon(u"Item5"_s), 2);
-    QVERIFY(f.tab(1).Selected() && !f.tab(2).Selected());
-    QCOMPARE(f.tabs.Tag(), u"0"_s);
-    QVERIFY(f.line(1).Bold() && f.line(1).ListSubItems(1).Bold());
-    QVERIFY(!f.line(2).Bold() && !f.line(2).ListSubItems(1).Bold());
-    QVERIFY(!b.isActive());
-    QVERIFY(pageOfA.isExposed && !DocumentFixture::browserOf(b).isExposed);
-    QCOMPARE(f.window.focusWidget(), &pageOfA);
-
-    // The active one writes at once.
-    pageOfA.events().WebBro_StatusTextChange(u"from a"_s);
-    QCOMPARE(f.statusBar.PanelText(1), u"from a"_s);
-    pageOfA.events().WebBro_SetSecureLockIcon(0);
-    QCOMPARE(f.statusBar.PanelIcon(u"Item5"_s), -1);
-}
-
-void tst_Opening::windowOfAPageBecomesADocument()
-{
-    DocumentFixture f;
-    frmDocument &opener = f.open(u"http://a/"_s);
-    ScriptedBrowser &browser = f.lastBrowser();
-    browser.clicks = 3;
-    engine::WebBrowser *ppDisp = nullptr;
-    bool cancel = false;
-    browser.events().WebBro_NewWindow2(ppDisp, cancel);
-    QVERIFY(!cancel);
-    QCOMPARE(ppDisp, &f.lastBrowser());
-    QVERIFY(ppDisp != &browser);
-    QCOMPARE(browser.clicks, 0);
-    QCOMPARE(f.disorder(), QString());
-    QCOMPARE(f.line(2).Text() + f.tab(2).Caption() + f.tab(2).Tag(), QString());
-    QVERIFY(!f.lastBrowser().registered);
-    QVERIFY(f.document(2).isVisible() && f.document(2).isActive() && !opener.isActive());
-    QVERIFY(f.tab(2).Selected());
-    QCOMPARE(f.addressBar.ListCount(), 1);
-
-    bool closingCancel = false;
-    ppDisp->eventSink()->WebBro_WindowClosing(true, closingCancel);
-    QVERIFY(!closingCancel);
-    QVERIFY(ppDisp->parent());
-    QCOMPARE(f.count(), 1);
-    QVERIFY(opener.isActive());
-}
 
 QTEST_MAIN(tst_Opening)
 #include "tst_opening.moc"

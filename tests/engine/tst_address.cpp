@@ -1,8 +1,6 @@
 #include "engine/Address.h"
 
-#include "base/step.h"
 #include "engine/RequestLimit.h"
-#include "engine/WBCustomizer.h"
 
 #include <QDir>
 #include <QTemporaryFile>
@@ -10,37 +8,6 @@
 
 using namespace Qt::StringLiterals;
 using engine::Address;
-
-namespace {
-
-struct StubBrowser : engine::WebBrowser
-{
-    std::vector<engine::HistoryEntry> back{{u"Near"_s, u"http://near/"_s}, {u"Far"_s, u"http://far/"_s}};
-    int clicks = 3;
-
-    void Navigate2(const QString &) override {}
-    void Refresh2(int) override {}
-    void Stop() override {}
-    void GoBack() override {}
-    void GoForward() override {}
-    QVariant ExecWB(int, int, const QVariant &) override { return {}; }
-    QString LocationURL() const override { return {}; }
-    QString LocationName() const override { return {}; }
-    bool Silent() const override { return false; }
-    void setSilent(bool) override {}
-    bool RegisterAsBrowser() const override { return false; }
-    void setRegisterAsBrowser(bool) override {}
-    void Exec(int, int, int) override {}
-    QVariant ambientProperty(int) const override { return {}; }
-    void setAmbientProperty(int, const QVariant &) override {}
-    int userClicks() const override { return clicks; }
-    void clearUserClicks() override { clicks = 0; }
-    std::vector<engine::HistoryEntry> backEntries() const override { return back; }
-    std::vector<engine::HistoryEntry> forwardEntries() const override { return {}; }
-    void setExposed(bool) override {}
-};
-
-} // namespace
 
 /// The parts of the engine layer that need no engine.
 class AddressTest : public QObject
@@ -111,35 +78,6 @@ private slots:
         QVERIFY(!limit.passes(1149));
         limit.reset();
         QVERIFY(limit.passes(1149));
-    }
-
-    void helperSpeaksForItsBrowser()
-    {
-        engine::WBCustomizer helper;
-        int32_t clicks = 7;
-        QString title;
-        QString address;
-        helper.GetUserClick(clicks);
-        QCOMPARE(clicks, 0);
-        {
-            StubBrowser browser;
-            helper.AttachBrowser(&browser);
-            helper.GetUserClick(clicks);
-            QCOMPARE(clicks, 3);
-            helper.ClearUserClick();
-            QCOMPARE(browser.clicks, 0);
-            QCOMPARE(helper.BackCount(), 2);
-            QCOMPARE(helper.ForwardCount(), 0);
-            helper.GetHistoryElement(true, 2, title, address);
-            QCOMPARE(title, u"Far"_s);
-            QCOMPARE(address, u"http://far/"_s);
-            for (int position : {0, 3, -1})
-                QVERIFY_THROWS_EXCEPTION(ControlError, helper.GetHistoryElement(true, position, title, address));
-            QVERIFY_THROWS_EXCEPTION(ControlError, helper.GetHistoryElement(false, 1, title, address));
-        }
-        // The browser may go first.
-        QCOMPARE(helper.BackCount(), 0);
-        QVERIFY_THROWS_EXCEPTION(ControlError, helper.GetHistoryElement(true, 1, title, address));
     }
 };
 
