@@ -49,24 +49,16 @@ class TestTabControl : public QObject
 {
     Q_OBJECT
 private slots:
-    void mouseTellsButtonsAndKeysAndSelectsNothing()
+    void clickIsToldWithThePressAndSelectsNothing()
     {
-        using Keys = Qt::KeyboardModifiers;
-        const std::initializer_list<std::tuple<Qt::MouseButton, Keys, QString>> cases{
-            {Qt::LeftButton, Qt::NoModifier, u"1 0"_s},
-            {Qt::RightButton, Qt::NoModifier, u"2 0"_s},
-            {Qt::MiddleButton, Qt::AltModifier, u"4 4"_s},
-            {Qt::LeftButton, Qt::ShiftModifier | Qt::ControlModifier, u"1 3"_s}};
-        for (const auto &[button, keys, told] : cases) {
-            Strip strip;
-            strip.fill(2);
-            QTest::mousePress(&strip, button, keys, strip.middleOf(2));
-            QCOMPARE(strip.log, QStringList{u"click Page number 2 "_s + told}); // with the press, before the release
-            QTest::mouseRelease(&strip, button, keys, strip.middleOf(2));
-            QTest::mouseClick(&strip, button, keys, strip.empty());
-            QCOMPARE(strip.log.mid(1), QStringList{u"bar "_s + told});
-            QVERIFY(strip.Tabs(1).Selected());
-        }
+        Strip strip;
+        strip.fill(2);
+        QTest::mousePress(&strip, Qt::MiddleButton, Qt::AltModifier | Qt::ShiftModifier, strip.middleOf(2));
+        QCOMPARE(strip.log, QStringList{u"click Page number 2 4 5"_s});
+        QTest::mouseRelease(&strip, Qt::MiddleButton, Qt::AltModifier | Qt::ShiftModifier, strip.middleOf(2));
+        QTest::mouseClick(&strip, Qt::RightButton, Qt::ControlModifier, strip.empty());
+        QCOMPARE(strip.log.mid(1), QStringList{u"bar 2 2"_s});
+        QVERIFY(strip.Tabs(1).Selected());
     }
 
     /// Where a click closes its tab, the second click of a double click meets another one, or none.
@@ -131,7 +123,6 @@ private slots:
         strip.Tabs(60).setCaption(u"Another and much longer title of a page"_s);
         QVERIFY(strip.rect().contains(strip.middleOf(1)));
         QVERIFY(strip.closeButton()->isHidden()); // its tab is out of sight
-        QCOMPARE(strip.Tabs(60).Caption(), u"Another and much longer title of a page"_s);
     }
 
     /// Titles come from pages.
