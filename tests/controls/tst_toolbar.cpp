@@ -76,13 +76,11 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&bar));
         bar.setButtonEnabled(1, false);
         QSignalSpy clicks(&bar, &ToolBar::ButtonClick);
-        QTest::mouseClick(bar.windowHandle(), Qt::RightButton, {}, {bar.width() - 5, 5});
-        QTest::mouseClick(bar.windowHandle(), Qt::RightButton, {}, {5, 5});
-        QCOMPARE(clicks.size(), 2);
-        QTest::mouseClick(bar.windowHandle(), Qt::RightButton, {}, {bar.ButtonLeft(u"Home"_s) + 5, 5});
-        QCOMPARE(clicks, QList<QVariantList>({{-1}, {-1}, {-1}}));
+        // Beside the buttons, on one and on one that is disabled.
+        for (const int x : {bar.width() - 5, 5, bar.ButtonLeft(u"Home"_s) + 5})
+            QTest::mouseClick(bar.windowHandle(), Qt::RightButton, {}, {x, 5});
         QTest::mouseClick(bar.windowHandle(), Qt::LeftButton, {}, {bar.width() - 5, 5});
-        QCOMPARE(clicks.size(), 3);
+        QCOMPARE(clicks, QList<QVariantList>({{-1}, {-1}, {-1}}));
     }
 
     void chevronListsWhatDoesNotFit()
@@ -124,7 +122,7 @@ private slots:
         QSignalSpy clicks(&bar, &ToolBar::ButtonClick);
         QSignalSpy drops(&bar, &ToolBar::DropDownPress);
         const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
-        // A click leaves the focus alone, Tab stops once.
+        // A click leaves the focus alone.
         QTest::mouseClick(buttonNamed(bar, u"Home"_s), Qt::LeftButton);
         QVERIFY(!buttonNamed(bar, u"Home"_s)->hasFocus());
         buttonNamed(bar, u"New"_s)->setFocus(Qt::TabFocusReason);
@@ -140,10 +138,6 @@ private slots:
         QVERIFY(buttonNamed(bar, u"R && D <b>"_s)->hasFocus());
         QCOMPARE(drops, QList<QVariantList>({{0}}));
         QCOMPARE(clicks, QList<QVariantList>({{1}, {1}, {3}}));
-        int stops = 0;
-        for (const QAbstractButton *each : bar.findChildren<QAbstractButton *>())
-            stops += each->focusPolicy() & Qt::TabFocus ? 1 : 0;
-        QCOMPARE(stops, 1);
     }
 
     void buttonMayGoInItsOwnClick()
