@@ -81,7 +81,6 @@ private slots:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QTest::keyClicks(QApplication::focusWidget(), u"secret"_s);
 
-        auto *reject = box->findChild<QPushButton *>(u"reject"_s);
         if (how == u"enter"_s)
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         else if (how == u"esc"_s)
@@ -91,8 +90,8 @@ private slots:
         else if (how == u"page"_s)
             delete window.page;
         else if (how == u"enter-reject"_s) {
-            reject->setFocus();
-            QTest::keyClick(reject, Qt::Key_Enter);
+            box->findChild<QPushButton *>(u"reject"_s)->setFocus();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter);
         } else
             QTest::mouseClick(box->findChild<QPushButton *>(how), Qt::LeftButton);
         QCOMPARE(window.answers, QStringList{answer});
@@ -124,7 +123,6 @@ private slots:
     {
         Window window;
         PageBox::Content content = Window::confirm();
-        content.rejectCaption.clear();
         content.text = u"<b>line</b>\n"_s.repeated(200);
         PageBox *box = window.ask(content);
         QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -136,7 +134,6 @@ private slots:
         auto *text = box->findChild<QLabel *>(u"text"_s);
         QCOMPARE(text->textFormat(), Qt::PlainText);
         QTRY_VERIFY(box->findChild<QScrollArea *>()->verticalScrollBar()->maximum() > 0);
-        QVERIFY(!box->findChild<QPushButton *>(u"reject"_s));
         QVERIFY(box->accessibleName().contains(u"https://a.test"_s));
     }
 };
