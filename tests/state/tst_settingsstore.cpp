@@ -90,7 +90,6 @@ private slots:
     {
         SettingsStore store(m_file);
         save(store, u"Key"_s, u"x"_s);
-        QCOMPARE(store.GetSetting(appTitle(), u"A"_s, u"Key"_s, u"default"_s), u"default"_s);
         QCOMPARE(store.GetSetting(u"Other"_s, u"General"_s, u"Key"_s, u"default"_s), u"default"_s);
         QCOMPARE(get(store, u"key"_s), u"(absent)"_s);
         // Stored as empty is not absent.
