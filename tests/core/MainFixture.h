@@ -1,26 +1,14 @@
 #pragma once
 
-#include "controls/BandContainer.h"
-#include "controls/ComboBox.h"
-#include "controls/MdiFrame.h"
 #include "controls/PopupMenu.h"
-#include "controls/StatusBar.h"
-#include "controls/TabControl.h"
 #include "controls/ToolBar.h"
 #include "core/MainCode.h"
 #include "core/frmMain.h"
 #include "core/frmMainCommands.h"
 #include "core/state/Document.h"
-#include "core/state/SettingsStore.h"
-#include "desktop/Paths.h"
 #include "desktop/TrayIcon.h"
-#include "documents/frmNavigator.h"
 #include "support/DocumentFixture.h"
-#include "support/RecordingDialogs.h"
-#include "support/RecordingSound.h"
-#include "support/ScriptedBrowser.h"
 
-#include <QTemporaryDir>
 #include <QTest>
 #include <memory>
 
