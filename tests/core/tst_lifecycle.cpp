@@ -202,6 +202,35 @@ private slots:
         QVERIFY(!other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName));
     }
 
+    void closeDuringTheStartIsNotLost_data()
+    {
+        QTest::addColumn<bool>("duringAQuestion");
+        QTest::newRow("whether to open the saved documents") << true;
+        QTest::newRow("while the engine warms up") << false; // and the picture of the start lets events through
+    }
+
+    void closeDuringTheStartIsNotLost()
+    {
+        QFETCH(const bool, duringAQuestion);
+        MainFixture f;
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, &watch, [&] {
+            if (QApplication::activeModalWidget())
+                f.main().Unload();
+        });
+        if (duringAQuestion) {
+            f.set(u"Settings", u"DocumentCount", u"1");
+            watch.start(0);
+        } else {
+            f.engine.onWarmUp = [&] { f.main().Unload(); };
+        }
+        QVERIFY(f.startQuietly(duringAQuestion ? QString() : u"http://a/"_s));
+        // The start goes no further than the close: no window, no mark.
+        QVERIFY(f.main().isUnloaded() && !f.main().isVisible());
+        QVERIFY(!f.code->isMarked());
+        QCOMPARE(f.opened(), QStringList());
+    }
+
     void lostScreenBringsTheWindowBack()
     {
         MainFixture f;
@@ -213,37 +242,6 @@ private slots:
         const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
         QVERIFY2(area.contains(f.main().pos()), qPrintable(QDebug::toString(f.main().geometry())));
         QVERIFY(f.main().width() <= area.width());
-    }
-
-    void closeDuringAQuestionEndsIt()
-    {
-        MainFixture f;
-        f.seedQuietStart();
-        f.set(u"Settings", u"DocumentCount", u"1");
-        QTimer watch;
-        connect(&watch, &QTimer::timeout, &watch, [&] {
-            if (QApplication::activeModalWidget())
-                f.main().Unload();
-        });
-        watch.start(0);
-        // The start goes no further than the close: no window, no mark.
-        QVERIFY(f.start());
-        QVERIFY(f.main().isUnloaded());
-        QVERIFY(!f.main().isVisible());
-        QVERIFY(!f.code->isMarked());
-        QCOMPARE(f.opened(), QStringList());
-    }
-
-    void closeBeforeTheLoadIsNotLost()
-    {
-        MainFixture f;
-        f.seedQuietStart();
-        // The engine warms up while the picture of the start stands there and events come through.
-        f.engine.onWarmUp = [&] { f.main().Unload(); };
-        QVERIFY(f.start(u"http://a/"_s));
-        QVERIFY(f.main().isUnloaded() && !f.main().isVisible());
-        QVERIFY(!f.code->isMarked());
-        QCOMPARE(f.opened(), QStringList());
     }
 };
 
