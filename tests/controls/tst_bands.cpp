@@ -48,30 +48,24 @@ class TestBands : public QObject
 {
     Q_OBJECT
 private slots:
-    void widthsInARow_data()
-    {
-        QTest::addColumn<int>("width");
-        QTest::addColumn<QList<int>>("expected");
-        // Three bands that want 200 (least 50), 150 (least 40) and a fixed 36.
-        QTest::newRow("room to spare goes to the last movable one") << 500 << QList<int>{200, 264, 36};
-        QTest::newRow("the right one shrinks first") << 300 << QList<int>{200, 64, 36};
-        QTest::newRow("then the left one") << 200 << QList<int>{124, 40, 36};
-        QTest::newRow("never below the least width") << 60 << QList<int>{50, 40, 36};
-    }
-
     void widthsInARow()
     {
-        QFETCH(int, width);
-        QFETCH(QList<int>, expected);
         BandRows rows;
         for (int i = 0; i < 3; ++i)
             rows.append(i, false);
-        std::vector<BandNeed> needs{need(200, 50, 20), need(150, 40, 30), need(36, 36, 16, true)};
-        QCOMPARE(rows.layOut(needs, width), 30);
-        int x = 0;
-        for (int i = 0; i < 3; ++i) {
-            QCOMPARE(needs[static_cast<size_t>(i)].rect, QRect(x, 0, expected[i], 30));
-            x += expected[i];
+        const std::initializer_list<std::pair<int, QList<int>>> cases{
+            {500, {200, 264, 36}}, // room to spare goes to the last movable one
+            {300, {200, 64, 36}},  // the right one shrinks first
+            {200, {124, 40, 36}},  // then the left one
+            {60, {50, 40, 36}}};   // never below the least width
+        for (const auto &[width, expected] : cases) {
+            std::vector<BandNeed> needs{need(200, 50, 20), need(150, 40, 30), need(36, 36, 16, true)};
+            QCOMPARE(rows.layOut(needs, width), 30);
+            int x = 0;
+            for (int i = 0; i < 3; ++i) {
+                QCOMPARE(needs[static_cast<size_t>(i)].rect, QRect(x, 0, expected[i], 30));
+                x += expected[i];
+            }
         }
     }
 
