@@ -140,19 +140,6 @@ private slots:
         QCOMPARE(clicks, QList<QVariantList>({{1}, {1}, {3}}));
     }
 
-    void buttonMayGoInItsOwnClick()
-    {
-        ToolBar bar;
-        fill(bar);
-        connect(&bar, &ToolBar::ButtonClick, this, [&](int index) { bar.RemoveButton(bar.ButtonKey(index)); });
-        connect(&bar, &ToolBar::DropDownPress, this, [&](int index) { bar.RemoveButton(bar.ButtonKey(index)); });
-        QTest::mouseClick(buttonNamed(bar, u"Home"_s), Qt::LeftButton);
-        QAbstractButton *fresh = buttonNamed(bar, u"New"_s);
-        QTest::mouseClick(fresh, Qt::LeftButton, {}, {fresh->width() - 3, 5});
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(bar.ButtonCount(), 3);
-    }
-
     /// Strips are files of the user: without alpha the colour of the corner is the background, and damage shows
     /// nothing.
     void stripFiles()
