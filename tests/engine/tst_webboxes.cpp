@@ -108,18 +108,6 @@ private slots:
         QVERIFY(waitForBox(browser, 2));
     }
 
-    void leavingIsNeverAskedAbout()
-    {
-        m_site.page("/clingy", "Clingy",
-                    "<script>onbeforeunload = e => { e.preventDefault(); e.returnValue = 'stay' }</script>");
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(at(u"/clingy"_s)));
-        browser.click();
-        QVERIFY(browser.open(at(u"/plain"_s)));
-        QCOMPARE(browser->LocationURL(), at(u"/plain"_s));
-        QVERIFY(browser.messages.empty());
-    }
-
     void localFilesFallBackOnPlainAlerts()
     {
         QTemporaryDir folder;
