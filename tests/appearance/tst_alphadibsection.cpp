@@ -107,6 +107,25 @@ private slots:
         QCOMPARE(rowOf(target, 0), QList<int>({0, 0, 0, 0, 0, 0, 0, 0, 255, 0, 51, 255}));
     }
 
+    void rasterOperations()
+    {
+        cAlphaDibSection target;
+        cAlphaDibSection source;
+        QVERIFY(target.Create(1, 1));
+        QVERIFY(source.Create(1, 1));
+        setRow(source, 0, {0x3c, 0, 0, 0});
+        const auto is = [&](int32_t raster, int result) {
+            setRow(target, 0, {0x0f, 0, 0, 0});
+            source.PaintPicture(target, 0, 0, -1, -1, 0, 0, raster);
+            QCOMPARE(int(target.bytes()(0, 0)), result);
+        };
+        is(SRCCOPY, 0x3c);
+        is(0x660046, 0x33);         // exclusive or
+        is(0x330008, 0xc3);         // not source
+        source.setUseDrawDib(true); // which knows no raster operation
+        is(0x660046, 0x3c);
+    }
+
     void savePicture()
     {
         QTemporaryDir folder;
