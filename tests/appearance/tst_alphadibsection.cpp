@@ -33,14 +33,18 @@ private slots:
     void lifecycle()
     {
         cAlphaDibSection surface;
+        QVERIFY(!surface.hdc());
+        QVERIFY(!surface.DIBSectionBitsPtr());
         surface.setUseDrawDib(true);
         QVERIFY(surface.Create(3, 2));
         QVERIFY(surface.UseDrawDib()); // survives the making of a new section
+        QCOMPARE(surface.BytesPerScanLine(), 12);
         surface.bytes()(0, 0) = 7;
         QVERIFY(surface.Create(3, 2)); // the same size makes a new picture too
         QCOMPARE(int(surface.bytes()(0, 0)), 0);
         QVERIFY(!surface.Create(0, 2)); // a failure leaves the object empty
-        QVERIFY(!surface.hDib() && surface.Width() == 0);
+        QCOMPARE(surface.Width(), 0);
+        QVERIFY(!surface.hDib());
         QVERIFY(surface.Create(2, 2));
         QVERIFY_THROWS_EXCEPTION(ControlError, surface.bytes()(8, 0));
         QVERIFY_THROWS_EXCEPTION(ControlError, surface.bytes()(0, -1));
@@ -113,17 +117,19 @@ private slots:
         cAlphaDibSection source;
         QVERIFY(target.Create(1, 1));
         QVERIFY(source.Create(1, 1));
-        setRow(source, 0, {0x3c, 0, 0, 0});
-        const auto is = [&](int32_t raster, int result) {
+        const auto result = [&](int32_t raster) {
             setRow(target, 0, {0x0f, 0, 0, 0});
+            setRow(source, 0, {0x3c, 0, 0, 0});
             source.PaintPicture(target, 0, 0, -1, -1, 0, 0, raster);
-            QCOMPARE(int(target.bytes()(0, 0)), result);
+            return int(target.bytes()(0, 0));
         };
-        is(SRCCOPY, 0x3c);
-        is(0x660046, 0x33);         // exclusive or
-        is(0x330008, 0xc3);         // not source
-        source.setUseDrawDib(true); // which knows no raster operation
-        is(0x660046, 0x3c);
+        QCOMPARE(result(SRCCOPY), 0x3c);
+        QCOMPARE(result(0x8800C6), 0x0c); // and
+        QCOMPARE(result(0xEE0086), 0x3f); // or
+        QCOMPARE(result(0x660046), 0x33); // exclusive or
+        QCOMPARE(result(0x330008), 0xc3); // not source
+        source.setUseDrawDib(true);       // which knows no raster operation
+        QCOMPARE(result(0x8800C6), 0x3c);
     }
 
     void savePicture()
@@ -142,7 +148,17 @@ private slots:
                                                         "00000000 00000000 00000000 00000000 00000000"
                                                         "0102030405060708 090a0b0c0d0e0f10");
         QCOMPARE(file.readAll(), expected);
-        QVERIFY_THROWS_EXCEPTION(RuntimeError, surface.SavePicture(folder.filePath(QStringLiteral("no/such.bmp"))));
+        // what we write, others read
+        QImage read(path);
+        QCOMPARE(read.pixelColor(0, 1).red(), 3);
+        try {
+            surface.SavePicture(folder.filePath(QStringLiteral("no/such/folder.bmp")));
+            QFAIL("an unwritable place raises an error");
+        } catch (const RuntimeError &error) {
+            QCOMPARE(error.number(), 17);
+            QVERIFY(error.source().endsWith(QLatin1String(".cDIBSection")));
+            QVERIFY(!error.description().isEmpty());
+        }
         if (QFile::exists(QStringLiteral("/dev/full")))
             QVERIFY(!surface.SavePicture(QStringLiteral("/dev/full")));
     }
@@ -153,8 +169,12 @@ private slots:
         QVERIFY(surface.Create(3, 2));
         setRow(surface, 0, {0, 0, 0, 9, 100, 0, 0, 9, 200, 0, 0, 9});
         setRow(surface, 1, {50, 0, 0, 9, 150, 0, 0, 9, 250, 0, 0, 9});
-        QCOMPARE(surface.Resample(2, 3)->toImage(), surface.toImage()); // alpha included
+        const auto same = surface.Resample(2, 3);
+        QVERIFY(same);
+        QCOMPARE(same->toImage(), surface.toImage()); // alpha included
         const auto twice = surface.Resample(4, 4);
+        QVERIFY(twice);
+        QCOMPARE(twice->Width(), 4);
         // xs = 2 / 4, ys = 1 / 4: columns 0, 50, 100, 150 of the bottom row, each line 12.5 brighter, ties to even (a
         // is rounded before the columns are mixed: 12, 112; 12, 62, 112, 162), alpha 0
         const auto blues = [&](int row) {
@@ -167,6 +187,24 @@ private slots:
         QCOMPARE(blues(1), QList<int>({12, 0, 62, 0, 112, 0, 162, 0}));
         QCOMPARE(blues(2), QList<int>({25, 0, 75, 0, 125, 0, 175, 0}));
         QVERIFY(!surface.Resample(0, 3));
+    }
+
+    void randomiseBits()
+    {
+        for (const bool gray : {false, true}) {
+            cAlphaDibSection surface;
+            QVERIFY(surface.Create(64, 64));
+            surface.RandomiseBits(gray);
+            int different = 0;
+            for (int y = 0; y < 64; ++y) {
+                for (int x = 0; x < 256; x += 4) {
+                    const int alpha = surface.bytes()(x + 3, y);
+                    QVERIFY(surface.bytes()(x, y) <= alpha && surface.bytes()(x + 1, y) <= alpha);
+                    different += surface.bytes()(x, y) != surface.bytes()(x + 1, y);
+                }
+            }
+            QCOMPARE(different > 1000, !gray);
+        }
     }
 };
 
