@@ -92,6 +92,17 @@ private slots:
         QCOMPARE(cMediaProgress::TranslateColor(0x80000100), -1);
     }
 
+    void autoSize()
+    {
+        cMediaProgress progress;
+        progress.setAutoSize(true);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, progress.setWidth(10)); // the width is the caption's
+        progress.setShowPercentage(false);
+        QCOMPARE(progress.Width(), 4); // an empty caption is not measured
+        progress.setText(QStringLiteral("A caption"));
+        QCOMPARE(progress.Width(), QFontMetrics(QFont()).horizontalAdvance(QStringLiteral("A caption")) + 4);
+    }
+
     void hls()
     {
         // There and back; that red, green and blue are not changed about can be seen in the bar.
