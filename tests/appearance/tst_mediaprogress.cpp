@@ -74,9 +74,35 @@ private slots:
         }
     }
 
+    void captionOnlyAdds()
+    {
+        cMediaProgress progress;
+        progress.setMax(100);
+        progress.setWidth(172);
+        progress.setText(QStringLiteral("Complete"));
+        progress.setShowPercentage(false);
+        progress.setValue(100);
+        cMediaProgress bare;
+        bare.setMax(100);
+        bare.setWidth(172);
+        bare.setShowPercentage(false);
+        bare.setValue(100);
+        int brighter = 0;
+        for (int y = 0; y < 20; ++y) {
+            for (int x = 0; x < 172; ++x) {
+                const int with = qGray(pixel(progress, x, y).rgb());
+                const int without = qGray(pixel(bare, x, y).rgb());
+                QVERIFY(with >= without);
+                brighter += with > without;
+            }
+        }
+        QVERIFY(brighter > 50);
+    }
+
     void valuesAndErrors()
     {
         cMediaProgress progress;
+        QCOMPARE(progress.BarColor(), 6932573);
         QVERIFY(progress.surface().toImage().isNull()); // nothing before the first property
         progress.setValue(30);
         QCOMPARE(progress.Percent(), 0.0F); // no range yet
@@ -96,16 +122,50 @@ private slots:
     {
         cMediaProgress progress;
         progress.setAutoSize(true);
-        QVERIFY_THROWS_EXCEPTION(RuntimeError, progress.setWidth(10)); // the width is the caption's
+        try {
+            progress.setWidth(10);
+            QFAIL("the width is the caption's");
+        } catch (const RuntimeError &error) {
+            QCOMPARE(error.number(), 425);
+        }
         progress.setShowPercentage(false);
         QCOMPARE(progress.Width(), 4); // an empty caption is not measured
+        QCOMPARE(progress.surface().Width() >= 16, true);
         progress.setText(QStringLiteral("A caption"));
         QCOMPARE(progress.Width(), QFontMetrics(QFont()).horizontalAdvance(QStringLiteral("A caption")) + 4);
     }
 
+    void growsAndNeverShrinks()
+    {
+        cMediaProgress progress;
+        progress.setShowPercentage(false);
+        progress.setWidth(50);
+        progress.setWidth(120);
+        progress.setWidth(60);
+        QCOMPARE(progress.surface().Width(), 120);
+        // the border that is recoloured stays the surface's
+        QCOMPARE(pixel(progress, 119, 10).green(), pixel(progress, 119, 10).red());
+        QVERIFY(pixel(progress, 119, 10) != QColor(204, 204, 255));
+    }
+
     void hls()
     {
-        // There and back; that red, green and blue are not changed about can be seen in the bar.
+        struct Case
+        {
+            int r, g, b;
+            float h;
+        };
+        for (const Case c : {Case{255, 0, 0, 0}, Case{255, 255, 0, 1}, Case{0, 255, 0, 2}, Case{0, 255, 255, 3},
+                             Case{0, 0, 255, 4}, Case{255, 0, 255, -1}}) {
+            float h = 9;
+            float s = 9;
+            float l = 9;
+            cMediaProgress::RGBToHLS(c.r, c.g, c.b, h, s, l);
+            QCOMPARE(h, c.h);
+            QCOMPARE(s, 1.0F);
+            QCOMPARE(l, 0.5F);
+        }
+        // there and back
         for (int n = 0; n < 4096; ++n) {
             const int r = n % 16 * 17;
             const int g = n / 16 % 16 * 17;
