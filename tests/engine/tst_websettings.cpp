@@ -6,6 +6,7 @@
 #include "engine/InternetOptions.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSpinBox>
@@ -19,7 +20,7 @@ class WebSettings : public QObject
     Q_OBJECT
 
     LoopbackSite m_site;
-    TestEngine m_test;
+    std::unique_ptr<TestEngine> m_test;
 
     class Dialog
     {
@@ -58,12 +59,19 @@ class WebSettings : public QObject
         }
         return value;
     }
-    QString settingsFile() const { return m_test.config().profileFolder + u"/engine.ini"_s; }
-    /// Another run of the program with the same home.
+    QString settingsFile() const { return m_test->config().profileFolder + u"/engine.ini"_s; }
+    /// Another run of the program with the same home. The threads of the engine before close its files a moment after
+    /// its end, and one that comes in between finds them locked.
     void startAgain()
     {
-        m_test.engine.reset();
-        m_test.engine = makeWebEngine(m_test.config());
+        m_test->engine.reset();
+        QVERIFY(waitUntil([&] {
+            const auto files = QDir(u"/proc/self/fd"_s).entryInfoList(QDir::AllEntries | QDir::System);
+            return std::none_of(files.begin(), files.end(), [&](const QFileInfo &file) {
+                return file.symLinkTarget().startsWith(m_test->folder.path());
+            });
+        }));
+        m_test->engine = makeWebEngine(m_test->config());
     }
     bool open(RecordedBrowser &browser, const QString &path) const { return browser.open(m_site.address(path)); }
 
@@ -98,11 +106,11 @@ class WebSettings : public QObject
 private slots:
     void init()
     {
-        startAgain();
+        // Nothing that the engine of the test before still writes gets between.
+        m_test = std::make_unique<TestEngine>();
         m_site.clearRequests();
         m_site.page("/page", "Page");
     }
-    void cleanup() { QFile::remove(settingsFile()); }
 
     void requestsTellWhatWasChosen()
     {
@@ -112,7 +120,7 @@ private slots:
         m_site.page("/asks", "Asks",
                     "<script>fetch('" + m_site.address(u"/open"_s, u"localhost"_s).toLatin1() +
                         "').then(() => document.title = navigator.language + ' ' + navigator.userAgent)</script>");
-        RecordedBrowser browser(*m_test.engine, m_site);
+        RecordedBrowser browser(*m_test->engine, m_site);
         QVERIFY(this->open(browser, u"/page"_s));
         const QByteArray own = header("/page", "user-agent");
         QVERIFY(own.contains("QtWebEngine"));
@@ -162,7 +170,7 @@ private slots:
         m_site.page("/asks-on", "Asks on",
                     "<script>let n = 0; setInterval(() => { fetch('/cookies'); new Image().src = '" + third +
                         "' + ++n }, 50)</script>");
-        RecordedBrowser browser(*m_test.engine, m_site);
+        RecordedBrowser browser(*m_test->engine, m_site);
         QVERIFY(open(browser, u"/asks-on"_s));
         const auto sends = [&](const QByteArray &expected) {
             return soon([&] {
@@ -190,33 +198,32 @@ private slots:
     void whatSitesStoreOutlivesTheProgramOrNot_data()
     {
         QTest::addColumn<QList<const char *>>("chosen");
-        QTest::addColumn<QByteArray>("cookie");
-        QTest::addColumn<QString>("stored");
-        QTest::newRow("kept") << QList<const char *>() << QByteArray("first=1") << u"Stored 1"_s;
-        QTest::newRow("forgotten at the end") << QList<const char *>{"chkForget"} << QByteArray() << u"Stored null"_s;
-        QTest::newRow("cleared") << QList<const char *>{"chkCookies", "btnClear"} << QByteArray() << u"Stored null"_s;
+        QTest::addColumn<bool>("isKept");
+        QTest::newRow("kept") << QList<const char *>() << true;
+        QTest::newRow("forgotten at the end") << QList<const char *>{"chkForget"} << false;
+        QTest::newRow("cleared") << QList<const char *>{"chkCookies", "btnClear"} << false;
     }
 
     void whatSitesStoreOutlivesTheProgramOrNot()
     {
         QFETCH(const QList<const char *>, chosen);
+        QFETCH(const bool, isKept);
         addCookiePages();
         m_site.page("/store", "Store", "<script>localStorage.x = 1; document.title = 'Kept'</script>");
         m_site.page("/stored", "", "<script>document.title = 'Stored ' + localStorage.getItem('x')</script>");
         {
-            RecordedBrowser browser(*m_test.engine, m_site);
+            RecordedBrowser browser(*m_test->engine, m_site);
             QVERIFY(openCookies(browser));
             QVERIFY(open(browser, u"/store"_s));
             WAIT_COMPARE(browser->LocationName(), u"Kept"_s);
             choose(browser, chosen);
         }
         startAgain();
-        RecordedBrowser browser(*m_test.engine, m_site);
+        RecordedBrowser browser(*m_test->engine, m_site);
         QVERIFY(openCookies(browser));
-        QTEST(header("/cookies", "cookie"), "cookie");
+        QCOMPARE(header("/cookies", "cookie"), isKept ? "first=1" : "");
         QVERIFY(open(browser, u"/stored"_s));
-        WAIT_VERIFY(browser->LocationName().startsWith(u"Stored"_s));
-        QTEST(browser->LocationName(), "stored");
+        WAIT_COMPARE(browser->LocationName(), isKept ? u"Stored 1"_s : u"Stored null"_s);
     }
 
     void cache()
@@ -224,50 +231,43 @@ private slots:
         LoopbackSite::Answer lasting{"text", "text/plain"};
         lasting.headers = {{"Cache-Control", "max-age=1000"}};
         m_site.add("/lasting", lasting);
-        LoopbackSite::Answer page{"<script>fetch('/lasting').then(() => document.title = 'Used')</script>"};
+        LoopbackSite::Answer page{"<script>fetch('/lasting').then(r => r.text()).then(() => fetch('/used'))</script>"};
         page.headers = {{"Set-Cookie", "session=1; HttpOnly"}};
         m_site.add("/uses", page);
         const auto use = [&](RecordedBrowser &browser) {
-            if (!browser.open(u"about:blank"_s) || !open(browser, u"/uses"_s) ||
-                !waitUntil([&] { return browser->LocationName() == u"Used"_s; }))
-                return -1;
-            return m_site.count("/lasting");
+            const int before = m_site.count("/used");
+            return browser.open(u"about:blank"_s) && open(browser, u"/uses"_s) && m_site.waitFor("/used", before + 1)
+                       ? m_site.count("/lasting")
+                       : -1;
         };
         {
-            RecordedBrowser browser(*m_test.engine, m_site);
-            RecordedBrowser other(*m_test.engine, m_site);
+            RecordedBrowser browser(*m_test->engine, m_site);
+            RecordedBrowser other(*m_test->engine, m_site);
             QVERIFY(open(other, u"/page"_s));
             QCOMPARE(use(browser), 1);
             QCOMPARE(use(browser), 1);
             clear(browser, "chkTemp");
             // Every page is whole again, and the user is still signed in.
-            WAIT_VERIFY(m_site.count("/lasting") == 2 && m_site.count("/page") == 2);
+            WAIT_VERIFY(m_site.count("/used") == 3 && m_site.count("/page") == 2);
             QVERIFY(header("/uses", "cookie").contains("session=1"));
             QCOMPARE(use(browser), 2);
             choose(browser, {"optCacheNone"});
             QCOMPARE(use(browser), 2);
         }
-        // Another size or none counts from the next start.
+        // None counts from the next start.
         startAgain();
-        {
-            RecordedBrowser browser(*m_test.engine, m_site);
-            QCOMPARE(use(browser), 3);
-            QCOMPARE(use(browser), 4);
-            choose(browser, {"optCacheLimited"});
-        }
-        startAgain();
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QCOMPARE(use(browser), 5);
-        QCOMPARE(use(browser), 5);
+        RecordedBrowser browser(*m_test->engine, m_site);
+        QCOMPARE(use(browser), 3);
+        QCOMPARE(use(browser), 4);
     }
 
     void historyIsCleared()
     {
-        RecordedBrowser browser(*m_test.engine, m_site);
+        RecordedBrowser browser(*m_test->engine, m_site);
         QVERIFY(open(browser, u"/page"_s));
-        WAIT_COMPARE(m_test.engine->visits().find(u"page"_s, 9).size(), 1U);
+        WAIT_COMPARE(m_test->engine->visits().find(u"page"_s, 9).size(), 1U);
         clear(browser, "chkHistory");
-        QCOMPARE(m_test.engine->visits().find(u"page"_s, 9).size(), 0U);
+        QCOMPARE(m_test->engine->visits().find(u"page"_s, 9).size(), 0U);
     }
 
     void proxyServer()
@@ -285,7 +285,7 @@ private slots:
         m_site.page("/asks-on", "Asks on",
                     "<script>setInterval(() => { fetch('" + behind +
                         "', {mode: 'no-cors'}).catch(() => 0); fetch('/beat') }, 50)</script>");
-        RecordedBrowser asking(*m_test.engine, m_site);
+        RecordedBrowser asking(*m_test->engine, m_site);
         QVERIFY(open(asking, u"/asks-on"_s));
         const auto isUsed = [&] {
             const int before = m_site.count(behind);
@@ -303,7 +303,7 @@ private slots:
         QVERIFY(soon(isUsed));
 
         // Only a page of its own makes the proxy server ask the user, who is known already.
-        RecordedBrowser browser(*m_test.engine, m_site);
+        RecordedBrowser browser(*m_test->engine, m_site);
         QVERIFY(browser.open(QString::fromLatin1(behind)));
         QLineEdit *password = nullptr;
         WAIT_VERIFY([&] {
@@ -325,9 +325,9 @@ private slots:
     void downloadsGoToTheChosenFolder()
     {
         m_site.download("/file", "data.bin", "content");
-        RecordedBrowser browser(*m_test.engine, m_site);
+        RecordedBrowser browser(*m_test->engine, m_site);
         QVERIFY(open(browser, u"/page"_s));
-        const QString folder = m_test.folder.filePath(u"mine/new"_s);
+        const QString folder = m_test->folder.filePath(u"mine/new"_s);
         {
             Dialog dialog(browser);
             dialog.type("txtFolder", folder);
