@@ -7,6 +7,7 @@ const kLeast = 8, kLeastText = 16;
 // Fainter than this nobody sees it.
 const kFaint = 0.1;
 const kDeepest = 400;
+const kAsked = 2000;
 
 const getter = (owner, name) => {
     const get = Object.getOwnPropertyDescriptor(owner.prototype, name).get;
@@ -55,13 +56,29 @@ const sheetsOf = root => {
     return { get: () => [...Reflect.apply(sheets.get, root, [])], set: list => Reflect.apply(sheets.set, root, [list]) };
 };
 
+/** Whether some element takes clicks in a way of its own. Asking is cheaper than the sheet only in a document of some size. */
+const hasOddHits = root => {
+    const elements = all(root, '*');
+    if (elements.length > kAsked)
+        return true;
+    for (const element of elements) {
+        if (getComputedStyle(element).pointerEvents !== 'auto')
+            return true;
+    }
+    return false;
+};
+
 /**
  * Lets hit tests find what takes no clicks, as long as it is lifted: an element that covers an input must not hide by that.
  * Nothing is painted and no script of the page runs before drop().
  */
 const makeVeil = () => {
     const roots = new Set, restore = [], stubborn = [];
+    let isLifted = false;
     const raise = root => {
+        // The sheet costs a new style for every element, twice.
+        if (!hasOddHits(root))
+            return;
         const sheets = sheetsOf(root), before = sheets.get(), view = viewOf(nodeType(root) === 9 ? root : ownerDocument(root));
         const sheet = new view.CSSStyleSheet;
         sheet.replaceSync('*{pointer-events:auto!important}');
@@ -81,14 +98,17 @@ const makeVeil = () => {
             if (roots.has(root))
                 return;
             roots.add(root);
-            if (restore.length)
+            if (isLifted)
                 raise(root);
         },
         lift: () => {
-            if (!restore.length)
-                roots.forEach(raise);
+            if (isLifted)
+                return;
+            isLifted = true;
+            roots.forEach(raise);
         },
         drop: () => {
+            isLifted = false;
             restore.splice(0).forEach(call => call());
             stubborn.length = 0;
         },
