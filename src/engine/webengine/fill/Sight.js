@@ -7,6 +7,7 @@ const kLeast = 8, kLeastText = 16;
 // Fainter than this nobody sees it.
 const kFaint = 0.1;
 const kDeepest = 400;
+const kFlows = { across: 'visible', down: 'visible', clips: false };
 const kAsked = 2000;
 
 const getter = (owner, name) => {
@@ -126,20 +127,17 @@ const look = (element, looks) => {
     let known = looks.get(element);
     if (known)
         return known;
-    const style = getComputedStyle(element), filter = style.filter, flows = style.display === 'inline';
+    const style = getComputedStyle(element), filter = style.filter, position = style.position;
+    const isOut = position === 'absolute' || position === 'fixed';
     known = {
         element,
-        isVisible: style.visibility === 'visible',
+        style,
         opacity: +style.opacity,
-        position: style.position,
-        // What is placed "fixed" or "absolute" further inside is placed within this element.
-        holds: filter !== 'none' || style.transform !== 'none' || style.perspective !== 'none' ||
-            /paint|layout|strict|content/.test(style.contain),
-        isCut: style.clipPath !== 'none' || style.clip !== 'auto',
+        position,
+        isCut: style.clipPath !== 'none' || (isOut && style.clip !== 'auto'),
         isGone: style.webkitMaskImage !== 'none' || style.contentVisibility === 'hidden',
-        isLeftward: style.direction === 'rtl',
-        across: flows ? 'visible' : style.overflowX,
-        down: flows ? 'visible' : style.overflowY,
+        isHolder: null,
+        flow: null,
         within: null,
     };
     if (filter !== 'none') {
@@ -150,46 +148,71 @@ const look = (element, looks) => {
     return known;
 };
 
+// Each question to a style has its price, so these are asked only where they count.
+const isVisible = known => known.style.visibility === 'visible';
+const isLeftward = known => known.style.direction === 'rtl';
+
+/** Whether what is placed "fixed" or "absolute" further inside is placed within this element. */
+const holds = known => {
+    const style = known.style;
+    if (known.isHolder === null)
+        known.isHolder = style.filter !== 'none' || style.transform !== 'none' || style.perspective !== 'none' ||
+            /paint|layout|strict|content/.test(style.contain);
+    return known.isHolder;
+};
+
+/** What an element does with content that is larger than it. */
+const flowOf = known => {
+    if (known.flow)
+        return known.flow;
+    const overflow = known.style.overflow, [across, down = across] = overflow.split(' ');
+    known.flow = overflow === 'visible' || known.style.display === 'inline' ? kFlows : { across, down, clips: true };
+    return known.flow;
+};
+
 /** The window that a document is shown in, and how it scrolls. */
 const windowOf = (document, looks) => {
     let known = looks.get(document);
     if (known)
         return known;
     const view = viewOf(document), root = topOf(document), body = bodyOf(document), scroller = scrollerOf(document) || root;
-    const style = look(root, looks), isBodys = style.across === 'visible' && style.down === 'visible' && body !== null;
-    const how = isBodys ? look(body, looks) : style;
+    const style = look(root, looks), isBodys = !flowOf(style).clips && body !== null;
+    const how = flowOf(isBodys ? look(body, looks) : style);
     known = { root, body: isBodys ? body : null, sides: [
-        ['left', 'right', clientWidth(scroller), view.scrollX, scrollWidth(scroller), how.across, style.isLeftward],
+        ['left', 'right', clientWidth(scroller), view.scrollX, scrollWidth(scroller), how.across, isLeftward(style)],
         ['top', 'bottom', clientHeight(scroller), view.scrollY, scrollHeight(scroller), how.down, false],
-    ].map(([from, to, size, offset, length, flow, isLeftward]) => ({ from, to, size,
-        stays: flow === 'hidden' || flow === 'clip', range: scrollable(0, size, offset, length, isLeftward) })) };
+    ].map(([from, to, size, offset, length, flow, isBack]) => ({ from, to, size,
+        stays: flow === 'hidden' || flow === 'clip', range: scrollable(0, size, offset, length, isBack) })) };
     looks.set(document, known);
     return known;
 };
 
-const kOutside = { opacity: 1, isGone: false, mustHit: false, isShut: false, flow: null, absolute: null, fixed: null,
-                   flowStays: false, absoluteStays: false, fixedStays: true };
+const kOutside = { opacity: 1, isGone: false, mustHit: false, isShut: false, style: null, outer: null, clips: null,
+                   stays: false };
 const kNowhere = { ...kOutside, isGone: true };
 
 /** The place of a box by how it is positioned: the elements that clip it, from the inside out, and whether it scrolls. */
-const placeIn = (outer, position) => position === 'fixed' ? [outer.fixed, outer.fixedStays]
-    : position === 'absolute' ? [outer.absolute, outer.absoluteStays] : [outer.flow, outer.flowStays];
+const placeIn = (outer, position) => {
+    const isFixed = position === 'fixed';
+    if (isFixed || position === 'absolute') {
+        while (outer.style && !(!isFixed && outer.style.position !== 'static') && !holds(outer.style))
+            outer = outer.outer;
+    }
+    return [outer.clips, outer.stays || (isFixed && !outer.style)];
+};
 
 /** What holds for everything inside an element, from what holds around it. */
 const inside = (style, outer, looks) => {
     const element = style.element, { root, body } = windowOf(ownerDocument(element), looks);
     let [clips, stays] = placeIn(outer, style.position);
-    if ((style.across !== 'visible' || style.down !== 'visible') && element !== root && element !== body)
+    if (flowOf(style).clips && element !== root && element !== body)
         clips = { style, next: clips };
-    const isPlace = style.holds || style.position !== 'static';
     return {
         opacity: outer.opacity * style.opacity,
         isGone: outer.isGone || style.isGone || (outer.isShut && localName(element) !== 'summary'),
         mustHit: outer.mustHit || style.isCut,
         isShut: localName(element) === 'details' && attribute(element, 'open') === null,
-        flow: clips, flowStays: stays,
-        absolute: isPlace ? clips : outer.absolute, absoluteStays: isPlace ? stays : outer.absoluteStays,
-        fixed: style.holds ? clips : outer.fixed, fixedStays: style.holds ? stays : outer.fixedStays,
+        style, outer, clips, stays,
     };
 };
 
@@ -216,8 +239,8 @@ const cut = (box, from, to, low, high, share) => {
 };
 
 /** The part of an axis that scrolling can bring into [low, high]. */
-const scrollable = (low, high, offset, length, isLeftward) => {
-    const start = low - offset + (isLeftward ? high - low - length : 0);
+const scrollable = (low, high, offset, length, isBack) => {
+    const start = low - offset + (isBack ? high - low - length : 0);
     return [start, start + Math.max(length, high - low)];
 };
 
@@ -227,13 +250,14 @@ const clipBy = (style, at, share) => {
     const r = { left: outer.left + clientLeft(element), top: outer.top + clientTop(element) };
     r.right = Math.min(outer.right, r.left + clientWidth(element));
     r.bottom = Math.min(outer.bottom, r.top + clientHeight(element));
+    const { across, down } = flowOf(style);
     for (const [from, to, how, offset, length] of [
-             ['left', 'right', style.across, scrollLeft, scrollWidth], ['top', 'bottom', style.down, scrollTop, scrollHeight]]) {
+             ['left', 'right', across, scrollLeft, scrollWidth], ['top', 'bottom', down, scrollTop, scrollHeight]]) {
         if (how === 'visible')
             continue;
         const scrolls = how === 'auto' || how === 'scroll';
         const [low, high] = scrolls
-            ? scrollable(r[from], r[to], offset(element), length(element), from === 'left' && style.isLeftward)
+            ? scrollable(r[from], r[to], offset(element), length(element), from === 'left' && isLeftward(style))
             : [r[from], r[to]];
         if (!cut(at.box, from, to, low, high, share))
             return false;
@@ -251,7 +275,7 @@ const clipBy = (style, at, share) => {
 const reach = (element, looks, share) => {
     const { left, top, right, bottom } = rectOf(element);
     const style = look(element, looks);
-    if (right - left < kLeast || bottom - top < kLeast || !style.isVisible || style.isGone)
+    if (right - left < kLeast || bottom - top < kLeast || style.isGone || !isVisible(style))
         return null;
     const outer = within(around(element), looks);
     if (outer.isGone || outer.isShut || outer.opacity * style.opacity < kFaint)
