@@ -6,13 +6,15 @@ const kLongest = 100;
 const kOptions = 300;
 
 const previousSibling = getter(Node, 'previousSibling'), nextSibling = getter(Node, 'nextSibling'),
-      nodeValue = getter(Node, 'nodeValue'), findIn = method(Element, 'querySelector'),
+      firstChild = getter(Node, 'firstChild'), nodeValue = getter(Node, 'nodeValue'), findIn = method(Element, 'querySelector'),
       walker = method(Document, 'createTreeWalker');
 
 const byId = (root, id) => nodeType(root) === 9 ? Reflect.apply(Document.prototype.getElementById, root, [id])
                                                 : Reflect.apply(DocumentFragment.prototype.getElementById, root, [id]);
 
 const short = text => (text || '').slice(0, kLongest);
+/** What says nothing is left out of a request. */
+const brief = text => text ? text.slice(0, kLongest) : undefined;
 const isSelect = input => input.type === 'select-one';
 
 const isSearch = input => {
@@ -47,8 +49,8 @@ const chosenGroups = root => {
 };
 
 /** Whether the user could read what stands in it. */
-const isInked = input => {
-    const style = getComputedStyle(input);
+const isInked = (input, looks) => {
+    const style = look(input, looks).style;
     return Math.min(alphaOf(style.color), alphaOf(style.webkitTextFillColor)) >= kFaint;
 };
 
@@ -80,6 +82,10 @@ const textOf = node => {
         return short(nodeValue(node).slice(0, 1000).replace(/\s+/g, ' ').trim());
     if (nodeType(node) !== 1 || kSilent.has(localName(node)))
         return '';
+    // A text and nothing else, as most labels are.
+    const only = firstChild(node);
+    if (!only || (nodeType(only) === 3 && !nextSibling(only)))
+        return only ? textOf(only) : '';
     const texts = walker(ownerDocument(node), node, NodeFilter.SHOW_TEXT | NodeFilter.SHOW_ELEMENT, part =>
         nodeType(part) === 3 ? NodeFilter.FILTER_ACCEPT
                              : kSilent.has(localName(part)) ? NodeFilter.FILTER_REJECT : NodeFilter.FILTER_SKIP);
@@ -109,8 +115,8 @@ const beside = (input, step) => {
 };
 
 const named = input => {
-    const root = rootNode(input);
-    return (attribute(input, 'aria-labelledby') || '').split(/\s+/, 5).map(id => {
+    const names = attribute(input, 'aria-labelledby'), root = rootNode(input);
+    return !names ? '' : names.split(/\s+/, 5).map(id => {
         const label = id && byId(root, id);
         return label ? textOf(label) : '';
     }).join(' ').trim();
@@ -142,13 +148,13 @@ const describe = (input, number, labels) => {
     const told = {
         n: number,
         type: input.type,
-        name: short(input.name),
-        id: short(input.id),
-        auto: short(attribute(input, 'autocomplete')),
-        label: labelOf(input, labels),
-        aria: short(attribute(input, 'aria-label') || named(input) || input.title),
-        hint: short(input.placeholder),
-        most: Math.max(0, input.maxLength || 0),
+        name: brief(input.name),
+        id: brief(input.id),
+        auto: brief(attribute(input, 'autocomplete')),
+        label: brief(labelOf(input, labels)),
+        aria: brief(attribute(input, 'aria-label') || named(input) || input.title),
+        hint: brief(input.placeholder),
+        most: input.maxLength > 0 ? input.maxLength : undefined,
     };
     if (isSelect(input)) {
         told.options = [];

@@ -125,7 +125,7 @@ const choose = async (inputs, veil, isCurrent) => {
         if (offers + chosen.length >= kOffered)
             break;
         if (input.isConnected && isWanted(input) && offered.get(input) !== mark(input) && isEmpty(input, groups) &&
-            inputShows(input, looks) && isInked(input))
+            inputShows(input, looks) && isInked(input, looks))
             chosen.push(input);
     }
     return chosen;
@@ -138,19 +138,22 @@ const choose = async (inputs, veil, isCurrent) => {
 const ask = async (fill, inputs, report) => {
     const labels = new Map;
     let part = [], size = 0;
-    const pass = isLast => request('inputs', { k: fill, d: JSON.stringify({ inputs: part, ...(isLast ? report() : null) }) });
+    const pass = isLast => {
+        const rest = isLast ? JSON.stringify(report()).replace('{', ',') : '}';
+        return request('inputs', { k: fill, d: '{"inputs":[' + part.join(',') + ']' + rest });
+    };
     for (const input of inputs) {
         offered.set(input, mark(input));
         given.set(++offers, input);
-        const told = describe(input, offers, labels), length = JSON.stringify(told).length;
-        if (size + length > kRequest || part.length >= kInputsOfRequest) {
+        const told = JSON.stringify(describe(input, offers, labels));
+        if (size + told.length > kRequest || part.length >= kInputsOfRequest) {
             if (await pass(false) === null)
                 return null;
             part = [];
             size = 0;
         }
         part.push(told);
-        size += length;
+        size += told.length;
     }
     const answer = await pass(true);
     return answer === null ? null : JSON.parse(answer);
