@@ -42,7 +42,7 @@ FormInput input(const QJsonObject &told)
 QStringList list(const QJsonValue &value)
 {
     QStringList found;
-    for (const QJsonValue &one : value.toArray()) {
+    for (const QJsonValue one : value.toArray()) {
         if (found.size() == kMostFrames)
             break;
         found << one.toString();
@@ -58,7 +58,7 @@ std::optional<FrameReport> FrameReport::parse(const QByteArray &json)
     if (!document.isObject())
         return {};
     FrameReport report;
-    for (const QJsonValue &told : document["inputs"_L1].toArray()) {
+    for (const QJsonValue told : document["inputs"_L1].toArray()) {
         if (report.inputs.size() == kMostInputs)
             break;
         report.inputs.push_back(input(told.toObject()));

@@ -302,7 +302,7 @@ void PageFill::fetchRequests()
 {
     runInPage(u"corvaneFill.take()"_s, [this](const QVariant &told) {
         const QString key = m_directKey;
-        for (const QJsonValue &one : QJsonDocument::fromJson(told.toString().toUtf8()).array()) {
+        for (const QJsonValue one : QJsonDocument::fromJson(told.toString().toUtf8()).array()) {
             const int number = one[0].toInt();
             const QString op = one[1].toString();
             const QJsonValue values = one[2];
