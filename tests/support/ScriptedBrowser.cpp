@@ -32,26 +32,6 @@ void ScriptedBrowser::Navigate2(const QString &url)
         address = url;
 }
 
-void ScriptedBrowser::Refresh2(int level)
-{
-    record(u"Refresh2"_s, QString::number(level));
-}
-
-void ScriptedBrowser::Stop()
-{
-    record(u"Stop"_s);
-}
-
-void ScriptedBrowser::GoBack()
-{
-    record(u"GoBack"_s);
-}
-
-void ScriptedBrowser::GoForward()
-{
-    record(u"GoForward"_s);
-}
-
 QVariant ScriptedBrowser::ExecWB(int cmdid, int cmdexecopt, const QVariant &invar)
 {
     record(u"ExecWB"_s, u"%1 %2 %3"_s.arg(cmdid).arg(cmdexecopt).arg(invar.toString()).trimmed());

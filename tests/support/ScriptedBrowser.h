@@ -21,10 +21,10 @@ public:
     explicit ScriptedBrowser(QWidget *parent = nullptr);
 
     void Navigate2(const QString &url) override;
-    void Refresh2(int level) override;
-    void Stop() override;
-    void GoBack() override;
-    void GoForward() override;
+    void Refresh2(int level) override { record(QStringLiteral("Refresh2"), QString::number(level)); }
+    void Stop() override { record(QStringLiteral("Stop")); }
+    void GoBack() override { record(QStringLiteral("GoBack")); }
+    void GoForward() override { record(QStringLiteral("GoForward")); }
     QVariant ExecWB(int cmdid, int cmdexecopt, const QVariant &invar) override;
     QString LocationURL() const override { return address; }
     QString LocationName() const override { return title.isEmpty() ? address : title; }
