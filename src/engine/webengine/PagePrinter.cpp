@@ -5,6 +5,7 @@
 #include <QWebEnginePage>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
+#include <csignal>
 
 using namespace Qt::StringLiterals;
 
@@ -24,10 +25,19 @@ bool isRunning(qint64 process)
     QFile file(u"/proc/%1/stat"_s.arg(process));
     if (process == 0 || !file.open(QIODevice::ReadOnly))
         return false;
-    // "pid (name) state ...", where Z is a process that has ended and X one that is ending.
+    // "pid (name) state parent group session terminal foreground flags ...". State Z is a process that has ended, X one
+    // that is just gone. One that was killed keeps its old state until it has given its memory back; its flags and its
+    // pending signals tell.
     const QByteArray stat = file.readAll();
-    const char state = stat.mid(stat.lastIndexOf(')') + 2, 1).append('Z').front();
-    return state != 'Z' && state != 'X';
+    const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
+    constexpr qsizetype kState = 0;
+    constexpr qsizetype kFlags = 6;
+    constexpr qsizetype kPendingSignals = 28;
+    constexpr uint kExiting = 0x4; // PF_EXITING of the kernel
+    constexpr qulonglong kKill = 1U << (SIGKILL - 1);
+    if (fields.size() <= kPendingSignals || fields[kState] == "Z" || fields[kState] == "X")
+        return false;
+    return (fields[kFlags].toUInt() & kExiting) == 0 && (fields[kPendingSignals].toULongLong() & kKill) == 0;
 }
 
 } // namespace
