@@ -78,7 +78,8 @@ private slots:
             if (during == "switched off")
                 f.statusBar.setPanelIcon(u"Item4"_s, 1);
         });
-        QTRY_VERIFY(!document.tmrKillPopup.Enabled());
+        const QPointer<frmDocument> alive(&document);
+        QTRY_VERIFY(!alive || !alive->tmrKillPopup.Enabled());
         DocumentFixture::deleteClosed();
         QCOMPARE(seen, icons);
         QCOMPARE(f.statusBar.PanelIcon(u"Item4"_s), icons.last());
