@@ -45,6 +45,18 @@ DownloadGrants::Cause causeOf(QWebEnginePage::NavigationType type)
 /// Milliseconds from the end of a load within which the download that it turned into is told of.
 constexpr int kDownloadBegins = 500;
 
+/// The engine goes down when a window that never loads anything, since its opener writes into it, paints before its web
+/// preferences exist. They come with a first use of the page, and a changed setting hands them on to the new window.
+void openSafely(QWebEngineNewWindowRequest &request, QWebEnginePage &page)
+{
+    page.runJavaScript({});
+    request.openIn(&page);
+    constexpr auto kAny = QWebEngineSettings::LinksIncludedInFocusChain;
+    const bool asItWas = page.settings()->testAttribute(kAny);
+    for (const bool on : {!asItWas, asItWas})
+        page.settings()->setAttribute(kAny, on);
+}
+
 } // namespace
 
 void WebBrowserControl::connectPage()
@@ -301,7 +313,7 @@ void WebBrowserControl::adopt(QWebEngineNewWindowRequest &request)
     m_isFirstLoad = true;
     m_engine.channel().join(*m_page, *this,
                             m_openedByPage ? PageChannel::WindowClose::Allowed : PageChannel::WindowClose::Ignored);
-    request.openIn(m_page.get());
+    openSafely(request, *m_page);
     m_content->begin();
     if (request.isUserInitiated())
         m_downloads.acted(now());
