@@ -70,8 +70,8 @@ public:
     /// The first field whose key equals `key`, ignoring case; an empty value when there is none.
     virtual void GetFormField(const QString &key, QString &value, bool &isProtected) const = 0;
 
-    /// What belongs into the inputs of one frame. Inputs that nothing fits are left out. `locked` leaves protected fields
-    /// out, and so does a frame that is not secure.
+    /// What belongs into the inputs of one frame. Inputs that nothing fits are left out. `locked` leaves protected
+    /// fields out, and so does a frame that is not secure.
     virtual std::vector<FormAnswer> matchForm(const FrameForm &frame, bool locked) const = 0;
 };
 
