@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStandardItemModel>
 
@@ -46,13 +47,34 @@ AddressCompletion::AddressCompletion(controls::ComboBox &bar, engine::VisitLog *
     connect(bar.lineEdit(), &QLineEdit::textEdited, &m_pause, qOverload<>(&QTimer::start));
     connect(&bar, &controls::ComboBox::key, this, [this](int &keyCode) {
         constexpr int kEnter = 13;
-        if (keyCode == kEnter) { // the address has been sent; nothing may pop up behind it
-            m_pause.stop();
-            m_completer->popup()->hide();
-        }
+        if (keyCode == kEnter) // the address has been sent; nothing may pop up behind it
+            hide();
     });
     connect(&bar, &controls::ComboBox::lostFocus, &m_pause, &QTimer::stop);
     connect(m_completer, qOverload<const QString &>(&QCompleter::activated), this, &AddressCompletion::picked);
+    // Comes before the completer's own filter, which would let the bar send the typed text first.
+    m_completer->popup()->installEventFilter(this);
+}
+
+/// Enter on a suggestion picks it, and what was typed is not sent.
+bool AddressCompletion::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    const int key = static_cast<const QKeyEvent *>(event)->key();
+    const QModelIndex chosen = m_completer->popup()->currentIndex();
+    if ((key != Qt::Key_Return && key != Qt::Key_Enter) || !chosen.isValid())
+        return false;
+    const QString address = chosen.data().toString();
+    hide();
+    emit picked(address);
+    return true;
+}
+
+void AddressCompletion::hide()
+{
+    m_pause.stop();
+    m_completer->popup()->hide();
 }
 
 QStringList AddressCompletion::suggestions(const QString &text) const

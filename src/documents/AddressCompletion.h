@@ -30,8 +30,12 @@ public:
 signals:
     void picked(const QString &address);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void suggest();
+    void hide();
 
     controls::ComboBox &m_bar;
     engine::VisitLog *m_visits;

@@ -136,6 +136,25 @@ private slots:
         QCOMPARE(bar.navigations().size(), before.size() + 1);
     }
 
+    /// The suggestion that Enter picks goes out in place of what was typed, and like any pick it looks at no check box.
+    void suggestionPickedByKey()
+    {
+        Bar bar;
+        bar.open(u"http://a/"_s);
+        bar.addressBar.InsertItem(0, u"http://shop/"_s);
+        bar.goNew.setChecked(true);
+        QVERIFY(QTest::qWaitForWindowActive(&bar.window));
+        bar.addressBar.setFocus();
+        bar.addressBar.lineEdit()->selectAll();
+        QTest::keyClicks(bar.addressBar.lineEdit(), u"sho"_s);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+        QCOMPARE(bar.navigations(), (QStringList{u"Navigate2 http://a/"_s, u"Navigate2 http://shop/"_s}));
+        QCOMPARE(bar.list(), words("http://shop/ http://a/"));
+        QVERIFY(!QApplication::activePopupWidget());
+    }
+
     void suggestions()
     {
         Bar bar;
