@@ -15,10 +15,19 @@ namespace controls {
 
 namespace {
 
-/// Signs of the mouse events: buttons 1, 2, 4 and the sum of 1 Shift, 2 Ctrl, 4 Alt.
+/// Signs of the mouse events: buttons 1, 2, 4, 0 for any further one, and the sum of 1 Shift, 2 Ctrl, 4 Alt.
 int buttonNumber(Qt::MouseButton button)
 {
-    return button == Qt::LeftButton ? 1 : button == Qt::MiddleButton ? 4 : 2;
+    switch (button) {
+    case Qt::LeftButton:
+        return 1;
+    case Qt::RightButton:
+        return 2;
+    case Qt::MiddleButton:
+        return 4;
+    default:
+        return 0;
+    }
 }
 
 int shiftBits(Qt::KeyboardModifiers modifiers)
@@ -218,6 +227,8 @@ void TabControl::press(QMouseEvent *event)
     const QPointF point = event->position();
     const int index = tabAt(point.toPoint());
     const int button = buttonNumber(event->button());
+    if (button == 0)
+        return; // a side button, which people press to go back, must not pass for a right click and close a tab
     const int shift = shiftBits(event->modifiers());
     m_pressedEmpty = index < 0;
     m_pressed = m_pressedEmpty ? nullptr : m_tabs[static_cast<size_t>(index)].get();

@@ -57,6 +57,7 @@ private slots:
         QCOMPARE(strip.log, QStringList{u"click Page number 2 4 5"_s});
         QTest::mouseRelease(&strip, Qt::MiddleButton, Qt::AltModifier | Qt::ShiftModifier, strip.middleOf(2));
         QTest::mouseClick(&strip, Qt::RightButton, Qt::ControlModifier, strip.empty());
+        QTest::mouseClick(&strip, Qt::BackButton, {}, strip.middleOf(2));
         QCOMPARE(strip.log.mid(1), QStringList{u"bar 2 2"_s});
         QVERIFY(strip.Tabs(1).Selected());
     }
