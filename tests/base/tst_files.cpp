@@ -62,35 +62,21 @@ private slots:
         QCOMPARE(readFile(in(u"list.damaged"_s)).value_or("none"), "first");
     }
 
-    void shortcuts_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("address");
-
-        const QString address = u"http://a.example/B?url=c"_s;
-        QTest::newRow("as desktops write it")
-            << QByteArray("[InternetShortcut]\r\nURL=http://a.example/B?url=c\r\n") << address;
-        QTest::newRow("control characters around a line")
-            << QByteArray("\x01 [InternetShortcut] \x02\n\t URL=http://a.example/B?url=c \t\n") << address;
-        QTest::newRow("both in one line") << QByteArray("netshortcut url=x") << u"x"_s;
-        QTest::newRow("name that ends in url") << QByteArray("[InternetShortcut]\nBASEURL=x\nURL=y") << u"x"_s;
-        QTest::newRow("before the section") << QByteArray("URL=x\n[InternetShortcut]\nURL=y") << u"y"_s;
-        QTest::newRow("empty address ends the reading") << QByteArray("[InternetShortcut]\nURL=\nURL=y") << QString();
-        QTest::newRow("no address") << QByteArray("[InternetShortcut]\nURL\n") << QString();
-        QTest::newRow("UTF-8") << QByteArray("[InternetShortcut]\nURL=http://\xC3\xA4.example/")
-                               << u"http://ä.example/"_s;
-        // The lower case of this letter is longer than the letter.
-        QTest::newRow("letter that grows") << QByteArray("[InternetShortcut]\n\xC4\xB0\xC4\xB0URL=x") << u"x"_s;
-    }
-
     void shortcuts()
     {
-        QFETCH(QByteArray, content);
-        QTEST(shortcutURLOf(content), "address");
-    }
+        const std::initializer_list<std::pair<QByteArray, QString>> cases{
+            {"[InternetShortcut]\r\nURL=http://a.example/B?url=c\r\n", u"http://a.example/B?url=c"_s},
+            {"\x01 [InternetShortcut] \x02\n\t URL=http://a.example/B \t\n", u"http://a.example/B"_s},
+            {"netshortcut url=x", u"x"_s}, // both in one line
+            {"[InternetShortcut]\nBASEURL=x\nURL=y", u"x"_s},
+            {"URL=x\n[InternetShortcut]\nURL=y", u"y"_s},
+            {"[InternetShortcut]\nURL=\nURL=y", QString()},
+            {"[InternetShortcut]\nURL\n", QString()},
+            {"[InternetShortcut]\nURL=http://\xC3\xA4.example/", u"http://ä.example/"_s},
+            {"[InternetShortcut]\n\xC4\xB0\xC4\xB0URL=x", u"x"_s}}; // a letter whose lower case is longer
+        for (const auto &[content, address] : cases)
+            QCOMPARE(shortcutURLOf(content), address);
 
-    void shortcutFiles()
-    {
         const QByteArray head = "[InternetShortcut]\nURL=";
         for (const QString &name : {u"lower.url"_s, u"UPPER.URL"_s, u"mixed [1*].Url"_s})
             QVERIFY(writeFileWhole(in(name), head + name.toUtf8()));

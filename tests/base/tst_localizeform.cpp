@@ -1,4 +1,5 @@
 #include "base/Strings.h"
+#include "support/Rows.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -23,26 +24,24 @@ class tst_LocalizeForm : public QObject
 private slots:
     void numbers_data()
     {
-        QTest::addColumn<QString>("number");
-        QTest::addColumn<QString>("title");   // of a window: the text is a number
-        QTest::addColumn<QString>("caption"); // of a control: it begins with one
-        QTest::addColumn<QString>("label");   // of a label, which holds its number itself
+        // What becomes of the title of a window, the caption of a control and a label, which holds its number itself.
         const QString old = u"old"_s;
         const QString load = u"Load Now"_s;
-        QTest::newRow("number") << u"8007"_s << load << load << load;
-        QTest::newRow("blanks and more text") << u" 80 07x"_s << old << load << u" 80 07x"_s;
         const QString manual = u"Manual Loading Only"_s;
-        QTest::newRow("rounded to even") << u"8006.5"_s << manual << manual << manual;
-        QTest::newRow("text") << u"Label1"_s << old << old << u"Label1"_s;
-        QTest::newRow("absent") << u"8024"_s << old << old << u"8024"_s;
-        QTest::newRow("beyond 16 bits") << u"73543"_s << old << old << u"73543"_s;
-        QTest::newRow("empty") << QString() << old << old << QString();
+        rows<QString, QString, QString, QString>({
+            {"number", {u"8007"_s, load, load, load}},
+            {"blanks and more text", {u" 80 07x"_s, old, load, u" 80 07x"_s}},
+            {"rounded to even", {u"8006.5"_s, manual, manual, manual}},
+            {"text", {u"Label1"_s, old, old, u"Label1"_s}},
+            {"absent", {u"8024"_s, old, old, u"8024"_s}},
+            {"beyond 16 bits", {u"73543"_s, old, old, u"73543"_s}},
+            {"empty", {QString(), old, old, QString()}},
+        });
     }
 
     void numbers()
     {
-        QFETCH(const QString, number);
-        QFETCH(const QString, caption);
+        const auto [number, title, caption, labelText] = row<QString, QString, QString, QString>();
         QDialog form;
         form.setWindowTitle(u"old"_s);
         form.setProperty(kTag, number);
@@ -56,9 +55,9 @@ private slots:
         }
         QLabel label(number, &form);
         LocalizeForm(&form);
-        QTEST(form.windowTitle(), "title");
+        QCOMPARE(form.windowTitle(), title);
         QCOMPARE((QStringList{frame->title(), button->text(), check->text()}), QStringList(3, caption));
-        QTEST(label.text(), "label");
+        QCOMPARE(label.text(), labelText);
         // A text box has no caption; its content stays.
         QCOMPARE(text->text(), u"old"_s);
         QCOMPARE(text->toolTip(), caption == u"old"_s ? number : caption);

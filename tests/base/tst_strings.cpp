@@ -35,6 +35,7 @@ private slots:
         for (int id = -1; id < kFirstOwnId; ++id)
             present += step([&] { LoadResString(id); });
         QCOMPARE(present, count);
+        QVERIFY_THROWS_EXCEPTION(ControlError, LoadResString(65636)); // 100 in 16 bits
     }
 
     void noLineIsLost()
@@ -49,35 +50,21 @@ private slots:
         QCOMPARE(parseStringTable(content).size(), lines);
     }
 
-    void absentIds()
-    {
-        for (const int id : {0, -1, 101, 1004, 8024, 8063, 15017, 65636})
-            QVERIFY_THROWS_EXCEPTION(ControlError, LoadResString(id));
-    }
-
-    void forms_data()
-    {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("text7");
-
-        QTest::newRow("LF") << QByteArray("7 \"a\"\n") << u"a"_s;
-        QTest::newRow("CR LF, no end of line") << QByteArray("6 \"b\"\r\n7 \"a\"") << u"a"_s;
-        QTest::newRow("escapes") << QByteArray(R"(7 "\\t\t\"\\")") << u"\\t\t\"\\"_s;
-        QTest::newRow("UTF-8 and blanks") << QByteArray("7 \" \xC3\xA4 \"") << u" ä "_s;
-        QTest::newRow("the first counts") << QByteArray("7 \"a\"\n7 \"b\"") << u"a"_s;
-        QTest::newRow("comment") << QByteArray("#7 \"a\"\n\n") << QString();
-        QTest::newRow("empty text is absent") << QByteArray("7 \"\"") << QString();
-        QTest::newRow("no quotes") << QByteArray("7 a\n7\n7 \"\n7 \"a") << QString();
-        QTest::newRow("bare quote or unknown escape inside")
-            << QByteArray("7 \"a\"b\"\n7 \"\\x\"\n7 \"\\\"") << QString();
-        QTest::newRow("no id") << QByteArray("x \"a\"\n \"a\"\n99999999999 \"a\"") << QString();
-    }
-
     void forms()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(QString, text7);
-        QCOMPARE(parseStringTable(file).value(7), text7);
+        const std::initializer_list<std::pair<QByteArray, QString>> cases{
+            {"7 \"a\"\n", u"a"_s},
+            {"6 \"b\"\r\n7 \"a\"", u"a"_s},
+            {"7 \"\\\\t\\t\\\"\\\\\"", u"\\t\t\"\\"_s},
+            {"7 \" \xC3\xA4 \"", u" ä "_s},
+            {"7 \"a\"\n7 \"b\"", u"a"_s}, // the first counts
+            {"#7 \"a\"\n\n", {}},
+            {"7 \"\"", {}}, // an empty text is absent
+            {"7 a\n7\n7 \"\n7 \"a", {}},
+            {"7 \"a\"b\"\n7 \"\\x\"\n7 \"\\\"", {}}, // a bare quote, an unknown escape, none
+            {"x \"a\"\n \"a\"\n99999999999 \"a\"", {}}};
+        for (const auto &[file, text] : cases)
+            QCOMPARE(parseStringTable(file).value(7), text);
     }
 };
 
