@@ -266,11 +266,13 @@ void SaveAllSettings(const SettingsTargets &from)
     saveAddressList(from);
     saveBoolean(from.store, "GoNew", from.goNew.isChecked());
     saveBoolean(from.store, "StatusBarVisible", !from.vbalStatusBar1.isHidden());
-    if (!from.frmMain.isMinimized()) {
+    const bool isMinimized = from.frmMain.isMinimized();
+    if (!isMinimized) {
         saveGeometry(from.store, kMain, MainGeometry{from.frmMain});
         saveGeometry(from.store, kNavigator, from.navigator);
     }
-    saveBoolean(from.store, "MainMaximized", from.frmMain.isMaximized());
+    // A minimised window is in no other state, whatever it would come back to.
+    saveBoolean(from.store, "MainMaximized", from.frmMain.isMaximized() && !isMinimized);
 
     for (const char *section : {"General", "History", "Sites", "Sidebar"})
         saveSection(from, section);

@@ -149,10 +149,11 @@ private slots:
         f.seedQuietStart();
         f.set(u"General", u"MinimizeToTray", fromBoolean(toTray));
         f.set(u"General", u"TrayPassword", password);
+        f.set(u"Settings", u"MainMaximized", u"True");
         QVERIFY(f.start());
         QCOMPARE(f.tray.tip.isEmpty(), !toTray);
         f.main().navigator->show();
-        f.main().setWindowState(Qt::WindowMinimized);
+        f.main().showMinimized();
         QTRY_COMPARE(f.main().isHidden(), hidden);
         QCOMPARE(f.main().navigator->isHidden(), hidden);
         // Only what is locked away leaves the folder to another program.
