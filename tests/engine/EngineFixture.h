@@ -77,3 +77,9 @@ int runEngineTests(int argc, char **argv)
     Tests tests;
     return QTest::qExec(&tests, argc, argv);
 }
+
+#define ENGINE_TEST_MAIN(Tests)                                                                                        \
+    int main(int argc, char **argv)                                                                                    \
+    {                                                                                                                  \
+        return runEngineTests<Tests>(argc, argv);                                                                      \
+    }

@@ -1,6 +1,7 @@
 #include "base/Strings.h"
 #include "engine/InternetOptions.h"
 #include "support/Parts.h"
+#include "support/Rows.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -93,20 +94,11 @@ private slots:
         child<QLineEdit>("txtFolder").setText(u"~/a/../files/"_s);
         click("optAgentOld");
 
-        EngineSettings expected;
-        expected.cache = EngineSettings::Cache::Limited;
-        expected.cacheMegabytes = 40;
-        expected.proxy = EngineSettings::Proxy::Manual;
-        expected.proxyType = EngineSettings::ProxyType::Socks5;
-        expected.proxyHost = u"proxy.example"_s;
-        expected.proxyPort = 1080;
-        expected.proxyUser = u"me"_s;
-        expected.cookies = EngineSettings::Cookies::None;
-        expected.forgetAtExit = true;
-        expected.doNotTrack = true;
+        auto expected = *EngineSettings::fromText(
+            "proxy=manual\nproxy-type=socks5\nproxy-host=proxy.example\nproxy-port=1080\nproxy-user=me\ncookies="
+            "none\nforget-at-exit=1\ndo-not-track=1\ncache=limited\ncache-megabytes=40\nagent=old\n");
         expected.languages = systemLanguages();
         expected.downloadFolder = QDir::homePath() + u"/files"_s;
-        expected.agent = EngineSettings::Agent::Old;
         click("btnApply");
         QCOMPARE(m_host->present, expected);
         QVERIFY(!isEnabled("btnApply"));
@@ -124,30 +116,19 @@ private slots:
 
     void wrongInputIsToldAndNotApplied_data()
     {
-        QTest::addColumn<QByteArray>("choice");
-        QTest::addColumn<QByteArray>("field");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("message");
-        QTest::newRow("no proxy server") << "optProxyManual"_ba
-                                         << "txtProxyHost"_ba << QString() << 20564;
-        QTest::newRow("address of one") << "optProxyManual"_ba
-                                        << "txtProxyHost"_ba << u"http://proxy"_s << 20565;
-        QTest::newRow("no folder") << "optAgentOld"_ba
-                                   << "txtFolder"_ba << QString() << 20567;
-        QTest::newRow("relative folder") << "optAgentOld"_ba
-                                         << "txtFolder"_ba << u"files"_s << 20567;
-        QTest::newRow("no name") << "optAgentCustom"_ba
-                                 << "txtAgent"_ba << QString() << 20569;
-        QTest::newRow("name outside ASCII") << "optAgentCustom"_ba
-                                            << "txtAgent"_ba << u"\u00e9"_s << 20570;
+        rows<QByteArray, QByteArray, QString, int>({
+            {"no proxy server", {"optProxyManual", "txtProxyHost", {}, 20564}},
+            {"address of one", {"optProxyManual", "txtProxyHost", u"http://proxy"_s, 20565}},
+            {"no folder", {"optAgentOld", "txtFolder", {}, 20567}},
+            {"relative folder", {"optAgentOld", "txtFolder", u"files"_s, 20567}},
+            {"no name", {"optAgentCustom", "txtAgent", {}, 20569}},
+            {"name outside ASCII", {"optAgentCustom", "txtAgent", u"\u00e9"_s, 20570}},
+        });
     }
 
     void wrongInputIsToldAndNotApplied()
     {
-        QFETCH(const QByteArray, choice);
-        QFETCH(const QByteArray, field);
-        QFETCH(const QString, text);
-        QFETCH(const int, message);
+        const auto [choice, field, text, message] = row<QByteArray, QByteArray, QString, int>();
         click(choice);
         auto &line = child<QLineEdit>(field);
         line.selectAll();

@@ -6,6 +6,7 @@
 #include "base/step.h"
 #include "engine/PageFacets.h"
 #include "engine/PropertiesDialog.h"
+#include "support/Rows.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -86,19 +87,16 @@ private slots:
 
     void savesAndOpensAgain_data()
     {
-        QTest::addColumn<int>("format");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("complete") << static_cast<int>(SaveFormat::Complete) << u"a page.html"_s << u"Long 40"_s;
-        QTest::newRow("single file") << static_cast<int>(SaveFormat::SingleFile) << u"a page.mhtml"_s << u"Long 40"_s;
-        QTest::newRow("HTML only") << static_cast<int>(SaveFormat::HtmlOnly) << u"a page.html"_s << u"Long"_s;
+        rows<int, QString, QString>({
+            {"complete", {static_cast<int>(SaveFormat::Complete), u"a page.html"_s, u"Long 40"_s}},
+            {"single file", {static_cast<int>(SaveFormat::SingleFile), u"a page.mhtml"_s, u"Long 40"_s}},
+            {"HTML only", {static_cast<int>(SaveFormat::HtmlOnly), u"a page.html"_s, u"Long"_s}},
+        });
     }
 
     void savesAndOpensAgain()
     {
-        QFETCH(const int, format);
-        QFETCH(const QString, name);
-        QFETCH(const QString, title);
+        const auto [format, name, title] = row<int, QString, QString>();
         const QTemporaryDir folder;
         const QString path = folder.filePath(name);
         RecordedBrowser browser(*m_test.engine, m_site);
@@ -271,8 +269,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runEngineTests<PageCommandsTest>(argc, argv);
-}
+ENGINE_TEST_MAIN(PageCommandsTest)
 #include "tst_pagecommands.moc"

@@ -9,6 +9,7 @@
 #include "engine/SaveDialog.h"
 #include "engine/WebBrowser.h"
 #include "support/Parts.h"
+#include "support/Rows.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -122,27 +123,24 @@ private slots:
 
     void fileName_data()
     {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("address");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("path") << u"../../etc/passwd"_s << u"http://x.org/"_s << u"etc passwd"_s;
-        QTest::newRow("forbidden") << u"What? \"A\" <b>:\n*|c\\"_s << u"http://x.org/"_s << u"What A b c"_s;
-        QTest::newRow("direction override") << u"a\u202Egnp.exe"_s << u"http://x.org/"_s << u"a gnp.exe"_s;
-        QTest::newRow("without title") << u"http://x.org/a/list.html?q=1"_s << u"http://x.org/a/list.html?q=1"_s
-                                       << u"list"_s;
-        QTest::newRow("only host") << u"/"_s << u"http://x.org/"_s << u"x.org"_s;
-        QTest::newRow("nothing at all") << u"?"_s << u"about:"_s << u"page"_s;
+        rows<QString, QString, QString>({
+            {"path", {u"../../etc/passwd"_s, u"http://x.org/"_s, u"etc passwd"_s}},
+            {"forbidden", {u"What? \"A\" <b>:\n*|c\\"_s, u"http://x.org/"_s, u"What A b c"_s}},
+            {"direction override", {u"a\u202Egnp.exe"_s, u"http://x.org/"_s, u"a gnp.exe"_s}},
+            {"without title", {u"http://x.org/a/list.html?q=1"_s, u"http://x.org/a/list.html?q=1"_s, u"list"_s}},
+            {"only host", {u"/"_s, u"http://x.org/"_s, u"x.org"_s}},
+            {"nothing at all", {u"?"_s, u"about:"_s, u"page"_s}},
+        });
     }
 
     void fileName()
     {
-        QFETCH(const QString, title);
-        QFETCH(const QString, address);
+        const auto [title, address, name] = row<QString, QString, QString>();
         PageInfo info;
         info.title = title;
         info.url = QUrl(address);
         info.address = address;
-        QTEST(fileNameFor(info), "name");
+        QCOMPARE(fileNameFor(info), name);
 
         info.title = QString(100, u'ä') + QString::fromUcs4(U"\U0001F600").repeated(40);
         const QString cut = fileNameFor(info);
@@ -152,21 +150,19 @@ private slots:
 
     void saveDialog_data()
     {
-        QTest::addColumn<int>("filter");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("saved");
-        QTest::newRow("as proposed") << 0 << QString() << u"A page.html"_s;
-        QTest::newRow("single file") << 1 << u"one"_s << u"one.mhtml"_s;
-        // An archive under the ending of a page would be shown as text.
-        QTest::newRow("wrong ending") << 1 << u"one.html"_s << u"one.html.mhtml"_s;
-        QTest::newRow("other ending") << 2 << u"v1.2"_s << u"v1.2.html"_s;
-        QTest::newRow("short ending") << 2 << u"v.HTM"_s << u"v.HTM"_s;
+        rows<int, QString, QString>({
+            {"as proposed", {0, QString(), u"A page.html"_s}},
+            {"single file", {1, u"one"_s, u"one.mhtml"_s}},
+            // An archive under the ending of a page would be shown as text.
+            {"wrong ending", {1, u"one.html"_s, u"one.html.mhtml"_s}},
+            {"other ending", {2, u"v1.2"_s, u"v1.2.html"_s}},
+            {"short ending", {2, u"v.HTM"_s, u"v.HTM"_s}},
+        });
     }
 
     void saveDialog()
     {
-        QFETCH(const int, filter);
-        QFETCH(const QString, typed);
+        const auto [filter, typed, saved] = row<int, QString, QString>();
         const QTemporaryDir folder;
         QWidget page;
         PageInfo info;
@@ -184,7 +180,7 @@ private slots:
             dialog->selectFile(typed);
         QMetaObject::invokeMethod(dialog, "accept");
         QCOMPARE(QFileInfo(path).absolutePath(), folder.path());
-        QTEST(QFileInfo(path).fileName(), "saved");
+        QCOMPARE(QFileInfo(path).fileName(), saved);
         QVERIFY(isAsChosen);
     }
 

@@ -124,8 +124,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runEngineTests<WebBoxes>(argc, argv);
-}
+ENGINE_TEST_MAIN(WebBoxes)
 #include "tst_webboxes.moc"

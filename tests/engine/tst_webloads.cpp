@@ -242,8 +242,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runEngineTests<WebLoads>(argc, argv);
-}
+ENGINE_TEST_MAIN(WebLoads)
 #include "tst_webloads.moc"

@@ -88,14 +88,15 @@ class WebSettings : public QObject
 
     void addCookiePages()
     {
-        const auto giving = [](const QByteArray &body, const QByteArray &type, const QByteArray &cookie) {
-            LoopbackSite::Answer answer{body, type};
-            answer.headers = {{"Set-Cookie", cookie}, {"Cache-Control", "no-store"}};
-            return answer;
+        const auto give = [&](const QByteArray &path, const QByteArray &body, const QByteArray &cookie) {
+            m_site.add(path, {body, "text/html", 200, {{"Set-Cookie", cookie}, {"Cache-Control", "no-store"}}});
         };
-        const QByteArray third = m_site.address(u"/third"_s, u"localhost"_s).toLatin1();
-        m_site.add("/cookies", giving("<img src='" + third + "'>", "text/html", "first=1; Max-Age=1000"));
-        m_site.add("/third", giving("", "text/plain", "third=1; SameSite=None; Secure; Max-Age=1000"));
+        give("/cookies", "<img src='" + elsewhere("/third") + "'>", "first=1; Max-Age=1000");
+        give("/third", "", "third=1; SameSite=None; Secure; Max-Age=1000");
+    }
+    QByteArray elsewhere(const QByteArray &path) const
+    {
+        return m_site.address(QString::fromLatin1(path), u"localhost"_s).toLatin1();
     }
     bool openCookies(RecordedBrowser &browser)
     {
@@ -114,21 +115,19 @@ private slots:
 
     void requestsTellWhatWasChosen()
     {
-        LoopbackSite::Answer open{"", "text/plain"};
-        open.headers = {{"Access-Control-Allow-Origin", "*"}};
-        m_site.add("/open", open);
+        m_site.add("/open", {"", "text/plain", 200, {{"Access-Control-Allow-Origin", "*"}}});
         m_site.page("/asks", "Asks",
-                    "<script>fetch('" + m_site.address(u"/open"_s, u"localhost"_s).toLatin1() +
+                    "<script>fetch('" + elsewhere("/open") +
                         "').then(() => document.title = navigator.language + ' ' + navigator.userAgent)</script>");
         RecordedBrowser browser(*m_test->engine, m_site);
-        QVERIFY(this->open(browser, u"/page"_s));
+        QVERIFY(open(browser, u"/page"_s));
         const QByteArray own = header("/page", "user-agent");
         QVERIFY(own.contains("QtWebEngine"));
         QCOMPARE(header("/page", "accept-language"), acceptedLanguages(systemLanguages()).toLatin1());
         QVERIFY(header("/page", "dnt").isEmpty());
         // Only a choice of the user sends it.
         browser->setAmbientProperty(DISPID_AMBIENT_USERAGENT, QString(EngineSettings::kOldAgent));
-        QVERIFY(this->open(browser, u"/page"_s));
+        QVERIFY(open(browser, u"/page"_s));
         QCOMPARE(header("/page", "user-agent"), own);
 
         Dialog dialog(browser);
@@ -145,7 +144,7 @@ private slots:
             dialog.click("btnAdd");
         }
         dialog.click("btnOk");
-        QVERIFY(this->open(browser, u"/asks"_s));
+        QVERIFY(open(browser, u"/asks"_s));
         WAIT_COMPARE(browser->LocationName(), u"pt-BR "_s + EngineSettings::kOldAgent);
         for (const char *path : {"/asks", "/open"}) {
             QCOMPARE(header(path, "user-agent"), QByteArray(EngineSettings::kOldAgent.latin1()));
@@ -158,7 +157,7 @@ private slots:
         QCOMPARE(m_site.count("/open"), 1);
 
         choose(browser, {"optAgentOwn", "chkDoNotTrack", "chkSystem"});
-        QVERIFY(this->open(browser, u"/page"_s));
+        QVERIFY(open(browser, u"/page"_s));
         QCOMPARE(header("/page", "user-agent"), own);
         QVERIFY(header("/page", "dnt").isEmpty());
     }
@@ -166,10 +165,9 @@ private slots:
     void cookies()
     {
         addCookiePages();
-        const QByteArray third = m_site.address(u"/third?"_s, u"localhost"_s).toLatin1();
         m_site.page("/asks-on", "Asks on",
-                    "<script>let n = 0; setInterval(() => { fetch('/cookies'); new Image().src = '" + third +
-                        "' + ++n }, 50)</script>");
+                    "<script>let n = 0; setInterval(() => { fetch('/cookies'); new Image().src = '" +
+                        elsewhere("/third?") + "' + ++n }, 50)</script>");
         RecordedBrowser browser(*m_test->engine, m_site);
         QVERIFY(open(browser, u"/asks-on"_s));
         const auto sends = [&](const QByteArray &expected) {
@@ -228,12 +226,11 @@ private slots:
 
     void cache()
     {
-        LoopbackSite::Answer lasting{"text", "text/plain"};
-        lasting.headers = {{"Cache-Control", "max-age=1000"}};
-        m_site.add("/lasting", lasting);
-        LoopbackSite::Answer page{"<script>fetch('/lasting').then(r => r.text()).then(() => fetch('/used'))</script>"};
-        page.headers = {{"Set-Cookie", "session=1; HttpOnly"}};
-        m_site.add("/uses", page);
+        m_site.add("/lasting", {"text", "text/plain", 200, {{"Cache-Control", "max-age=1000"}}});
+        m_site.add("/uses", {"<script>fetch('/lasting').then(r => r.text()).then(() => fetch('/used'))</script>",
+                             "text/html",
+                             200,
+                             {{"Set-Cookie", "session=1; HttpOnly"}}});
         const auto use = [&](RecordedBrowser &browser) {
             const int before = m_site.count("/used");
             return browser.open(u"about:blank"_s) && open(browser, u"/uses"_s) && m_site.waitFor("/used", before + 1)
@@ -274,13 +271,7 @@ private slots:
     {
         // A site that exists only behind the proxy server, which is the test's own site.
         const QByteArray behind = "http://site.invalid/behind";
-        LoopbackSite::Answer refusal{"<title>Locked</title>", "text/html", 407};
-        refusal.headers = {{"Proxy-Authenticate", "Basic realm=\"Gate\""}};
-        m_site.handle(behind, [refusal](const LoopbackSite::Request &request) {
-            const bool isKnown =
-                request.headers.value("proxy-authorization") == "Basic " + QByteArray("me:secret").toBase64();
-            return isKnown ? LoopbackSite::Answer{"<title>Through</title>"} : refusal;
-        });
+        m_site.locked(behind, "Through", 407);
         m_site.add("/beat", {"", "text/plain"});
         m_site.page("/asks-on", "Asks on",
                     "<script>setInterval(() => { fetch('" + behind +
@@ -340,8 +331,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runEngineTests<WebSettings>(argc, argv);
-}
+ENGINE_TEST_MAIN(WebSettings)
 #include "tst_websettings.moc"

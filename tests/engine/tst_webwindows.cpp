@@ -110,8 +110,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runEngineTests<WebWindows>(argc, argv);
-}
+ENGINE_TEST_MAIN(WebWindows)
 #include "tst_webwindows.moc"

@@ -40,34 +40,25 @@ void LoopbackSite::page(const QByteArray &path, const QByteArray &title, const Q
 
 void LoopbackSite::redirect(const QByteArray &path, const QByteArray &target, int status)
 {
-    Answer answer;
-    answer.status = status;
-    answer.headers = {{"Location", target}};
-    add(path, answer);
+    add(path, {{}, "text/html", status, {{"Location", target}}});
 }
 
-void LoopbackSite::locked(const QByteArray &path, const QByteArray &user, const QByteArray &password,
-                          const Answer &answer)
+void LoopbackSite::locked(const QByteArray &path, const QByteArray &title, int status)
 {
-    const QByteArray wanted = "Basic " + (user + ':' + password).toBase64();
-    handle(path, [wanted, answer](const Request &request) {
-        if (request.headers.value("authorization") == wanted)
-            return answer;
-        Answer refusal;
-        refusal.status = 401;
-        refusal.body = "<title>Locked</title>locked";
-        refusal.headers = {{"WWW-Authenticate", "Basic realm=\"Vault\""}};
-        return refusal;
+    const QByteArray given = status == 407 ? "proxy-authorization" : "authorization";
+    const QByteArray asked = status == 407 ? "Proxy-Authenticate" : "WWW-Authenticate";
+    handle(path, [=](const Request &request) {
+        if (request.headers.value(given) == "Basic " + QByteArray("me:secret").toBase64())
+            return Answer{"<title>" + title + "</title>"};
+        return Answer{"<title>Locked</title>locked", "text/html", status, {{asked, "Basic realm=\"Vault\""}}};
     });
 }
 
-void LoopbackSite::download(const QByteArray &path, const QByteArray &fileName, const QByteArray &content)
+void LoopbackSite::download(const QByteArray &path, const QByteArray &fileName, const QByteArray &content,
+                            Ending ending)
 {
-    Answer answer;
-    answer.body = content;
-    answer.type = "application/octet-stream";
-    answer.headers = {{"Content-Disposition", "attachment; filename=\"" + fileName + '"'}};
-    add(path, answer);
+    const QByteArray attachment = "attachment; filename=\"" + fileName + '"';
+    add(path, {content, "application/octet-stream", 200, {{"Content-Disposition", attachment}}, ending});
 }
 
 void LoopbackSite::release(const QByteArray &path)
@@ -151,25 +142,13 @@ void LoopbackSite::read(QTcpSocket *socket)
 
 void LoopbackSite::reply(QTcpSocket *socket, const Request &request)
 {
-    const QByteArray path = request.path();
-    Answer answer;
-    if (const auto handler = m_handlers.value(path)) {
+    Answer answer{"<title>Missing</title>no such page", "text/html", 404};
+    if (const auto handler = m_handlers.value(request.path()))
         answer = handler(request);
-    } else {
-        answer.status = 404;
-        answer.body = "<title>Missing</title>no such page";
-    }
-    if (answer.ending == Ending::Held) {
-        answer.ending = Ending::Complete;
-        m_held.push_back({path, socket, answer});
-    } else if (answer.ending == Ending::Halved) {
-        m_held.push_back({path, socket, answer});
+    if (answer.ending == Ending::Held || answer.ending == Ending::Halved)
+        m_held.push_back({request.path(), socket, answer});
+    if (answer.ending != Ending::Held)
         send(socket, answer);
-    } else if (answer.delay > 0) {
-        QTimer::singleShot(answer.delay, socket, [socket, answer] { send(socket, answer); });
-    } else {
-        send(socket, answer);
-    }
 }
 
 /// One answer a connection: the tests see every request, and nothing is kept open that a test would have to end.
@@ -179,22 +158,7 @@ void LoopbackSite::send(QTcpSocket *socket, const Answer &answer)
     head += "Content-Type: " + answer.type + "\r\n";
     for (const auto &[name, value] : answer.headers)
         head += name + ": " + value + "\r\n";
-    switch (answer.ending) {
-    case Ending::Held:
-    case Ending::Complete:
-        socket->write(head + "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n" + answer.body);
-        socket->disconnectFromHost();
-        return;
-    case Ending::Halved:
-        socket->write(head + "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n" +
-                      answer.body.left(answer.body.size() / 2));
-        return;
-    case Ending::CutOff:
-        socket->write(head + "Content-Length: " + QByteArray::number(answer.body.size() + 1000) + "\r\n\r\n" +
-                      answer.body);
-        socket->disconnectFromHost();
-        return;
-    case Ending::Endless: {
+    if (answer.ending == Ending::Endless) {
         const auto chunk = [](const QByteArray &data) {
             return QByteArray::number(data.size(), 16) + "\r\n" + data + "\r\n";
         };
@@ -204,5 +168,10 @@ void LoopbackSite::send(QTcpSocket *socket, const Answer &answer)
         more->start(100);
         return;
     }
-    }
+    const qsizetype size = answer.body.size();
+    const bool isHalved = answer.ending == Ending::Halved;
+    head += "Content-Length: " + QByteArray::number(answer.ending == Ending::CutOff ? size + 1000 : size) + "\r\n\r\n";
+    socket->write(head + answer.body.left(isHalved ? size / 2 : size));
+    if (!isHalved)
+        socket->disconnectFromHost();
 }

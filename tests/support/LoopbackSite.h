@@ -47,8 +47,6 @@ public:
         int status = 200;
         QList<std::pair<QByteArray, QByteArray>> headers = {};
         Ending ending = Ending::Complete;
-        /// Milliseconds before the first byte.
-        int delay = 0;
     };
     using Handler = std::function<Answer(const Request &)>;
 
@@ -64,9 +62,11 @@ public:
     /// A page with a title, which some tests wait for.
     void page(const QByteArray &path, const QByteArray &title, const QByteArray &body = {});
     void redirect(const QByteArray &path, const QByteArray &target, int status = 302);
-    /// A page behind Basic authentication.
-    void locked(const QByteArray &path, const QByteArray &user, const QByteArray &password, const Answer &answer);
-    void download(const QByteArray &path, const QByteArray &fileName, const QByteArray &content);
+    /// An empty page of this title behind Basic authentication: the name is "me", the password "secret". 401 is for the
+    /// page's own server, 407 for a proxy server.
+    void locked(const QByteArray &path, const QByteArray &title, int status = 401);
+    void download(const QByteArray &path, const QByteArray &fileName, const QByteArray &content,
+                  Ending ending = Ending::Complete);
     /// Lets the requests for `path` that are held go on.
     void release(const QByteArray &path);
 
