@@ -1,6 +1,7 @@
 #include "MainFixture.h"
 
 #include "core/state/SettingsTable.h"
+#include "support/Rows.h"
 
 #include <QToolButton>
 
@@ -162,20 +163,17 @@ private slots:
 
     void addressListKeepsItsLowestEntries_data()
     {
-        QTest::addColumn<int>("entries");
-        QTest::addColumn<int>("empty");
-        QTest::addColumn<int>("kept");
-        QTest::newRow("none") << 0 << -1 << 0;
-        QTest::newRow("51") << 51 << -1 << 51;
-        QTest::newRow("60") << 60 << -1 << 51;
-        QTest::newRow("an empty one does not count") << 52 << 30 << 51;
+        rows<int, int, int>({
+            {"none", {0, -1, 0}},
+            {"51", {51, -1, 51}},
+            {"60", {60, -1, 51}},
+            {"an empty one does not count", {52, 30, 51}},
+        });
     }
 
     void addressListKeepsItsLowestEntries()
     {
-        QFETCH(const int, entries);
-        QFETCH(const int, empty);
-        QFETCH(const int, kept);
+        const auto [entries, empty, kept] = row<int, int, int>();
         MainFixture f;
         QVERIFY(f.startQuietly());
         QStringList list;

@@ -5,6 +5,7 @@
 #include "forms/FormStore.h"
 #include "options/FormsPage.h"
 #include "options/frmOptions1.h"
+#include "support/Rows.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -28,22 +29,17 @@ private slots:
 
     void endOfLoad_data()
     {
-        QTest::addColumn<bool>("isAuto");
-        QTest::addColumn<bool>("isProtected");
-        QTest::addColumn<bool>("isUnlocked");
-        QTest::addColumn<QStringList>("filled");
-        QTest::newRow("not by itself") << false << true << false << QStringList();
-        QTest::newRow("open") << true << false << false << QStringList{u"fill open Ann"_s};
-        QTest::newRow("locked") << true << true << false << QStringList{u"fill locked Ann"_s};
-        QTest::newRow("unlocked") << true << true << true << QStringList{u"fill open Ann"_s};
+        rows<bool, bool, bool, QStringList>({
+            {"not by itself", {false, true, false, QStringList()}},
+            {"open", {true, false, false, QStringList{u"fill open Ann"_s}}},
+            {"locked", {true, true, false, QStringList{u"fill locked Ann"_s}}},
+            {"unlocked", {true, true, true, QStringList{u"fill open Ann"_s}}},
+        });
     }
 
     void endOfLoad()
     {
-        QFETCH(bool, isAuto);
-        QFETCH(bool, isProtected);
-        QFETCH(bool, isUnlocked);
-        QFETCH(QStringList, filled);
+        const auto [isAuto, isProtected, isUnlocked, filled] = row<bool, bool, bool, QStringList>();
         QVERIFY(f->start(u"http://a/"_s));
         f->settings().AutoFormFill = isAuto;
         f->settings().ProtectCreditInfo = isProtected;

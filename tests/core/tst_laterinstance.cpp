@@ -1,6 +1,7 @@
 #include "MainFixture.h"
 
 #include "desktop/instance/Instance.h"
+#include "support/Rows.h"
 
 #include <thread>
 
@@ -39,20 +40,17 @@ private slots:
 
     void messageRestoresTheWindow_data()
     {
-        QTest::addColumn<int>("state");
-        QTest::addColumn<QString>("password");
-        QTest::addColumn<bool>("visible");
-        QTest::newRow("maximised") << int(Qt::WindowMaximized) << QString() << true;
-        QTest::newRow("in the tray") << int(Qt::WindowMinimized) << QString() << true;
-        QTest::newRow("locked in the tray") << int(Qt::WindowMinimized) << u"secret"_s << false;
-        QTest::newRow("password, on the screen") << int(Qt::WindowMaximized) << u"secret"_s << true;
+        rows<int, QString, bool>({
+            {"maximised", {int(Qt::WindowMaximized), QString(), true}},
+            {"in the tray", {int(Qt::WindowMinimized), QString(), true}},
+            {"locked in the tray", {int(Qt::WindowMinimized), u"secret"_s, false}},
+            {"password, on the screen", {int(Qt::WindowMaximized), u"secret"_s, true}},
+        });
     }
 
     void messageRestoresTheWindow()
     {
-        QFETCH(const int, state);
-        QFETCH(const QString, password);
-        QFETCH(const bool, visible);
+        const auto [state, password, visible] = row<int, QString, bool>();
         MainFixture f;
         f.seedQuietStart();
         f.set(u"General", u"TrayPassword", password);

@@ -3,6 +3,7 @@
 #include "base/Files.h"
 #include "core/frmPassword.h"
 #include "documents/frmLoad.h"
+#include "support/Rows.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -55,34 +56,24 @@ private slots:
 
     void firstDocument_data()
     {
-        QTest::addColumn<QString>("firstTime");
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QString>("saveOnExit");
-        QTest::addColumn<QString>("loadAction");
-        QTest::addColumn<QString>("opened"); // separated by ","
-        const auto row = [](const char *name, const char16_t *first, const char16_t *command, const char16_t *save,
-                            const char16_t *action, const char16_t *opened) {
-            const auto text = [](const char16_t *chars) { return QString::fromUtf16(chars); };
-            QTest::newRow(name) << text(first) << text(command) << text(save) << text(action) << text(opened);
-        };
-        row("first start ignores the command line", u"True", u"a", u"True", u"1", u"corvane://www/qtour/index.html");
-        row("command line", u"False", u"http://a/ b", u"True", u"1", u"http://a/ b");
-        row("quoted", u"False", u"\"/a b.html\"", u"False", u"1", u"/a b.html");
-        row("text behind the quote", u"False", u"\"a\" b", u"True", u"1", u"a\" ");
-        row("nothing is saved", u"False", u"", u"False", u"1", u"home");
-        row("load", u"False", u"", u"True", u"1", u"saved,home");
-        row("never load", u"False", u"", u"True", u"3", u"");
-        row("unknown action", u"False", u"", u"True", u"0", u"");
-        row("corrupt marker", u"perhaps", u"", u"False", u"1", u"home");
+        rows<QStringView, QString, QStringView, QStringView, QString>({
+            {"first start ignores the command line",
+             {u"True", u"a"_s, u"True", u"1", u"corvane://www/qtour/index.html"_s}},
+            {"command line", {u"False", u"http://a/ b"_s, u"True", u"1", u"http://a/ b"_s}},
+            {"quoted", {u"False", u"\"/a b.html\""_s, u"False", u"1", u"/a b.html"_s}},
+            {"text behind the quote", {u"False", u"\"a\" b"_s, u"True", u"1", u"a\" "_s}},
+            {"nothing is saved", {u"False", u""_s, u"False", u"1", u"home"_s}},
+            {"load", {u"False", u""_s, u"True", u"1", u"saved,home"_s}},
+            {"never load", {u"False", u""_s, u"True", u"3", u""_s}},
+            {"unknown action", {u"False", u""_s, u"True", u"0", u""_s}},
+            {"corrupt marker", {u"perhaps", u""_s, u"False", u"1", u"home"_s}},
+        });
     }
 
     void firstDocument()
     {
-        QFETCH(const QString, firstTime);
-        QFETCH(const QString, command);
-        QFETCH(const QString, saveOnExit);
-        QFETCH(const QString, loadAction);
-        QFETCH(const QString, opened);
+        const auto [firstTime, command, saveOnExit, loadAction, opened] =
+            row<QStringView, QString, QStringView, QStringView, QString>();
         MainFixture f;
         f.set(u"Settings", u"FirstTime", firstTime);
         f.set(u"General", u"SaveDocumentOnExit", saveOnExit);
@@ -92,7 +83,7 @@ private slots:
         f.set(u"Settings", u"Document1", u"saved");
         QVERIFY(f.start(command));
         QCOMPARE(f.opened().join(u','), opened);
-        QCOMPARE(f.get(u"Settings", u"FirstTime"), firstTime == u"True"_s ? u"False"_s : firstTime);
+        QCOMPARE(f.get(u"Settings", u"FirstTime"), firstTime == u"True" ? u"False"_s : firstTime.toString());
         // Without a document no command was taken out of service: the menu builder's state stands.
         QVERIFY(f.main().m_cMenu->Enabled(f.main().m_cMenu->IndexForKey(u"mnuFileClose"_s)));
     }
@@ -130,20 +121,17 @@ private slots:
 
     void minimisingHidesIntoTheTray_data()
     {
-        QTest::addColumn<bool>("toTray");
-        QTest::addColumn<bool>("hidden");
-        QTest::addColumn<QString>("password");
-        QTest::newRow("tray") << true << true << QString();
-        QTest::newRow("locked in the tray") << true << true << u"secret"_s;
-        QTest::newRow("no tray on this desktop") << true << false << u"secret"_s;
-        QTest::newRow("off") << false << false << u"secret"_s;
+        rows<bool, bool, QString>({
+            {"tray", {true, true, QString()}},
+            {"locked in the tray", {true, true, u"secret"_s}},
+            {"no tray on this desktop", {true, false, u"secret"_s}},
+            {"off", {false, false, u"secret"_s}},
+        });
     }
 
     void minimisingHidesIntoTheTray()
     {
-        QFETCH(const bool, toTray);
-        QFETCH(const bool, hidden);
-        QFETCH(const QString, password);
+        const auto [toTray, hidden, password] = row<bool, bool, QString>();
         MainFixture f;
         f.tray.available = hidden || !toTray;
         f.seedQuietStart();

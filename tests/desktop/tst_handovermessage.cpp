@@ -1,4 +1,5 @@
 #include "desktop/instance/Instance.h"
+#include "support/Rows.h"
 
 #include <QDir>
 #include <QFile>
@@ -15,26 +16,24 @@ class tst_HandOverMessage : public QObject
 private slots:
     void messages_data()
     {
-        QTest::addColumn<QByteArray>("commandLine");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<uint>("length");
-        QTest::newRow("address") << QByteArray("http://a.example/ b  c") << QByteArray("http://a.example/ b  c") << 22U;
-        QTest::newRow("nothing") << QByteArray() << QByteArray("\0", 1) << 0U;
-        QTest::newRow("quoted path") << QByteArray("\"/a b.html\"") << QByteArray("/a b.html") << 9U;
-        QTest::newRow("text behind the quotes") << QByteArray("\"/a b\" -x") << QByteArray("/a b\" -") << 7U;
-        QTest::newRow("one quote") << QByteArray("\"") << QByteArray("\0", 1) << 0U;
-        // a with two dots has two bytes, the face has four bytes and two UTF-16 units.
-        QTest::newRow("UTF-8") << QByteArray("\xC3\xA4\xF0\x9F\x98\x80") << QByteArray("\xC3\xA4\xF0\x9F\x98\x80")
-                               << 3U;
-        QTest::newRow("last character of several bytes") << QByteArray("\"a\xF0\x9F\x98\x80") << QByteArray("a") << 1U;
+        rows<QByteArray, QByteArray, uint>({
+            {"address", {QByteArray("http://a.example/ b  c"), QByteArray("http://a.example/ b  c"), 22U}},
+            {"nothing", {QByteArray(), QByteArray("\0", 1), 0U}},
+            {"quoted path", {QByteArray("\"/a b.html\""), QByteArray("/a b.html"), 9U}},
+            {"text behind the quotes", {QByteArray("\"/a b\" -x"), QByteArray("/a b\" -"), 7U}},
+            {"one quote", {QByteArray("\""), QByteArray("\0", 1), 0U}},
+            // a with two dots has two bytes, the face has four bytes and two UTF-16 units.
+            {"UTF-8", {QByteArray("\xC3\xA4\xF0\x9F\x98\x80"), QByteArray("\xC3\xA4\xF0\x9F\x98\x80"), 3U}},
+            {"last character of several bytes", {QByteArray("\"a\xF0\x9F\x98\x80"), QByteArray("a"), 1U}},
+        });
     }
 
     void messages()
     {
-        QFETCH(QByteArray, commandLine);
+        const auto [commandLine, bytes, length] = row<QByteArray, QByteArray, uint>();
         const instance::CopyData message = instance::handOverMessage(commandLine.toStdString());
-        QTEST(QByteArray::fromStdString(message.bytes), "bytes");
-        QTEST(message.dwData, "length");
+        QCOMPARE(QByteArray::fromStdString(message.bytes), bytes);
+        QCOMPARE(message.dwData, length);
     }
 
     void wire()

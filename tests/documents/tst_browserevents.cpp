@@ -1,6 +1,7 @@
 #include "support/DocumentFixture.h"
 
 #include "controls/PageBox.h"
+#include "support/Rows.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -16,28 +17,24 @@ private slots:
 
     void progress_data()
     {
-        QTest::addColumn<int>("now");
-        QTest::addColumn<int>("maximum");
-        QTest::addColumn<QString>("status");
-        QTest::addColumn<int>("icon"); // of a normal tab that showed 10 before
-        QTest::newRow("begin") << 0 << 100 << u"0%"_s << 0;
-        QTest::newRow("25") << 25 << 100 << u"25%"_s << 2;
-        QTest::newRow("50") << 1 << 2 << u"50%"_s << 4;
-        QTest::newRow("75") << 75 << 100 << u"75%"_s << 6;
-        QTest::newRow("100 leaves the icon") << 7 << 7 << u"100%"_s << 10;
-        QTest::newRow("more than all") << 101 << 100 << QString() << 10;
-        QTest::newRow("more than nothing") << 1 << 0 << QString() << 10;
-        QTest::newRow("largest product") << 21474836 << 21474836 << u"100%"_s << 10;
-        QTest::newRow("overflow") << 21474837 << 21474837 << u"0%"_s << 0;
-        QTest::newRow("both most negative") << INT_MIN << -1 << u"0%"_s << 0;
+        // of a normal tab that showed 10 before
+        rows<int, int, QString, int>({
+            {"begin", {0, 100, u"0%"_s, 0}},
+            {"25", {25, 100, u"25%"_s, 2}},
+            {"50", {1, 2, u"50%"_s, 4}},
+            {"75", {75, 100, u"75%"_s, 6}},
+            {"100 leaves the icon", {7, 7, u"100%"_s, 10}},
+            {"more than all", {101, 100, QString(), 10}},
+            {"more than nothing", {1, 0, QString(), 10}},
+            {"largest product", {21474836, 21474836, u"100%"_s, 10}},
+            {"overflow", {21474837, 21474837, u"0%"_s, 0}},
+            {"both most negative", {INT_MIN, -1, u"0%"_s, 0}},
+        });
     }
 
     void progress()
     {
-        QFETCH(const int, now);
-        QFETCH(const int, maximum);
-        QFETCH(const QString, status);
-        QFETCH(const int, icon);
+        const auto [now, maximum, status, icon] = row<int, int, QString, int>();
         DocumentFixture f;
         frmDocument &document = f.open(u"a"_s);
         for (const bool shrunk : {false, true}) {
@@ -116,22 +113,19 @@ private slots:
 
     void titles_data()
     {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<QString>("shrunk");
         const QString fifty(50, u'x');
-        QTest::newRow("short") << u"ab"_s << u"ab"_s << u"ab"_s;
-        QTest::newRow("50 characters") << fifty << fifty << u"xxx"_s;
-        QTest::newRow("51 characters") << fifty + u'y' << fifty + u"..."_s << u"xxx"_s;
         const QString pair = u"xx\U0001F600"_s;
-        QTest::newRow("no half characters") << pair + fifty << pair + fifty.left(46) + u"..."_s << u"xx"_s;
+        rows<QString, QString, QString>({
+            {"short", {u"ab"_s, u"ab"_s, u"ab"_s}},
+            {"50 characters", {fifty, fifty, u"xxx"_s}},
+            {"51 characters", {fifty + u'y', fifty + u"..."_s, u"xxx"_s}},
+            {"no half characters", {pair + fifty, pair + fifty.left(46) + u"..."_s, u"xx"_s}},
+        });
     }
 
     void titles()
     {
-        QFETCH(const QString, title);
-        QFETCH(const QString, caption);
-        QFETCH(const QString, shrunk);
+        const auto [title, caption, shrunk] = row<QString, QString, QString>();
         DocumentFixture f;
         frmDocument &document = f.open(u"a"_s);
         f.tab(1).setIconIndex(9);

@@ -1,4 +1,5 @@
 #include "support/DocumentFixture.h"
+#include "support/Rows.h"
 
 #include <QTest>
 
@@ -28,25 +29,23 @@ private slots:
 
     void heightMovesInSteps_data()
     {
-        QTest::addColumn<double>("from");
-        QTest::addColumn<QString>("direction");
-        QTest::addColumn<double>("to");
-        QTest::newRow("grow") << 600.0 << u"0"_s << 5100.0;
-        QTest::newRow("shrink past the bound") << 1305.0 << u"1"_s << 405.0;
-        QTest::newRow("at the lower bound") << 600.0 << u"1"_s << 600.0;
+        rows<double, QString, double>({
+            {"grow", {600.0, u"0"_s, 5100.0}},
+            {"shrink past the bound", {1305.0, u"1"_s, 405.0}},
+            {"at the lower bound", {600.0, u"1"_s, 600.0}},
+        });
     }
 
     void heightMovesInSteps()
     {
-        QFETCH(const double, from);
-        QFETCH(const QString, direction);
+        const auto [from, direction, to] = row<double, QString, double>();
         DocumentFixture f;
         f.navigator.setHeight(from);
         f.navigator.Timer1.setInterval(1);
         f.navigator.Timer1.setTag(direction);
         f.navigator.Timer1.setEnabled(true);
         QTRY_VERIFY(!f.navigator.Timer1.Enabled());
-        QTEST(f.navigator.Height(), "to");
+        QCOMPARE(f.navigator.Height(), to);
     }
 
     void pointerAndFocusGiveTheDirection()

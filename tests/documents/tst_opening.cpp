@@ -2,6 +2,7 @@
 
 #include "base/step.h"
 #include "engine/WBCustomizer.h"
+#include "support/Rows.h"
 
 #include <QFile>
 #include <QTest>
@@ -45,22 +46,19 @@ private slots:
 
     void shortcutFilesOpenTheAddressInside_data()
     {
-        QTest::addColumn<QString>("prefix");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("opened");
         const QString inside = u"http://inside.example/"_s;
-        QTest::newRow("path") << QString() << u"site.url"_s << inside;
-        QTest::newRow("file address") << u"FILE://"_s << u"site.Url"_s << inside;
-        QTest::newRow("encoded blank") << u"file://"_s << u"two%20words.url"_s << inside;
-        QTest::newRow("missing file") << QString() << u"none.url"_s << QString();
-        QTest::newRow("other file") << u"file://"_s << u"page.html"_s << u"file://%1/page.html"_s;
+        rows<QString, QString, QString>({
+            {"path", {QString(), u"site.url"_s, inside}},
+            {"file address", {u"FILE://"_s, u"site.Url"_s, inside}},
+            {"encoded blank", {u"file://"_s, u"two%20words.url"_s, inside}},
+            {"missing file", {QString(), u"none.url"_s, QString()}},
+            {"other file", {u"file://"_s, u"page.html"_s, u"file://%1/page.html"_s}},
+        });
     }
 
     void shortcutFilesOpenTheAddressInside()
     {
-        QFETCH(const QString, prefix);
-        QFETCH(const QString, name);
-        QFETCH(const QString, opened);
+        const auto [prefix, name, opened] = row<QString, QString, QString>();
         DocumentFixture f;
         for (const QString &file : {u"site.url"_s, u"two words.url"_s}) {
             QFile shortcut(f.folder.filePath(file));

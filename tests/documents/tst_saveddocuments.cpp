@@ -1,6 +1,7 @@
 #include "support/DocumentFixture.h"
 
 #include "documents/frmLoad.h"
+#include "support/Rows.h"
 
 #include <QCheckBox>
 #include <QRadioButton>
@@ -75,22 +76,18 @@ private slots:
 
     void question_data()
     {
-        QTest::addColumn<bool>("loads");
-        QTest::addColumn<bool>("dontAsk");
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<int>("action");
-        QTest::newRow("load") << true << false << Qt::Key_Return << 2;
-        QTest::newRow("always load") << true << true << Qt::Key_Return << 1;
-        QTest::newRow("nothing") << false << false << Qt::Key_Return << 2;
-        QTest::newRow("never again") << false << true << Qt::Key_Return << 3;
-        QTest::newRow("Escape ignores the box") << false << true << Qt::Key_Escape << 2;
+        rows<bool, bool, Qt::Key, int>({
+            {"load", {true, false, Qt::Key_Return, 2}},
+            {"always load", {true, true, Qt::Key_Return, 1}},
+            {"nothing", {false, false, Qt::Key_Return, 2}},
+            {"never again", {false, true, Qt::Key_Return, 3}},
+            {"Escape ignores the box", {false, true, Qt::Key_Escape, 2}},
+        });
     }
 
     void question()
     {
-        QFETCH(const bool, loads);
-        QFETCH(const bool, dontAsk);
-        QFETCH(const Qt::Key, key);
+        const auto [loads, dontAsk, key, action] = row<bool, bool, Qt::Key, int>();
         DocumentFixture f;
         f.settings.LoadAction = 2;
         f.flags.ShortcutsEnabled = true;
@@ -102,7 +99,7 @@ private slots:
         form.chkDontAskAgain->setChecked(dontAsk);
         QTest::keyClick(&form, key);
         QVERIFY(!form.isVisible() && f.flags.ShortcutsEnabled);
-        QTEST(int(f.settings.LoadAction), "action");
+        QCOMPARE(int(f.settings.LoadAction), action);
         QCOMPARE(f.main.calls.contains(u"LoadAllDocuments"_s), loads);
     }
 

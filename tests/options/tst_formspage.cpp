@@ -7,6 +7,7 @@
 #include "options/FormsPage.h"
 #include "options/frmOptions1.h"
 #include "support/RecordingDialogs.h"
+#include "support/Rows.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -91,19 +92,16 @@ class tst_FormsPage : public QObject
 private slots:
     void protection_data()
     {
-        QTest::addColumn<QString>("password");
-        QTest::addColumn<QString>("confirm");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("right") << u"a b"_s << u"a b"_s << QString();
-        QTest::newRow("no password") << QString() << u"x"_s << kNoPassword;
-        QTest::newRow("other letters") << u"Secret"_s << u"secret"_s << kNoMatch;
+        rows<QString, QString, QString>({
+            {"right", {u"a b"_s, u"a b"_s, QString()}},
+            {"no password", {QString(), u"x"_s, kNoPassword}},
+            {"other letters", {u"Secret"_s, u"secret"_s, kNoMatch}},
+        });
     }
 
     void protection()
     {
-        QFETCH(QString, password);
-        QFETCH(QString, confirm);
-        QFETCH(QString, message);
+        const auto [password, confirm, message] = row<QString, QString, QString>();
         Fixture f;
         FormsPage &page = f.open();
         page.Password->setText(password);

@@ -1,5 +1,6 @@
 #include "support/DocumentFixture.h"
 
+#include "support/Rows.h"
 #include "system/frmQSearch.h"
 
 #include <QComboBox>
@@ -18,23 +19,21 @@ private slots:
 
     void queries_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("address");
         const QString web = u"https://www.google.com/search?hl=en&lr=&ie=UTF-8&oe=UTF-8&q="_s;
-        QTest::newRow("words") << u" two  words "_s << 0 << web + u"two++words"_s;
-        QTest::newRow("nothing is encoded") << u"a&b#c"_s << 0 << web + u"a&b#c"_s;
-        QTest::newRow("groups") << u"x"_s << 1
-                                << u"https://groups.google.com/groups?hl=en&lr=&ie=UTF-8&oe=UTF-8&tab=nf&q="
-                                   "x&sa=N&tab=fg"_s;
-        QTest::newRow("empty") << QString() << 0 << web;
+        rows<QString, int, QString>({
+            {"words", {u" two  words "_s, 0, web + u"two++words"_s}},
+            {"nothing is encoded", {u"a&b#c"_s, 0, web + u"a&b#c"_s}},
+            {"groups",
+             {u"x"_s, 1,
+              u"https://groups.google.com/groups?hl=en&lr=&ie=UTF-8&oe=UTF-8&tab=nf&q="
+              "x&sa=N&tab=fg"_s}},
+            {"empty", {QString(), 0, web}},
+        });
     }
 
     void queries()
     {
-        QFETCH(const QString, typed);
-        QFETCH(const int, type);
-        QFETCH(const QString, address);
+        const auto [typed, type, address] = row<QString, int, QString>();
         DocumentFixture f;
         f.flags.ShortcutsEnabled = true;
         frmQSearch form(&f.window, f.main, f.store, f.flags);
