@@ -11,6 +11,12 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kEnter = 13;
+
+} // namespace
+
 AddressBarRules::AddressBarRules(const Parts &parts, QObject *parent)
     : QObject(parent)
     , m_parts(parts)
@@ -22,9 +28,19 @@ AddressBarRules::AddressBarRules(const Parts &parts, QObject *parent)
     connect(bar, &ComboBox::beginEdit, this, [this] { m_bAddressEditing = true; });
     connect(bar, &ComboBox::endEdit, this, [this] { m_bAddressEditing = false; });
     connect(bar, &ComboBox::textChanged, this, [this] { m_parts.Go.setEnabled(!m_parts.AddressBar.Text().isEmpty()); });
-    connect(bar, &ComboBox::key, this, &AddressBarRules::AddressBar_Key);
-    connect(bar, &ComboBox::listItemPicked, this, &AddressBarRules::AddressBar_Click);
-    connect(&m_parts.Go, &QAbstractButton::clicked, this, &AddressBarRules::Go_Click);
+    connect(bar, &ComboBox::key, this, [this](int &keyCode, int shift) {
+        AddressBar_Key(keyCode, shift);
+        if (keyCode == kEnter)
+            tellSent();
+    });
+    connect(bar, &ComboBox::listItemPicked, this, [this] {
+        AddressBar_Click();
+        tellSent();
+    });
+    connect(&m_parts.Go, &QAbstractButton::clicked, this, [this] {
+        Go_Click();
+        tellSent();
+    });
     m_parts.Go.setEnabled(!bar->Text().isEmpty());
 
     auto *completion = new AddressCompletion(*bar, m_parts.visits, this);
@@ -32,7 +48,14 @@ AddressBarRules::AddressBarRules(const Parts &parts, QObject *parent)
         m_bAddressEditing = false;
         m_parts.AddressBar.setText(address);
         AddressBar_Click();
+        tellSent();
     });
+}
+
+void AddressBarRules::tellSent()
+{
+    if (!m_parts.AddressBar.Text().isEmpty())
+        emit addressSent();
 }
 
 void AddressBarRules::AddAddress(const QString &s)
@@ -42,7 +65,6 @@ void AddressBarRules::AddAddress(const QString &s)
 
 void AddressBarRules::AddressBar_Key(int &keyCode, int /*shift*/)
 {
-    constexpr int kEnter = 13;
     if (keyCode != kEnter)
         return;
     controls::ComboBox &bar = m_parts.AddressBar;
@@ -58,14 +80,13 @@ void AddressBarRules::AddressBar_Key(int &keyCode, int /*shift*/)
         document->setCaption(QString());
         document->NavigateDoc(text);
     }
-    // The whole list counts here, the letters' case included.
-    const QString now = bar.Text();
+    // The whole list counts here, the letters' case included. What was sent goes in, and not what a new document has
+    // made of it in the box: that would be the same address a second time.
     for (int index = 0; index < bar.ListCount(); ++index) {
-        if (bar.List(index) == now)
+        if (bar.List(index) == text)
             return;
     }
-    if (!now.isEmpty())
-        AddAddress(now);
+    AddAddress(text);
 }
 
 void AddressBarRules::AddressBar_Click()

@@ -103,6 +103,10 @@ private slots:
         bar.pick(u"c"_s); // which looks at no check box
         QCOMPARE(bar.count(), 1);
         QCOMPARE(bar.navigations().last(), u"Navigate2 c"_s);
+        // A new document shows the address that was made of what was typed; the list has it once.
+        connect(&bar.mdi, &controls::MdiFrame::formActivated, this, [&] { bar.addressBar.setText(u"http://d/"_s); });
+        bar.enter(u"d"_s);
+        QCOMPARE(bar.list(), words("d c b A c b a x"));
     }
 
     void go()
