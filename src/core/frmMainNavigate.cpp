@@ -175,8 +175,8 @@ void Commands::stopAll()
 
 void Commands::mnuFileOpen()
 {
-    QString file = m_main.mainCode().ground().dialogs.openFile(&m_main, LoadResString(1036),
-                                                               LoadResString(20058) + u"|*.htm;*html;*.url"_s);
+    const QString file = m_main.mainCode().ground().dialogs.openFile(&m_main, LoadResString(1036),
+                                                                     LoadResString(20058) + u"|*.htm;*html;*.url"_s);
     if (file.isEmpty() || m_main.isUnloaded())
         return;
     m_main.LoadNewDoc(file);

@@ -1,5 +1,6 @@
 #include "MainFixture.h"
 
+#include "base/Files.h"
 #include "core/frmWindows.h"
 
 #include <QClipboard>
@@ -223,6 +224,20 @@ private slots:
                 sent += browser->calls.filter(u"Navigate2"_s).join(u',').remove(u"Navigate2 "_s);
             QCOMPARE(sent.join(u'|'), document ? withDocument : withoutDocument);
         }
+    }
+
+    /// A document that was opened from a file is called after the file until its page has a title.
+    void openedFile()
+    {
+        MainFixture f;
+        QVERIFY(f.startQuietly());
+        click(f.main(), u"mnuFileOpen"_s); // which is left without a choice
+        QVERIFY(!f.main().ActiveForm());
+        f.dialogs.file = f.folder.filePath(u"a.url"_s);
+        QVERIFY(writeFileWhole(f.dialogs.file, "[InternetShortcut]\r\nURL=http://in.side/\r\n"));
+        click(f.main(), u"mnuFileOpen"_s);
+        QVERIFY(f.engine.browsers.last()->calls.contains(u"Navigate2 http://in.side/"_s));
+        QCOMPARE(f.main().ActiveForm()->Caption(), f.dialogs.file);
     }
 
     void textSizeStaysInItsRange()
