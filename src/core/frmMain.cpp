@@ -1,9 +1,9 @@
 #include "core/frmMain.h"
 
 #include "core/AllSettings.h"
-#include "core/CaptionShortcuts.h"
 #include "core/CaretRest.h"
 #include "core/KeyboardHook.h"
+#include "core/Shortcuts.h"
 #include "core/frmMainCommands.h"
 #include "core/frmPassword.h"
 #include "core/frmWindows.h"
@@ -30,6 +30,7 @@
 #include "documents/frmNavigator.h"
 #include "engine/Engine.h"
 #include "engine/WBCustomizer.h"
+#include "engine/WebBrowser.h"
 #include "forms/FormKey.h"
 #include "forms/FormLock.h"
 #include "options/frmOptions1.h"
@@ -38,6 +39,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPainter>
+#include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -138,6 +140,7 @@ void frmMain::createAddressBand()
     AddressBar = new controls::ComboBox(Picture1);
     AddressBar->setAccessibleName(LoadResString(20050).remove(u'&'));
     Label1->setBuddy(AddressBar);
+    Label1->installEventFilter(this);
     Label1->resize(Label1->sizeHint().width(), kBandHeight);
     Label1->move(4, 0);
     AddressBar->setGeometry(Label1->geometry().right() + 7, 1, 200, kButtonEdge);
@@ -173,6 +176,12 @@ void frmMain::wire()
     m_commands = std::make_unique<Commands>(*this);
     m_addressBarRules = std::make_unique<AddressBarRules>(
         AddressBarRules::Parts{*this, m_mainCode.flags, *AddressBar, *Go, *goNew, &ground.engine.visits()});
+    const auto focusPage = [this] {
+        if (Document *document = ActiveForm())
+            document->browser()->setFocus();
+    };
+    // Later, when no list of the bar is open any more, which would hide from it that the focus goes.
+    connect(m_addressBarRules.get(), &AddressBarRules::addressSent, this, focusPage, Qt::QueuedConnection);
 
     connect(Clock, &QTimer::timeout, this, [this] { showClock(*vbalStatusBar1); });
     connect(vbalStatusBar1, &controls::StatusBar::panelDoubleClick, this, &frmMain::vbalStatusBar1_PanelDoubleClick);
@@ -205,7 +214,9 @@ void frmMain::wireMenus()
         connect(popup, &controls::PopupMenu::Click, this, [this, popup](int item) { m_commands->Click(*popup, item); });
     }
     connect(m_cMenu.get(), &controls::PopupMenu::InitPopupMenu, this, &frmMain::m_cMenu_InitPopupMenu);
-    addCaptionShortcuts(*this, *m_cMenu, *m_commands, m_mainCode.flags);
+    addShortcuts(*this, *m_cMenu, *m_commands, m_mainCode.flags);
+    for (const QKeySequence &keys : {QKeySequence(u"Ctrl+L"_s), QKeySequence(u"F6"_s)})
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, &frmMain::focusAddressBar);
     m_tabStrip = std::make_unique<TabStrip>(TabStrip::Parts{*this, m_mainCode.settings, *mdi, navigator->ListView1,
                                                             *vbalDTabControl1, *m_cTabMenu, *m_cNew});
     connect(m_tabStrip.get(), &TabStrip::tabMenuCommand, this, [this](const QString &key) { m_commands->run(key); });
@@ -323,6 +334,11 @@ void frmMain::layOutTabBand()
 
 bool frmMain::eventFilter(QObject *watched, QEvent *event)
 {
+    // The letter of the caption is taken before the keyboard hook sees the key; both do the same.
+    if (watched == Label1 && event->type() == QEvent::Shortcut) {
+        focusAddressBar();
+        return true;
+    }
     // They come and go with the maximised state of the documents.
     if (mdi && watched == mdi->childControls() && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
         QMetaObject::invokeMethod(this, &frmMain::layOutTabBand, Qt::QueuedConnection);

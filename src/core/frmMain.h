@@ -157,6 +157,8 @@ private:
     void wireMenus();
 
     void MDIForm_Load();
+    /// Leads the keyboard to the address bar, with the whole address selected.
+    void focusAddressBar();
     void installKeyboardHook();
     void loadAllSettings();
     void saveAllSettings();

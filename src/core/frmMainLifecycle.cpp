@@ -34,6 +34,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QLineEdit>
 #include <QScreen>
 #include <QToolButton>
 #include <QUrl>
@@ -98,17 +99,20 @@ void frmMain::MDIForm_Load()
     openFirstDocument();
 }
 
+void frmMain::focusAddressBar()
+{
+    goNew->setFocus();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    AddressBar->setFocus(Qt::ShortcutFocusReason);
+    // So that typing begins a new address.
+    AddressBar->lineEdit()->selectAll();
+}
+
 void frmMain::installKeyboardHook()
 {
-    const auto focusAddressBar = [this] {
-        goNew->setFocus();
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        // Selects the whole address, so that typing begins a new one.
-        AddressBar->setFocus(Qt::ShortcutFocusReason);
-    };
     m_keyboardHook = std::make_unique<KeyboardHook>(
         m_mainCode.flags, KeyboardHook::Actions{
-                              focusAddressBar,
+                              [this] { focusAddressBar(); },
                               [this] { m_commands->mnuNavigateStop(); },
                               [this](bool backwards) { m_tabStrip->stepThroughTabs(backwards); },
                               [this] { m_commands->run(u"mnuFileClose"_s); },

@@ -48,7 +48,13 @@ public:
     /// Icon of the list's entries.
     static constexpr int kAddressIcon = 4;
 
+signals:
+    /// The user has sent an address on its way and is done with the bar.
+    void addressSent();
+
 private:
+    void tellSent();
+
     Parts m_parts;
     bool m_focus = false;
     bool m_bAddressEditing = false;

@@ -1,4 +1,4 @@
-#include "core/CaptionShortcuts.h"
+#include "core/Shortcuts.h"
 
 #include "core/frmMainCommands.h"
 
@@ -20,6 +20,21 @@ bool isHooked(const QKeySequence &keys)
                                              QKeySequence(u"F9"_s)};
     return kHooked.contains(keys);
 }
+
+/// Keys that the captions have no room for.
+struct FurtherKeys
+{
+    const char *keys;
+    const char16_t *command;
+};
+constexpr FurtherKeys kFurtherKeys[] = {
+    {"F5", u"mnuNavigateRefresh"},        {"Ctrl+R", u"mnuNavigateRefresh"},
+    {"Ctrl+F5", u"mnuNavigateRefresh"},   {"Refresh", u"mnuNavigateRefresh"},
+    {"Alt+Left", u"mnuNavigateBack"},     {"Back", u"mnuNavigateBack"},
+    {"Alt+Right", u"mnuNavigateForward"}, {"Forward", u"mnuNavigateForward"},
+    {"Stop", u"mnuNavigateStop"},         {"Ctrl+T", u"mnuFileNew"},
+    {"Ctrl+U", u"mnuViewSource"},
+};
 
 void addShortcut(QWidget &window, controls::PopupMenu &menu, int item, const QKeySequence &keys, Commands &commands,
                  const ProcessFlags &flags)
@@ -48,7 +63,10 @@ void addBelow(QWidget &window, controls::PopupMenu &menu, int parent, Commands &
 
 } // namespace
 
-void addCaptionShortcuts(QWidget &window, controls::PopupMenu &menu, Commands &commands, const ProcessFlags &flags)
+void addShortcuts(QWidget &window, controls::PopupMenu &menu, Commands &commands, const ProcessFlags &flags)
 {
     addBelow(window, menu, 0, commands, flags);
+    for (const auto &[keys, command] : kFurtherKeys)
+        addShortcut(window, menu, menu.IndexForKey(QString::fromUtf16(command)),
+                    QKeySequence(QString::fromLatin1(keys)), commands, flags);
 }
