@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -136,8 +137,10 @@ private slots:
         QVERIFY(bar.rules.bAddressEditing());
         bar.rules.AddressBar_Click();
         QCOMPARE(bar.navigations(), before);
+        QSignalSpy sent(&bar.rules, &AddressBarRules::addressSent);
         QTest::keyClick(bar.addressBar.lineEdit(), Qt::Key_Return);
         QCOMPARE(bar.navigations().size(), before.size() + 1);
+        QCOMPARE(sent.count(), 1);
     }
 
     /// The suggestion that Enter picks goes out in place of what was typed, and like any pick it looks at no check box.

@@ -2,6 +2,7 @@
 
 #include "base/Strings.h"
 #include "controls/PageBox.h"
+#include "engine/PageZoom.h"
 #include "engine/WebBrowser.h"
 
 #include <QKeyEvent>
@@ -27,6 +28,8 @@ PageCommands::Warn boxIn(WebBrowser &browser)
 PageTools::PageTools(WebBrowser &browser, QWebEnginePage &page, PageMemory &memory, PageReader::Known known,
                      PageCommands::Tell tell)
     : m_browser(browser)
+    , m_page(page)
+    , m_tell(tell)
     , m_printer(page)
     , m_saver(page)
     , m_reader(page, std::move(known))
@@ -91,7 +94,17 @@ bool PageTools::keyPressed(const QKeyEvent &event)
     else if (event.key() == Qt::Key_Escape && isOpen)
         hideFindBar();
     else
+        return zoomKeyPressed(event);
+    return true;
+}
+
+bool PageTools::zoomKeyPressed(const QKeyEvent &event)
+{
+    const double factor = zoomForKey(event, m_page.zoomFactor());
+    if (factor == 0)
         return false;
+    m_page.setZoomFactor(factor);
+    m_tell(LoadResString(20574).arg(qRound(factor * 100)));
     return true;
 }
 

@@ -48,8 +48,11 @@ protected:
 
 private:
     FindBar &bar();
+    bool zoomKeyPressed(const QKeyEvent &event);
 
     WebBrowser &m_browser;
+    QWebEnginePage &m_page;
+    PageCommands::Tell m_tell;
     PagePrinter m_printer;
     PageSaver m_saver;
     PageReader m_reader;
