@@ -25,6 +25,8 @@ namespace {
 /// A page may send megabytes; nobody reads on after this.
 constexpr int kTextLimit = 20000;
 constexpr int kTitleLimit = 200;
+/// A word may have so many characters before it is broken: this many wide letters fit into a line.
+constexpr int kWordLimit = 30;
 constexpr int kPanelWidth = 440;
 /// Free pixels between the panel and the edge of the page.
 constexpr int kEdge = 16;
@@ -32,6 +34,23 @@ constexpr int kEdge = 16;
 QString cut(const QString &text)
 {
     return text.size() > kTextLimit ? text.left(kTextLimit) + QChar(0x2026) : text;
+}
+
+/// The text with places in its long words where a line may end: a label cuts off what does not fit.
+QString breakable(const QString &text)
+{
+    constexpr QChar kZeroWidthSpace(0x200b);
+    QString result;
+    int run = 0;
+    for (const QChar c : text) {
+        if (run >= kWordLimit && !c.isLowSurrogate() && !c.isMark()) {
+            result += kZeroWidthSpace;
+            run = 0;
+        }
+        result += c;
+        run = c.isSpace() ? 0 : run + 1;
+    }
+    return result;
 }
 
 QLabel *plainLabel(const QString &text, QWidget *parent)
@@ -58,6 +77,7 @@ PageBox::PageBox(QWidget *page, const Content &content, Reply reply)
     m_panel = new QFrame(this);
     m_panel->setObjectName(u"panel"_s);
     m_panel->setAutoFillBackground(true);
+    m_panel->setBackgroundRole(QPalette::Window); // whatever the page below has
     auto *column = new QVBoxLayout(m_panel);
     column->setContentsMargins(18, 14, 18, 14);
     column->setSpacing(8);
@@ -85,7 +105,7 @@ PageBox::~PageBox()
 
 void PageBox::buildTexts(QVBoxLayout *column, const QString &title, const QString &from, const Content &content)
 {
-    QLabel *head = plainLabel(title, m_panel);
+    QLabel *head = plainLabel(breakable(title), m_panel);
     head->setObjectName(u"title"_s);
     QFont bold = head->font();
     bold.setBold(true);
@@ -93,13 +113,13 @@ void PageBox::buildTexts(QVBoxLayout *column, const QString &title, const QStrin
     head->setVisible(!title.isEmpty());
     column->addWidget(head);
 
-    QLabel *origin = plainLabel(from, m_panel);
+    QLabel *origin = plainLabel(breakable(from), m_panel);
     origin->setObjectName(u"from"_s);
     origin->setForegroundRole(QPalette::PlaceholderText);
     origin->setVisible(!from.isEmpty());
     column->addWidget(origin);
 
-    m_message = plainLabel(cut(content.text), m_panel);
+    m_message = plainLabel(breakable(cut(content.text)), m_panel);
     m_message->setObjectName(u"text"_s);
     m_message->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
