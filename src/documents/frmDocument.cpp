@@ -5,6 +5,7 @@
 #include "base/units.h"
 #include "controls/BandContainer.h"
 #include "controls/ComboBox.h"
+#include "controls/Focus.h"
 #include "controls/ListView.h"
 #include "controls/MdiFrame.h"
 #include "controls/PageBox.h"
@@ -195,7 +196,7 @@ void frmDocument::Form_Activate()
     m_context.AddressBar.setFocus();
     const Document *active = m_context.frmMain.ActiveForm();
     if (active && active->browser())
-        active->browser()->setFocus();
+        controls::giveFocus(*active->browser());
     step([&] { openBrowser().setSilent(m_context.settings.SuppressScriptErrors); });
 }
 

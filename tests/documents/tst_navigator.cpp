@@ -98,8 +98,13 @@ private slots:
         button(navigator, u"Close"_s)->trigger();
         QCOMPARE(f.disorder(), QString());
         QCOMPARE(f.line(1).Text(), u"b"_s);
+        navigator.show();
+        navigator.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&navigator));
         button(navigator, u"New"_s)->trigger();
         QCOMPARE(f.main.opened.last(), u"http://home.example/"_s);
+        // The new document takes the keyboard.
+        QTRY_VERIFY(f.window.isActiveWindow());
     }
 
     void closeOnlyHides()
