@@ -454,7 +454,7 @@ void Commands::mnuHelpContents()
 
 void Commands::mnuHelpQuickTour()
 {
-    m_main.LoadNewDoc(kSite + u"/qtour/index.html"_s);
+    m_main.LoadNewDoc(kSite + u"/qtour/"_s);
 }
 
 void Commands::mnuHelpReportBug()
