@@ -34,12 +34,7 @@ private:
 
 BandNeed need(int width, int minWidth, int height, bool fixedSize = false)
 {
-    BandNeed each;
-    each.width = width;
-    each.minWidth = minWidth;
-    each.height = height;
-    each.fixedSize = fixedSize;
-    return each;
+    return {true, fixedSize, width, minWidth, height, {}};
 }
 
 } // namespace
@@ -72,10 +67,8 @@ private slots:
     void draggingMovesBands()
     {
         BandRows rows;
-        rows.append(0, true);
-        rows.append(1, true);
-        rows.append(2, false);
-        rows.append(3, false);
+        for (const int band : {0, 1, 2, 3})
+            rows.append(band, band < 2);
         std::vector<BandNeed> needs{need(100, 30, 20), need(100, 30, 20), need(100, 30, 20), need(36, 36, 16, true)};
         const auto layOut = [&] { rows.layOut(needs, 400); };
         const int second = 20 + BandRows::kLine + 5;

@@ -24,12 +24,12 @@ private slots:
         m_other = new QLineEdit;
         layout->addWidget(m_box);
         layout->addWidget(m_other);
-        const auto log = [this](const QString &what) { m_log << what + u' ' + m_box->Text(); };
-        connect(m_box, &ComboBox::gotFocus, this, [=] { log(u"got"_s); });
-        connect(m_box, &ComboBox::lostFocus, this, [=] { log(u"lost"_s); });
-        connect(m_box, &ComboBox::beginEdit, this, [=] { log(u"begin"_s); });
-        connect(m_box, &ComboBox::endEdit, this, [=] { log(u"end"_s); });
-        connect(m_box, &ComboBox::listItemPicked, this, [=] { log(u"picked"_s); });
+        for (const auto &[signal, name] : {std::pair{&ComboBox::gotFocus, u"got "_s},
+                                           {&ComboBox::lostFocus, u"lost "_s},
+                                           {&ComboBox::beginEdit, u"begin "_s},
+                                           {&ComboBox::endEdit, u"end "_s},
+                                           {&ComboBox::listItemPicked, u"picked "_s}})
+            connect(m_box, signal, this, [this, name = name] { m_log << name + m_box->Text(); });
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         m_box->setFocus();

@@ -1,4 +1,3 @@
-#include "base/step.h"
 #include "controls/StatusBar.h"
 
 #include <QPaintEvent>

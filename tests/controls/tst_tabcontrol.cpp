@@ -1,4 +1,3 @@
-#include "base/step.h"
 #include "controls/GlyphButton.h"
 #include "controls/TabControl.h"
 

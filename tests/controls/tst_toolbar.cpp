@@ -1,4 +1,3 @@
-#include "base/step.h"
 #include "controls/StripImages.h"
 #include "controls/ToolBar.h"
 
@@ -13,28 +12,33 @@ using controls::ToolBar;
 
 namespace {
 
-constexpr int kDropDown = controls::kButtonAutoSize | controls::kButtonDropDown;
-
-/// New (drop-down), Home, a separator, Mail, News.
-void fill(ToolBar &bar)
+/// New (drop-down), Home, a separator, Mail and News, on the screen in its natural size, and a note of its clicks.
+struct Bar : ToolBar
 {
-    bar.CreateToolbar(16, true, true);
-    bar.AddButton(u"New"_s, 0, u"New"_s, kDropDown, u"New"_s);
-    bar.AddButton(u"Home"_s, 1, u"Home"_s, controls::kButtonAutoSize, u"Home"_s);
-    bar.AddButton({}, -1, {}, controls::kButtonSeparator, {});
-    bar.AddButton(u"Mail"_s, 2, u"R && D <b>"_s, controls::kButtonAutoSize, u"Mail"_s);
-    bar.AddButton(u"News"_s, 3, u"News"_s, controls::kButtonAutoSize, u"News"_s);
-}
-
-QAbstractButton *buttonNamed(const ToolBar &bar, const QString &name)
-{
-    for (QAbstractButton *each : bar.findChildren<QAbstractButton *>()) {
-        if (each->accessibleName() == name)
-            return each;
+    Bar()
+    {
+        CreateToolbar(16, true, true);
+        AddButton(u"New"_s, 0, u"New"_s, controls::kButtonAutoSize | controls::kButtonDropDown, u"New"_s);
+        AddButton(u"Home"_s, 1, u"Home"_s, controls::kButtonAutoSize, u"Home"_s);
+        AddButton({}, -1, {}, controls::kButtonSeparator, {});
+        AddButton(u"Mail"_s, 2, u"R && D <b>"_s, controls::kButtonAutoSize, u"Mail"_s);
+        AddButton(u"News"_s, 3, u"News"_s, controls::kButtonAutoSize, u"News"_s);
+        resize(sizeHint());
+        show();
+        QVERIFY(QTest::qWaitForWindowActive(this));
+    }
+    QAbstractButton *button(const QString &name) const
+    {
+        for (QAbstractButton *each : findChildren<QAbstractButton *>()) {
+            if (each->accessibleName() == name)
+                return each;
+        }
+        return nullptr;
     }
 
-    return nullptr;
-}
+    QSignalSpy clicks{this, &ToolBar::ButtonClick};
+    QSignalSpy drops{this, &ToolBar::DropDownPress};
+};
 
 } // namespace
 
@@ -44,52 +48,39 @@ class TestToolBar : public QObject
 private slots:
     void clicksAndDropDowns()
     {
-        ToolBar bar;
-        fill(bar);
-        bar.resize(bar.sizeHint());
-        bar.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&bar));
-        QSignalSpy clicks(&bar, &ToolBar::ButtonClick);
-        QSignalSpy drops(&bar, &ToolBar::DropDownPress);
-        QAbstractButton *fresh = buttonNamed(bar, u"New"_s);
+        Bar bar;
+        QAbstractButton *fresh = bar.button(u"New"_s);
         QTest::mouseClick(fresh, Qt::LeftButton, {}, {5, 5});
         QTest::mouseClick(fresh, Qt::LeftButton, {}, {fresh->width() - 4, 5});
-        QAbstractButton *home = buttonNamed(bar, u"Home"_s);
+        QAbstractButton *home = bar.button(u"Home"_s);
         QTest::mouseClick(home, Qt::LeftButton, {}, {home->width() - 4, 5});
         // The separator takes no click.
         QTest::mouseClick(&bar, Qt::LeftButton, {}, {home->geometry().right() + 4, 5});
-        QCOMPARE(clicks, QList<QVariantList>({{0}, {1}}));
-        QCOMPARE(drops, QList<QVariantList>({{0}}));
+        QCOMPARE(bar.clicks, QList<QVariantList>({{0}, {1}}));
+        QCOMPARE(bar.drops, QList<QVariantList>({{0}}));
         QVERIFY(!fresh->isDown());
 
         bar.setButtonEnabled(1, false);
         QTest::mouseClick(home, Qt::LeftButton);
-        QCOMPARE(clicks.size(), 2);
+        QCOMPARE(bar.clicks.size(), 2);
     }
 
     void rightClickAnywhere()
     {
-        ToolBar bar;
-        fill(bar);
+        Bar bar;
         bar.resize(bar.ToolbarWidth() + 50, bar.ToolbarHeight());
-        bar.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&bar));
         bar.setButtonEnabled(1, false);
-        QSignalSpy clicks(&bar, &ToolBar::ButtonClick);
         // Beside the buttons, on one and on one that is disabled.
         for (const int x : {bar.width() - 5, 5, bar.ButtonLeft(u"Home"_s) + 5})
             QTest::mouseClick(bar.windowHandle(), Qt::RightButton, {}, {x, 5});
         QTest::mouseClick(bar.windowHandle(), Qt::LeftButton, {}, {bar.width() - 5, 5});
-        QCOMPARE(clicks, QList<QVariantList>({{-1}, {-1}, {-1}}));
+        QCOMPARE(bar.clicks, QList<QVariantList>({{-1}, {-1}, {-1}}));
     }
 
     void chevronListsWhatDoesNotFit()
     {
-        ToolBar bar;
-        fill(bar);
-        bar.show();
+        Bar bar;
         const auto rest = [] { return qobject_cast<QMenu *>(QApplication::activePopupWidget()); };
-        bar.resize(bar.sizeHint());
         bar.ShowChevronMenu(0, 0);
         QVERIFY(!rest());
 
@@ -101,9 +92,8 @@ private slots:
         QCOMPARE(rest()->actions().size(), 2);
         QCOMPARE(rest()->actions().at(0)->text(), u"R &&&& D <b>"_s);
         QVERIFY(!rest()->actions().at(1)->isEnabled());
-        QSignalSpy clicks(&bar, &ToolBar::ButtonClick);
         rest()->actions().at(0)->trigger();
-        QCOMPARE(clicks, QList<QVariantList>({{3}}));
+        QCOMPARE(bar.clicks, QList<QVariantList>({{3}}));
         rest()->close();
         // A hidden button is no button that lacks room.
         bar.setButtonVisible(u"Mail"_s, false);
@@ -114,18 +104,12 @@ private slots:
 
     void keyboard()
     {
-        ToolBar bar;
-        fill(bar);
-        bar.resize(bar.sizeHint());
-        bar.show();
-        QVERIFY(QTest::qWaitForWindowActive(&bar));
-        QSignalSpy clicks(&bar, &ToolBar::ButtonClick);
-        QSignalSpy drops(&bar, &ToolBar::DropDownPress);
+        Bar bar;
         const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
         // A click leaves the focus alone.
-        QTest::mouseClick(buttonNamed(bar, u"Home"_s), Qt::LeftButton);
-        QVERIFY(!buttonNamed(bar, u"Home"_s)->hasFocus());
-        buttonNamed(bar, u"New"_s)->setFocus(Qt::TabFocusReason);
+        QTest::mouseClick(bar.button(u"Home"_s), Qt::LeftButton);
+        QVERIFY(!bar.button(u"Home"_s)->hasFocus());
+        bar.button(u"New"_s)->setFocus(Qt::TabFocusReason);
         press(Qt::Key_Down);
         press(Qt::Key_Right);
         press(Qt::Key_Return);
@@ -133,11 +117,11 @@ private slots:
         press(Qt::Key_Space);
         bar.setButtonEnabled(4, false);
         press(Qt::Key_Right); // past the disabled one, around the end
-        QVERIFY(buttonNamed(bar, u"New"_s)->hasFocus());
+        QVERIFY(bar.button(u"New"_s)->hasFocus());
         press(Qt::Key_Left);
-        QVERIFY(buttonNamed(bar, u"R && D <b>"_s)->hasFocus());
-        QCOMPARE(drops, QList<QVariantList>({{0}}));
-        QCOMPARE(clicks, QList<QVariantList>({{1}, {1}, {3}}));
+        QVERIFY(bar.button(u"R && D <b>"_s)->hasFocus());
+        QCOMPARE(bar.drops, QList<QVariantList>({{0}}));
+        QCOMPARE(bar.clicks, QList<QVariantList>({{1}, {1}, {3}}));
     }
 
     /// Strips are files of the user: without alpha the colour of the corner is the background, and damage shows

@@ -1,7 +1,5 @@
-#include "base/Files.h"
 #include "desktop/DesktopDialogs.h"
 #include "desktop/Paths.h"
-#include "desktop/SystemTrayIcon.h"
 
 #include <QApplication>
 #include <QFileInfo>

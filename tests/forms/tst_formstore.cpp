@@ -3,6 +3,7 @@
 #include "desktop/Paths.h"
 #include "forms/FormFile.h"
 #include "forms/FormStore.h"
+#include "support/Rows.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -146,32 +147,25 @@ private slots:
 
     void oddFiles_data()
     {
-        QTest::addColumn<std::function<void(const QString &)>>("spoil");
-        QTest::addColumn<int>("left");
-        QTest::addColumn<bool>("isKept");
-        using Spoil = std::function<void(const QString &)>;
-        const auto row = [](const char *name, Spoil spoil, int left, bool isKept) {
-            QTest::newRow(name) << spoil << left << isKept;
-        };
         const auto shortened = [](const QString &path) { QVERIFY(QFile::resize(path, QFileInfo(path).size() - 1)); };
         const auto removed = [](const QString &path) { QFile::remove(path); };
         const auto grown = [](const QString &path) { QVERIFY(QFile::resize(path, 100'000'000)); };
         const auto folder = [](const QString &path) { QVERIFY(QFile::remove(path) && QDir().mkdir(path)); };
         const auto keyLost = [](const QString &path) { QFile::remove(path.chopped(3) + u"key"_s); };
         const auto keyCut = [](const QString &path) { QVERIFY(QFile::resize(path.chopped(3) + u"key"_s, 20)); };
-        row("missing", removed, 0, false);
-        row("last byte lost", shortened, 6, true);
-        row("of 100 MB", grown, 0, true);
-        row("a folder", folder, 0, true);
-        row("key missing", keyLost, 0, true);
-        row("key damaged", keyCut, 0, true);
+        rows<std::function<void(const QString &)>, int, bool>({
+            {"missing", {removed, 0, false}},
+            {"last byte lost", {shortened, 6, true}},
+            {"of 100 MB", {grown, 0, true}},
+            {"a folder", {folder, 0, true}},
+            {"key missing", {keyLost, 0, true}},
+            {"key damaged", {keyCut, 0, true}},
+        });
     }
 
     void oddFiles()
     {
-        QFETCH(std::function<void(const QString &)>, spoil);
-        QFETCH(int, left);
-        QFETCH(bool, isKept);
+        const auto [spoil, left, isKept] = row<std::function<void(const QString &)>, int, bool>();
         saveSample();
         spoil(path());
 
