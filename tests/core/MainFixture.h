@@ -68,6 +68,7 @@ public:
         main().close();
     }
     frmMain &main() { return *code->mainWindow(); }
+    bool isChecked(const QString &menuKey) { return main().m_cMenu->Checked(main().m_cMenu->IndexForKey(menuKey)); }
     Settings &settings() { return code->settings; }
     /// What the browsers were told to open, in the order of their making.
     QStringList opened() const

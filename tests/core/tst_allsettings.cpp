@@ -51,48 +51,40 @@ class tst_AllSettings : public QObject
 {
     Q_OBJECT
 private slots:
-    void everyKeyComesBack_data()
-    {
-        QTest::addColumn<int>("turn");
-        QTest::newRow("even") << 0;
-        QTest::newRow("odd") << 1;
-    }
-
     void everyKeyComesBack()
     {
-        QFETCH(const int, turn);
-        const QHash<QString, QString> values = valuesOfTurn(turn);
-        MainFixture f;
-        f.seedQuietStart();
-        for (const Key &each : everyKey())
-            f.set(each.section, each.name, values[each.name]);
-        f.set(u"CustomLinks", u"CustomLinksName2", u"second");
-        f.set(u"CustomLinks", u"CustomLinksURL2", u"http://second.example/");
-        QVERIFY(f.start());
-        QCOMPARE(f.settings().CustomLinks.Names[2], u"second"_s);
-        const auto isMarked = [&](const QString &key) {
-            const int item = f.main().m_cMenu->IndexForKey(key);
-            // An entry that is off shows its empty box.
-            [&] { QVERIFY2(f.main().m_cMenu->action(item)->isCheckable(), qPrintable(key)); }();
-            return f.main().m_cMenu->Checked(item);
-        };
-        QCOMPARE(isMarked(u"mnuContentImage"_s), f.settings().EnableImages);
-        QCOMPARE(isMarked(u"mnuContentSuppressErrors"_s), f.settings().SuppressErrors);
-        QCOMPARE(isMarked(u"mnuContentAutoFill"_s), f.settings().AutoFormFill);
-        QCOMPARE(f.main().vbalStatusBar1->PanelIcon(u"Item4"_s), f.settings().PopupKillerEnable ? 3 : 1);
+        for (const int turn : {0, 1}) {
+            const QHash<QString, QString> values = valuesOfTurn(turn);
+            MainFixture f;
+            f.seedQuietStart();
+            for (const Key &each : everyKey())
+                f.set(each.section, each.name, values[each.name]);
+            f.set(u"CustomLinks", u"CustomLinksName2", u"second");
+            f.set(u"CustomLinks", u"CustomLinksURL2", u"http://second.example/");
+            QVERIFY(f.start());
+            QCOMPARE(f.settings().CustomLinks.Names[2], u"second"_s);
+            for (const auto &[key, isOn] : {std::pair{u"mnuContentImage"_s, f.settings().EnableImages},
+                                            {u"mnuContentSuppressErrors"_s, f.settings().SuppressErrors},
+                                            {u"mnuContentAutoFill"_s, f.settings().AutoFormFill}}) {
+                QCOMPARE(f.isChecked(key), isOn);
+                // An entry that is off shows its empty box.
+                QVERIFY(f.main().m_cMenu->action(f.main().m_cMenu->IndexForKey(key))->isCheckable());
+            }
+            QCOMPARE(f.main().vbalStatusBar1->PanelIcon(u"Item4"_s), f.settings().PopupKillerEnable ? 3 : 1);
 
-        // Whatever stands in the store now is written over by the values in memory.
-        for (const Key &each : everyKey())
-            f.set(each.section, each.name, u"overwritten");
-        f.set(u"CustomLinks", u"CustomLinksURL2", u"overwritten");
-        // The skin of the next run is what is stored, not the one of this run.
-        f.main().g_sNextSkin = u"next"_s;
-        f.close();
-        for (const Key &each : everyKey()) {
-            const QString expected = each.name == u"CurrentSkin"_s ? u"next"_s : values[each.name];
-            QVERIFY2(f.get(each.section, each.name) == expected, qPrintable(each.name));
+            // Whatever stands in the store now is written over by the values in memory.
+            for (const Key &each : everyKey())
+                f.set(each.section, each.name, u"overwritten");
+            f.set(u"CustomLinks", u"CustomLinksURL2", u"overwritten");
+            // The skin of the next run is what is stored, not the one of this run.
+            f.main().g_sNextSkin = u"next"_s;
+            f.close();
+            for (const Key &each : everyKey()) {
+                const QString expected = each.name == u"CurrentSkin"_s ? u"next"_s : values[each.name];
+                QVERIFY2(f.get(each.section, each.name) == expected, qPrintable(each.name));
+            }
+            QCOMPARE(f.get(u"CustomLinks", u"CustomLinksURL2"), u"http://second.example/"_s);
         }
-        QCOMPARE(f.get(u"CustomLinks", u"CustomLinksURL2"), u"http://second.example/"_s);
     }
 
     void emptyStoreGivesTheDefaults()
@@ -131,7 +123,7 @@ private slots:
         QCOMPARE(f.main().AddressBar->ListCount(), 1);
         QVERIFY(!f.main().cReBar1->BandVisible(f.main().cReBar1->BandIndexForKey(u"Toolbar1"_s)));
         QVERIFY(f.main().vbalStatusBar1->isHidden());
-        QVERIFY(!f.main().m_cMenu->Checked(f.main().m_cMenu->IndexForKey(u"mnuViewStatusBar"_s)));
+        QVERIFY(!f.isChecked(u"mnuViewStatusBar"_s));
     }
 
     void windowKeysComeBack()
@@ -149,11 +141,8 @@ private slots:
         QVERIFY(f.start());
         QCOMPARE(f.main().pos(), QPoint(100, 60));
         QCOMPARE(f.main().size(), QSize(600, 500));
-        const auto checked = [&](QStringView key) {
-            return f.main().m_cMenu->Checked(f.main().m_cMenu->IndexForKey(key.toString()));
-        };
-        QVERIFY(checked(u"mnuViewNavigator") && checked(u"mnuViewAddressBar"));
-        QVERIFY(!checked(u"mnuViewTabsBar") && !checked(u"mnuViewStatusBar"));
+        QVERIFY(f.isChecked(u"mnuViewNavigator"_s) && f.isChecked(u"mnuViewAddressBar"_s));
+        QVERIFY(!f.isChecked(u"mnuViewTabsBar"_s) && !f.isChecked(u"mnuViewStatusBar"_s));
         for (const auto &[key, value] : values)
             f.set(u"Settings", key, u"overwritten");
         f.close();

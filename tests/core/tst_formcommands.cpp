@@ -135,7 +135,7 @@ private:
     }
     QStringList fills(int browser) { return f->engine.browsers[browser]->calls.filter(u"fill"_s); }
     frmOptions1 &dialog() { return *f->main().findChild<frmOptions1 *>(); }
-    bool isMarked() { return f->main().m_cMenu->Checked(f->main().m_cMenu->IndexForKey(u"mnuContentAutoFill"_s)); }
+    bool isMarked() { return f->isChecked(u"mnuContentAutoFill"_s); }
     void run(const QString &key) { QVERIFY(f->main().commands().run(key)); }
 
     std::unique_ptr<MainFixture> f;

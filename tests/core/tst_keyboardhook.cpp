@@ -1,5 +1,6 @@
 #include "core/KeyboardHook.h"
 #include "core/state/ProcessFlags.h"
+#include "support/Rows.h"
 
 #include <QTest>
 
@@ -9,53 +10,41 @@ class tst_KeyboardHook : public QObject
 private slots:
     void table_data()
     {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<QString>("with");
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<bool>("swallowed");
-        const auto row = [](const char *name, int key, const char *with, const char *action, bool swallowed) {
-            QTest::newRow(name) << key << QString::fromLatin1(with) << QString::fromLatin1(action) << swallowed;
-        };
-        row("Alt+D", 68, "alt", "address", true);
-        row("Alt+D held", 68, "alt repeat", "", false);
-        row("Esc", 27, "", "stop", false);
-        row("Esc held", 27, "repeat", "", false);
-        row("Ctrl+Tab", 9, "ctrl", "next", true);
-        row("Ctrl+Shift+Tab", 9, "ctrl shift", "previous", true);
-        row("Ctrl+Tab held or released", 9, "ctrl repeat", "", false);
-        row("Ctrl+25", 25, "ctrl", "next", true);
-        row("Ctrl+F4", 115, "ctrl", "close", false);
-        row("Alt+Home", 36, "alt", "home", true);
-        row("Ctrl+N", 78, "ctrl", "new", true);
-        row("Ctrl+Alt+N", 78, "ctrl alt", "new", true);
-        row("Ctrl+O", 79, "ctrl", "open", true);
-        row("F9", 120, "", "search", true);
-        row("F9 held", 120, "repeat", "", false);
-        row("another key", 65, "ctrl", "", false);
+        rows<int, QByteArray, QByteArray, bool>({
+            {"Alt+D", {68, "alt", "address", true}},
+            {"Alt+D held", {68, "alt repeat", "", false}},
+            {"Esc", {27, "", "stop", false}},
+            {"Esc held", {27, "repeat", "", false}},
+            {"Ctrl+Tab", {9, "ctrl", "next", true}},
+            {"Ctrl+Shift+Tab", {9, "ctrl shift", "previous", true}},
+            {"Ctrl+Tab held or released", {9, "ctrl repeat", "", false}},
+            {"Ctrl+25", {25, "ctrl", "next", true}},
+            {"Ctrl+F4", {115, "ctrl", "close", false}},
+            {"Alt+Home", {36, "alt", "home", true}},
+            {"Ctrl+N", {78, "ctrl", "new", true}},
+            {"Ctrl+Alt+N", {78, "ctrl alt", "new", true}},
+            {"Ctrl+O", {79, "ctrl", "open", true}},
+            {"F9", {120, "", "search", true}},
+            {"F9 held", {120, "repeat", "", false}},
+            {"another key", {65, "ctrl", "", false}},
+        });
     }
 
     void table()
     {
-        QFETCH(int, key);
-        QFETCH(QString, with);
-        QFETCH(QString, action);
-        QFETCH(bool, swallowed);
+        const auto [key, with, action, swallowed] = row<int, QByteArray, QByteArray, bool>();
         ProcessFlags flags;
         flags.ShortcutsEnabled = true;
         m_done.clear();
         KeyboardHook hook(flags, recording());
-        uint32_t bits = 0;
-        if (with.contains(QLatin1String("alt")))
-            bits |= KeyboardHook::kAltBit;
-        if (with.contains(QLatin1String("repeat")))
-            bits |= KeyboardHook::kRepeatBit;
-        const int result = hook.KeyboardHookProc(0, key, bits, with.contains(QLatin1String("ctrl")),
-                                                 with.contains(QLatin1String("shift")));
+        const uint32_t bits = (with.contains("alt") ? KeyboardHook::kAltBit : 0) |
+                              (with.contains("repeat") ? KeyboardHook::kRepeatBit : 0);
+        const int result = hook.KeyboardHookProc(0, key, bits, with.contains("ctrl"), with.contains("shift"));
         QCOMPARE(result, swallowed ? 1 : 0);
-        QCOMPARE(m_done.join(u' '), action);
+        QCOMPARE(m_done, action);
         // the repeat bit hides the modifiers from the table only
-        QCOMPARE(flags.CtrlDown, with.contains(QLatin1String("ctrl")));
-        QCOMPARE(flags.AltDown, with.contains(QLatin1String("alt")));
+        QCOMPARE(flags.CtrlDown, with.contains("ctrl"));
+        QCOMPARE(flags.AltDown, with.contains("alt"));
     }
 
     void flagsAndSwitch()
@@ -71,24 +60,19 @@ private slots:
         QCOMPARE(hook.KeyboardHookProc(-1, 78, 0, true, false), 0);
         for (const int plain : {68, 9, 115, 36, 79})
             QCOMPARE(hook.KeyboardHookProc(0, plain, 0, false, false), 0);
-        QCOMPARE(m_done, QStringList());
+        QCOMPARE(m_done, QByteArray());
     }
 
 private:
     KeyboardHook::Actions recording()
     {
-        const auto note = [this](const char *name) { return [this, name] { m_done << QString::fromLatin1(name); }; };
-        return {note("address"),
-                note("stop"),
-                [this](bool back) { m_done << (back ? QStringLiteral("previous") : QStringLiteral("next")); },
-                note("close"),
-                note("home"),
-                note("new"),
-                note("open"),
-                note("search")};
+        const auto note = [this](const char *name) { return [this, name] { m_done += name; }; };
+        const auto step = [this](bool back) { m_done += back ? "previous" : "next"; };
+        return {note("address"), note("stop"), step,         note("close"),
+                note("home"),    note("new"),  note("open"), note("search")};
     }
 
-    QStringList m_done;
+    QByteArray m_done;
 };
 
 QTEST_MAIN(tst_KeyboardHook)

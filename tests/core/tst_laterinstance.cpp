@@ -14,25 +14,21 @@ class tst_LaterInstance : public QObject
 private slots:
     void messageOpensADocument()
     {
-        struct Case
-        {
-            QByteArray bytes;
-            int size;
-            QStringList opened;
-        };
         MainFixture f;
         QVERIFY(f.startQuietly());
         QStringList opened;
-        for (const Case &each : {Case{"http://a/", 9, {u"http://a/"_s}},
-                                 {"http://a/", 9, {u"http://a/"_s}}, // gets a new tab each time
-                                 {"http://\xc3\xa4/", 10, {u"http://ä/"_s}},
-                                 {QByteArray(1, '\0'), 1, {QString()}},
-                                 {"http://a/bc", 9, {u"http://a/"_s}},
-                                 {QByteArray("a\0b", 3), 3, {u"a"_s}},
-                                 {{}, 0, {}},
-                                 {"http://a/", -1, {}}}) {
-            f.code->MainWindowProc(each.size, each.bytes);
-            opened += each.opened;
+        const std::initializer_list<std::tuple<int, QByteArray, QStringList>> cases{
+            {9, "http://a/", {u"http://a/"_s}},
+            {9, "http://a/", {u"http://a/"_s}}, // gets a new tab each time
+            {10, "http://\xc3\xa4/", {u"http://ä/"_s}},
+            {1, QByteArray(1, '\0'), {QString()}},
+            {9, "http://a/bc", {u"http://a/"_s}},
+            {3, QByteArray("a\0b", 3), {u"a"_s}},
+            {0, {}, {}},
+            {-1, "http://a/", {}}};
+        for (const auto &[size, bytes, expected] : cases) {
+            f.code->MainWindowProc(size, bytes);
+            opened += expected;
             QCOMPARE(f.opened(), opened);
             QCOMPARE(f.main().ActiveForm()->Caption(), opened.last());
         }

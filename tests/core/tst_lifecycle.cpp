@@ -191,33 +191,29 @@ private slots:
         QVERIFY(!other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName));
     }
 
-    void closeDuringTheStartIsNotLost_data()
-    {
-        QTest::addColumn<bool>("duringAQuestion");
-        QTest::newRow("whether to open the saved documents") << true;
-        QTest::newRow("while the engine warms up") << false; // and the picture of the start lets events through
-    }
-
     void closeDuringTheStartIsNotLost()
     {
-        QFETCH(const bool, duringAQuestion);
-        MainFixture f;
-        QTimer watch;
-        connect(&watch, &QTimer::timeout, &watch, [&] {
-            if (QApplication::activeModalWidget())
-                f.main().Unload();
-        });
-        if (duringAQuestion) {
-            f.set(u"Settings", u"DocumentCount", u"1");
-            watch.start(0);
-        } else {
-            f.engine.onWarmUp = [&] { f.main().Unload(); };
+        // Asked whether to open the saved documents, or while the engine warms up: the picture of the start lets events
+        // through.
+        for (const bool duringAQuestion : {true, false}) {
+            MainFixture f;
+            QTimer watch;
+            connect(&watch, &QTimer::timeout, &watch, [&] {
+                if (QApplication::activeModalWidget())
+                    f.main().Unload();
+            });
+            if (duringAQuestion) {
+                f.set(u"Settings", u"DocumentCount", u"1");
+                watch.start(0);
+            } else {
+                f.engine.onWarmUp = [&] { f.main().Unload(); };
+            }
+            QVERIFY(f.startQuietly(duringAQuestion ? QString() : u"http://a/"_s));
+            // The start goes no further than the close: no window, no mark.
+            QVERIFY(f.main().isUnloaded() && !f.main().isVisible());
+            QVERIFY(!f.code->isMarked());
+            QCOMPARE(f.opened(), QStringList());
         }
-        QVERIFY(f.startQuietly(duringAQuestion ? QString() : u"http://a/"_s));
-        // The start goes no further than the close: no window, no mark.
-        QVERIFY(f.main().isUnloaded() && !f.main().isVisible());
-        QVERIFY(!f.code->isMarked());
-        QCOMPARE(f.opened(), QStringList());
     }
 
     void lostScreenBringsTheWindowBack()

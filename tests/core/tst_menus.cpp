@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "core/frmWindows.h"
+#include "support/Rows.h"
 
 #include <QClipboard>
 #include <QListWidget>
@@ -137,12 +138,12 @@ private slots:
                 click(main, key);
                 expected = !expected;
                 QVERIFY2(isShown() == expected, qPrintable(key));
-                QCOMPARE(main.m_cMenu->Checked(main.m_cMenu->IndexForKey(key)), expected);
+                QCOMPARE(f.isChecked(key), expected);
             }
         }
         click(main, u"mnuViewNavigator"_s);
         main.navigator->close();
-        QVERIFY(!main.m_cMenu->Checked(main.m_cMenu->IndexForKey(u"mnuViewNavigator"_s)));
+        QVERIFY(!f.isChecked(u"mnuViewNavigator"_s));
     }
 
     void contentChoicesReachAllDocuments()
@@ -157,7 +158,7 @@ private slots:
         forget();
         click(f.main(), u"mnuContentImage"_s);
         QVERIFY(!f.settings().EnableImages);
-        QVERIFY(!f.main().m_cMenu->Checked(f.main().m_cMenu->IndexForKey(u"mnuContentImage"_s)));
+        QVERIFY(!f.isChecked(u"mnuContentImage"_s));
         for (const auto &browser : f.engine.browsers)
             QCOMPARE(browser->calls, (QStringList{u"ambient -5512 96"_s, u"Refresh2 3"_s}));
 
@@ -177,33 +178,24 @@ private slots:
 
     void siteCommands_data()
     {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<bool>("newTabSetting");
-        QTest::addColumn<QString>("withoutDocument");
-        QTest::addColumn<QString>("withDocument");
-        // What the browsers are sent: "a|b" in two documents, "a,b" in the same one.
-        const auto row = [](const char16_t *key, bool setting, const char16_t *without, const char16_t *with) {
-            QTest::addRow("%s %s", qPrintable(QString::fromUtf16(key)), setting ? "new tab" : "same tab")
-                << QString::fromUtf16(key) << setting << QString::fromUtf16(without) << QString::fromUtf16(with);
-        };
-        row(u"mnuNavigateHome1", true, u"h1,h1", u"x,h1");
-        row(u"mnuNavigateMail", true, u"mail,mail", u"x,mail");
-        row(u"Home", false, u"h1,h1", u"x,h1");
-        row(u"Home", true, u"h1", u"x|h1");
-        row(u"Mail", true, u"mail", u"x|mail");
-        row(u"New", false, u"h1", u"x|h1");
-        row(u"mnuFileNew", false, u"h1", u"x|h1");
-        row(u"mnuNewCurrent", false, u"h1", u"x|x");
-        row(u"mnuNewClipboard", false, u"clip", u"x|clip");
-        row(u"mnuHelpContents", false, u"corvane://www/help.html", u"x|corvane://www/help.html");
+        rows<bool, QString, QString>({
+            {"mnuNavigateHome1", {true, u"h1,h1"_s, u"x,h1"_s}},
+            {"mnuNavigateMail", {true, u"mail,mail"_s, u"x,mail"_s}},
+            {"Home", {false, u"h1,h1"_s, u"x,h1"_s}},
+            {"Home in a new tab", {true, u"h1"_s, u"x|h1"_s}},
+            {"Mail in a new tab", {true, u"mail"_s, u"x|mail"_s}},
+            {"New", {false, u"h1"_s, u"x|h1"_s}},
+            {"mnuFileNew", {false, u"h1"_s, u"x|h1"_s}},
+            {"mnuNewCurrent", {false, u"h1"_s, u"x|x"_s}},
+            {"mnuNewClipboard", {false, u"clip"_s, u"x|clip"_s}},
+            {"mnuHelpContents", {false, u"corvane://www/help.html"_s, u"x|corvane://www/help.html"_s}},
+        });
     }
 
     void siteCommands()
     {
-        QFETCH(const QString, key);
-        QFETCH(const bool, newTabSetting);
-        QFETCH(const QString, withoutDocument);
-        QFETCH(const QString, withDocument);
+        const auto [newTabSetting, withoutDocument, withDocument] = row<bool, QString, QString>();
+        const QString key = QString::fromLatin1(QTest::currentDataTag()).section(u' ', 0, 0);
         QGuiApplication::clipboard()->setText(u"clip"_s);
         for (const bool document : {false, true}) {
             MainFixture f;
