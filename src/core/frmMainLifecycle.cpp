@@ -14,6 +14,7 @@
 #include "base/units.h"
 #include "controls/BandContainer.h"
 #include "controls/ComboBox.h"
+#include "controls/Focus.h"
 #include "controls/MdiFrame.h"
 #include "controls/MenuBar.h"
 #include "controls/PopupMenu.h"
@@ -103,7 +104,7 @@ void frmMain::focusAddressBar()
 {
     goNew->setFocus();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    AddressBar->setFocus(Qt::ShortcutFocusReason);
+    controls::giveFocus(*AddressBar, Qt::ShortcutFocusReason);
     // So that typing begins a new address.
     AddressBar->lineEdit()->selectAll();
 }
