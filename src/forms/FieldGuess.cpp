@@ -50,6 +50,12 @@ struct Readings
             return all[place].said.has(Mail) && !all[place].said.hasAny(User, FullName);
         });
     }
+    /// Whether any text for people stands beside the input.
+    bool hasProse() const
+    {
+        return std::ranges::any_of(std::array{Label, AriaLabel, Placeholder},
+                                   [&](Place place) { return all[place].hasLetters; });
+    }
     FieldKinds said() const
     {
         FieldKinds kinds;
@@ -90,8 +96,24 @@ void decide(const Readings &readings, const FormEntry &entry, FieldGuess &guess)
     }
     for (int place = Readings::Name; place < Readings::Count; ++place) {
         const TextReading &reading = readings.all[static_cast<size_t>(place)];
-        if (reading.kind != None && canTake(*entry.input, reading.kind))
+        // What stands far from the end of a name gives way to any text that people see.
+        if (reading.kind != None && canTake(*entry.input, reading.kind) && !(reading.isFar && readings.hasProse()))
             return take(static_cast<Readings::Place>(place));
+    }
+}
+
+/// What people are told says more than a name whose word fits by chance: "High school city" for "city", "Line 2" for the
+/// second of the inputs "street".
+void heedProse(const Readings &readings, FieldGuess &guess)
+{
+    if (!guess.byName)
+        return;
+    for (const Readings::Place place : {Readings::Label, Readings::AriaLabel, Readings::Placeholder}) {
+        const TextReading &reading = readings.all[place];
+        if (reading.isForeign)
+            guess.kind = Other;
+        else if (guess.kind == Address1 && reading.kind == Address2)
+            guess.kind = Address2;
     }
 }
 
@@ -292,6 +314,7 @@ FieldGuess guessOf(const FormEntry &entry, const OwnKeys &ownKeys)
         return guess;
     }
     decide(readings, entry, guess);
+    heedProse(readings, guess);
 
     const bool isOfTable = guess.kind != None && guess.kind != Other && guess.kind != Never && !guess.isWeak;
     const int own = isOfTable && guess.byName ? -1 : ownFieldOf(input, ownKeys);

@@ -39,6 +39,8 @@ struct FormEntry
     /// Only part of a number belongs into this one of several inputs: `length` digits from `from`.
     int from = 0;
     int length = -1;
+    /// The country's code of a telephone has an input of its own beside this one.
+    bool withoutCountry = false;
     /// The house number has an input of its own beside this one of the street.
     bool withoutHouseNumber = false;
 

@@ -53,7 +53,18 @@ auto is(FieldKind wanted)
 void settleDatePart(Entries &entries, int at)
 {
     constexpr qsizetype kOneWord = 5;
-    FieldGuess &guess = entryAt(entries, at).guess;
+    FormEntry &entry = entryAt(entries, at);
+    FieldGuess &guess = entry.guess;
+    const auto isPart = [&](FieldKind kind) {
+        return kind != guess.kind &&
+               (isDatePart(kind) || isBirth(kind) || kind == CardMonth || kind == CardYear || kind == CardDate);
+    };
+    // Numbers from 1 to 12 that no word calls months count anything.
+    if (entry.isList() && !guess.said.hasAny(Day, Month, Year, CardDate, CardMonth, CardYear, BirthDate) &&
+        !isNear(entries, at, 2, isPart)) {
+        guess.kind = None;
+        return;
+    }
     const bool isDay = guess.kind == Day;
     bool isOfCard = false;
     bool isOfBirth = false;
@@ -68,10 +79,10 @@ void settleDatePart(Entries &entries, int at)
     }
     const bool hasOthers =
         isNear(entries, at, 2, [&](FieldKind kind) { return isDatePart(kind) && kind != guess.kind; });
-    const bool isOnlyWord = guess.byName && entryAt(entries, at).input->name.size() <= kOneWord;
+    const bool isOnlyWord = guess.byName && entry.input->name.size() <= kOneWord;
     if (isOfCard)
         guess.kind = guess.kind == Month ? CardMonth : CardYear;
-    else if (isOfBirth || hasOthers || isOnlyWord)
+    else if (isOfBirth || (hasOthers && (guess.byName || entry.isList())) || isOnlyWord)
         guess.kind = isDay ? BirthDay : guess.kind == Month ? BirthMonth : BirthYear;
     else
         guess.kind = None;
@@ -168,7 +179,8 @@ std::vector<int> piecesFrom(const Entries &entries, int at, qsizetype digits, Fi
     for (int i = at; i < at + kMost && i < count(entries); ++i) {
         const FormEntry &entry = entryAt(entries, i);
         const FieldKind said = entry.guess.kind;
-        const bool isOpen = i > at && (said == None || entry.guess.isWeak);
+        // Three boxes in a row for digits need no words.
+        const bool isOpen = i > at ? said == None || entry.guess.isWeak : said == None && entry.input->type == u"tel";
         const bool belongs = said == kind || (kind == Phone && isPhone(said)) || isOpen;
         if (!belongs || !isShortBox(entry))
             return {};
@@ -194,9 +206,9 @@ void deal(Entries &entries, int at, const std::vector<int> &lengths, FieldKind k
 }
 
 /// A telephone input that has no words beside it: the one in front of it speaks for it.
-bool isWordless(const Entries &entries, int at)
+bool isWordless(const Entries &entries, int at, FieldKind kind)
 {
-    if (kindAt(entries, at) != Phone)
+    if (kindAt(entries, at) != kind)
         return false;
     const FormEntry &entry = entryAt(entries, at);
     const engine::FormInput &input = *entry.input;
@@ -207,16 +219,14 @@ bool isWordless(const Entries &entries, int at)
 
 /// Gives the inputs of a split telephone number their pieces, by their limits or by what they are called. The number of
 /// inputs that are settled by that.
-int settlePhone(Entries &entries, int at, const PhoneNumber &number)
+int settlePhone(Entries &entries, int at, const PhoneNumber &number, FieldKind kind)
 {
     constexpr int kCountryBox = 4;
     constexpr size_t kThree = 3;
     const FormEntry &entry = entryAt(entries, at);
-    const auto piecesAt = [&](int first) { return piecesFrom(entries, first, number.digits.size(), Phone); };
-    if (entry.guess.kind == PhoneCountry)
-        return 1;
+    const auto piecesAt = [&](int first) { return piecesFrom(entries, first, number.digits.size(), kind); };
     if (const std::vector<int> pieces = piecesAt(at); !pieces.empty()) {
-        deal(entries, at, pieces, Phone);
+        deal(entries, at, pieces, kind);
         // What follows is an extension.
         int next = at + static_cast<int>(pieces.size());
         while (isPhone(kindAt(entries, next)) && isShortBox(entryAt(entries, next)) && piecesAt(next).empty())
@@ -224,14 +234,14 @@ int settlePhone(Entries &entries, int at, const PhoneNumber &number)
         return next - at;
     }
     // A short first box in front of all the digits is for the country.
-    if (entry.guess.kind == Phone && isShortBox(entry) && entry.maxLength() <= kCountryBox &&
+    if (entry.guess.kind == kind && isShortBox(entry) && entry.maxLength() <= kCountryBox &&
         !piecesAt(at + 1).empty()) {
-        entryAt(entries, at).guess.kind = PhoneCountry;
+        entryAt(entries, at).guess.kind = kind == Phone ? PhoneCountry : Other;
         return 1;
     }
-    if (number.groups.size() == kThree && entry.maxLength() == 0 && isWordless(entries, at + 1) &&
-        isWordless(entries, at + 2)) {
-        deal(entries, at, number.groups, Phone);
+    if (number.groups.size() == kThree && entry.maxLength() == 0 && isWordless(entries, at + 1, kind) &&
+        isWordless(entries, at + 2, kind)) {
+        deal(entries, at, number.groups, kind);
         return kThree;
     }
     if (entry.guess.kind == PhoneArea && kindAt(entries, at + 1) == Phone && !number.groups.empty()) {
@@ -241,11 +251,30 @@ int settlePhone(Entries &entries, int at, const PhoneNumber &number)
     return 1;
 }
 
+/// The number behind its country's code does without it.
+void settleCountryCode(Entries &entries, int at, const RecordValues &record)
+{
+    const FormEntry &entry = entryAt(entries, at);
+    if (entry.isList() && fittingOption(*entry.options, PhoneCountry, record) < 0)
+        return;
+    for (int i = at + 1; i < count(entries) && i <= at + 2; ++i)
+        entryAt(entries, i).withoutCountry = true;
+}
+
 void settlePhones(Entries &entries, const RecordValues &record)
 {
     for (int i = 0; i < count(entries);) {
         const FormEntry &entry = entryAt(entries, i);
-        i += isPhone(entry.guess.kind) && !entry.isList() ? settlePhone(entries, i, record.phoneParts) : 1;
+        const FieldKind kind = entry.guess.kind;
+        const bool isBox = kind == None && entry.input->type == u"tel";
+        if (kind == PhoneCountry)
+            settleCountryCode(entries, i++, record);
+        else if (entry.isList() || !(isPhone(kind) || kind == Fax || isBox))
+            ++i;
+        else if (kind == Fax)
+            i += settlePhone(entries, i, record.faxParts, Fax);
+        else
+            i += settlePhone(entries, i, record.phoneParts, Phone);
     }
 }
 
@@ -286,8 +315,11 @@ void settleAddresses(Entries &entries)
     for (int i = 0; i < count(entries); ++i) {
         FormEntry &entry = entryAt(entries, i);
         FieldGuess &guess = entry.guess;
-        if (guess.kind == Address1 && !guess.byToken && kindAt(entries, i - 1) == Address1 && !entry.isList())
+        const bool isAgain = guess.kind == Address1 && !guess.byToken && !entry.isList();
+        if (isAgain && kindAt(entries, i - 1) == Address1)
             guess.kind = kindAt(entries, i + 1) == Address2 ? Other : Address2;
+        else if (isAgain && kindAt(entries, i - 1) == Address2 && kindAt(entries, i - 2) == Address1)
+            guess.kind = Other;
         else if (guess.kind == Address1 && kindAt(entries, i + 1) != Address2 && entry.input->type == u"textarea")
             guess.kind = Street;
         else if (guess.kind == Address2 && !guess.byToken && kindAt(entries, i - 1) == Address2)
@@ -300,7 +332,7 @@ void settleAddresses(Entries &entries)
         if (guess.kind != HouseNumber)
             continue;
         bool hasStreet = false;
-        for (const int at : {i - 1, i + 1, i - 2}) {
+        for (const int at : {i - 1, i + 1, i - 2, i + 2}) {
             if (hasStreet || kindAt(entries, at) != Address1)
                 continue;
             hasStreet = true;
@@ -308,6 +340,19 @@ void settleAddresses(Entries &entries)
         }
         if (!hasStreet)
             guess.kind = None;
+    }
+}
+
+/// "Postcode and town" is one line where no input for the other one is beside it, and stays empty; else its first half.
+void settlePlaces(Entries &entries)
+{
+    for (int i = 0; i < count(entries); ++i) {
+        FieldGuess &guess = entryAt(entries, i).guess;
+        if ((guess.kind != Zip && guess.kind != City) || guess.byName || guess.byToken ||
+            !(guess.said.has(Zip) && guess.said.has(City)))
+            continue;
+        if (!isNear(entries, i, 2, is(guess.kind == Zip ? City : Zip)))
+            guess.kind = Other;
     }
 }
 
@@ -339,6 +384,7 @@ void settleNeighbours(std::vector<FormEntry> &entries, const RecordValues &recor
     settleCardNumbers(entries, record);
     settleCards(entries);
     settleAddresses(entries);
+    settlePlaces(entries);
     settleWeak(entries, State);
     settleWeak(entries, City);
 }

@@ -16,7 +16,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"mailing|iphone|microphone|today|yesterday|holiday|monday|sunday|filename|hostname|domainname|tournament|"
      u"provider|provided|provision|approve|improve|middlesex|sussex|essex|subtitle|useragent|postcard|hotel|"
      u"cardinal|discard|address book|zipper|landscape|nameplate|yearly|monthly|birthday card|phonetic|namespace|"
-     u"rename|statistic"},
+     u"rename|statistic|transparent|apparent"},
 
     // What is nobody's business, or not the user's own.
     {Never, kStrong,
@@ -39,7 +39,10 @@ constexpr FieldPhrases kPhrases[] = {
      u"recipients phone|email recipient|email of recipient|emergency|notfallkontakt|spouse|ehepartner|conjoint|"
      u"conyuge|beneficiary|referrer|referral|referred|refer a|mother|maiden|father|child first|child last|"
      u"child name|childs|your child|kid name|guardian|coapplicant|co applicant|next of kin|recipient s mail|"
-     u"receiver email|gift recipient|to email|friends name"},
+     u"receiver email|gift recipient|=to email|friends name|=parent1|parent 1|parent 2|"
+     u"parent guardian|tribute|honoree|honouree|memorial|in memory|in honor|"
+     u"in honour|=werber|=werbers|geworben von|empfehlung|parrain|parrainage|"
+     u"padrino"},
     {Never, kStrong,
      u"=ssn|social security|=sin number|taxid|tax id|tax number|taxnumber|=tin|=vat|vatid|vat number|vat no|ust id|"
      u"ustid|steuernummer|=uid nr|siret|siren|=nif|=cif|=dni|=nie|=cpf|=cnpj|=rfc|codice fiscale|partita iva|=piva|"
@@ -49,7 +52,11 @@ constexpr FieldPhrases kPhrases[] = {
     {Never, kStrong,
      u"birthplace|place of birth|birth place|city of birth|birth city|country of birth|birth country|town of birth|"
      u"state of birth|birth name|geburtsort|geburtsland|geburtsname|lieu de naissance|pays de naissance|"
-     u"ville de naissance|nom de naissance|lugar de nacimiento|pais de nacimiento|luogo di nascita|geboorteplaats|"
+     u"ville de naissance|nom de naissance|lieu naissance|pays naissance|ville naissance|nom naissance|"
+     u"commune de naissance|commune naissance|departement de naissance|departement naissance|lugar de nacimiento|"
+     u"lugar nacimiento|pais de nacimiento|pais nacimiento|ciudad de nacimiento|provincia de nacimiento|"
+     u"luogo di nascita|luogo nascita|comune di nascita|comune nascita|provincia di nascita|provincia nascita|"
+     u"geboorteplaats|"
      u"nationality|citizenship|nationalitat|staatsangehorigkeit|nationalite|nacionalidad|nazionalita|nationaliteit|"
      u"security question|security answer|secret question|secret answer|challenge|sicherheitsfrage|question secrete|"
      u"pregunta de seguridad|your answer"},
@@ -59,16 +66,18 @@ constexpr FieldPhrases kPhrases[] = {
      u"middle name|=middle|middlename|middle initial|=mi|=mname|initial|initials|zweiter vorname|deuxieme prenom|"
      u"segundo nombre|second prenom|segundo apellido|apellido2|apellido 2|apellido materno|secondo nome|"
      u"name suffix|namenszusatz|phonetic name|first name kana|last name kana|furigana|フリガナ|カナ|かな|ふりがな|"
-     u"отчество|tussenvoegsel|patronymic"},
+     u"отчество|tussenvoegsel|patronymic|former name|former last|former first|formerly|previous name|previous last|"
+     u"previous address|prior address|old address"},
     {Other, kStrong,
      u"phone ext|phone extension|=ext|extension|durchwahl|=anexo|=poste|=interno tel|phone type|phonetype|"
      u"type of phone|phone carrier|phone model|telephone type|mobile carrier|phone verification"},
     {Other, kStrong,
      u"address type|addresstype|type of address|address name|addressname|address label|address nickname|"
      u"address title|address3|address 3|addressline3|address line 3|addr3|addr 3|address line three|"
-     u"addresslinethree|street3|line3|address4|address line 4|zip4|zip 4|zip plus 4|zipplus4|zip ext|zip extension|"
+     u"addresslinethree|street3|street address line 3|street line 3|line3|address4|address line 4|zip4|zip 4|zip plus 4|zipplus4|zip ext|zip extension|"
      u"plus4|post office box|post box|postbox|po box|pobox|postfach nr|postfach|boite postale|apartado|"
-     u"urbanization|state id|country id number|subdivision|cross street|nearest|landmark|doorcode|door code|"
+     u"urbanization|country id number|packstation|foreign|numero interior|num interior|numint|num int|"
+     u"subdivision|cross street|nearest|landmark|doorcode|door code|"
      u"entry code|gate code|ip address|web address|wallet address|delivery instructions|instructions|neighborhood|"
      u"neighbourhood|bairro|colonia"},
     {Other, kStrong,
@@ -78,7 +87,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"pick up|pickup|drop off|dropoff|return date|travel date|delivery date|delivery day|delivery time|"
      u"appointment|event date|from date|to date|date from|date to|start day|end date|end day|end month|end year|"
      u"graduation|abreise|anreise|hinfahrt|ruckfahrt|fecha de salida|fecha de llegada|date depart|date de depart|"
-     u"date retour|move in|wedding|anniversary"},
+     u"date retour|move in|moved|wedding|anniversary|airport|origin|destination|city or airport|leaving from|going to|"
+     u"flying from|flying to|flughafen|abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto"},
     {Other, kStrong,
      u"membership|member id|memberid|member number|member no|loyalty|frequent flyer|frequent flier|bonus card|"
      u"bahncard|payback|customer number|customer id|customerid|customer no|kundennummer|numero client|order number|"
@@ -89,7 +99,8 @@ constexpr FieldPhrases kPhrases[] = {
     {Other, kStrong,
      u"quantity|=qty|amount|betrag|=menge|=anzahl|cantidad|quantite|montant|importe|quantita|importo|aantal|price|"
      u"preis|donation|income|salary|budget|adults|children|passengers|guests|rooms|room number|nights|=age|=alter|"
-     u"height|weight|=size|colour|=color"},
+     u"height|weight|=size|colour|=color|parcelas|installment|instalment|installments|instalments|ratenzahlung|=raten|"
+     u"cuotas|mensualidades"},
     {Other, kStrong,
      u"pet name|petname|project name|projectname|event name|eventname|product name|productname|team name|teamname|"
      u"store name|storename|shop name|shopname|shopurl|group name|groupname|list name|program name|class name|"
@@ -141,7 +152,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"tel country|phone nation"},
     {PhoneArea, kStrong,
      u"area code|areacode|phone area|phonearea|phone area code|telephone area|vorwahl|ortsvorwahl|codigo de area|"
-     u"prefijo|std code|prefisso|=ddd|netnummer|区号|市外局番|phone number area|phonenumberarea|phone a code"},
+     u"prefijo|std code|prefisso|=ddd|=lada|clave lada|netnummer|区号|市外局番|phone number area|phonenumberarea|phone a code"},
     {PhonePrefix, kStrong, u"phone prefix|phoneprefix|phone exchange|phoneexchange|tel prefix|市内局番"},
     {PhoneSuffix, kStrong, u"phone suffix|phonesuffix|tel suffix|phone line number|phone last four|phone last 4"},
     {Phone, kStrong,
@@ -149,7 +160,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"mobile|mobilnummer|mobiltelefon|=mobil|=handy|handynummer|rufnummer|cell phone|cellphone|=cell|cellular|"
      u"cellulare|celular|=movil|portable|=gsm|contact number|contact no|daytime number|evening number|"
      u"alternative number|whatsapp|телефон|電話|电话|手机|携帯|전화|휴대|mobilfunk|festnetz|=fon|=ph|=tlf|phone no|"
-     u"contact phone|numero de contacto|puhelin|telefonnummer"},
+     u"contact phone|numero de contacto|puhelin|telefonnummer|=natel"},
     {BirthYear, kStrong,
      u"birth year|birthyear|year of birth|yob|byear|bday year|bday yyyy|bday yy|dob year|dobyear|dob yyyy|"
      u"geburtsjahr|annee de naissance|ano de nacimiento|ano nacimiento|anno di nascita|geboortejaar|birthday year"},
@@ -216,8 +227,9 @@ constexpr FieldPhrases kPhrases[] = {
      u"организация|会社名|部署名|部署"},
     {HouseNumber, kStrong,
      u"house number|housenumber|house no|houseno|house nr|street number|streetnumber|street no|streetno|street nr|"
-     u"streetnr|street num|streetnum|hausnummer|hausnr|=hnr|house num|housenum|building number|numero de rue|"
-     u"numero de voie|numero civico|=civico|huisnummer|numero exterior|=nr|номер дома"},
+     u"streetnr|street num|streetnum|house name or number|house name number|house number or name|hausnummer|hausnr|=hnr|house num|housenum|building number|numero de rue|"
+     u"numero de voie|numero civico|=civico|huisnummer|numero exterior|num exterior|"
+     u"numero ext|num ext|numext|no ext|=nr|номер дома"},
     {Other, kStrong,
      u"street type|street prefix|street suffix|street direction|predirectional|postdirectional|tipo de via|"
      u"type de voie|tipo via|stair|=treppe"},
@@ -225,7 +237,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"address2|address 2|address_2|addr2|addr 2|address line 2|addressline2|address line two|addresslinetwo|"
      u"addresstwo|address two|second address|second line|secondary address|addressextra|address extra|"
      u"address additional|additional address|address continued|address contd|street2|street 2|street line 2|"
-     u"streetline2|strasse2|strasse 2|=line2|line 2|=apt|apartment|=suite|apt suite|apt number|aptnumber|=unit|"
+     u"street address 2|street address line 2|street address cont|streetline2|strasse2|strasse 2|=line2|line 2|=apt|apartment|=suite|apt suite|apt number|aptnumber|=unit|"
      u"unit number|unitnumber|=flat|=building|adresszusatz|adress zusatz|anschriftenzusatz|zusatz|complement|"
      u"complement d adresse|complemento|adresse 2|adresse2|adresszeile 2|direccion 2|direccion2|=portal|"
      u"indirizzo 2|indirizzo2|toevoeging|=piso|=puerta|=planta|=escalera|=floor|appartement|apartamento|adres2|"
@@ -235,7 +247,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"address1|address 1|address_1|addr1|addr 1|address line 1|addressline1|address line one|addresslineone|"
      u"addressone|address one|address line|addressline|first line|street1|street 1|street line 1|streetline1|"
      u"=line1|line 1|street|street address|streetaddress|street name|streetname|straße|strasse|straßenname|"
-     u"strassenname|=str|straße 1|straße hausnummer|straße und hausnummer|straße nr|strasse hausnummer|"
+     u"strassenname|=str|straße 1|straße hausnummer|straße und hausnummer|straße nr|straße hausnr|straße haus nr|strasse hausnr|"
+     u"strasse hausnummer|street number and name|number and street|"
      u"strasse und hausnummer|strasse nr|=rue|numero et rue|numero et nom de rue|numero et libelle|=voie|adresse 1|"
      u"adresse1|adresszeile 1|=calle|=domicilio|direccion 1|direccion1|=via|indirizzo 1|indirizzo1|straat|"
      u"straatnaam|logradouro|endereco1|house name|road|=ulica|улица|住所|地址|番地|주소|addr line 1|addrline1|"
@@ -245,7 +258,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"国家|国籍地|国名|=国|국가|=kraj|國家"},
     {City, kStrong,
      u"city|town|city town|city name|cityname|=ort|=stadt|wohnort|ortschaft|ville|=commune|ciudad|localidad|"
-     u"poblacion|municipio|=citta|comune|localita|plaats|woonplaats|plaatsnaam|cidade|locality|=gemeinde|miasto|"
+     u"poblacion|municipio|=citta|comune|localita|localite|miejscowosc|^by|plaats|woonplaats|plaatsnaam|cidade|locality|=gemeinde|miasto|"
      u"город|市区町村|城市|=市|도시|mesto|=sehir|kota|省市|市区|=stad"},
     {State, kStrong,
      u"state|prov|province|state province|stateprovince|provincia|bundesland|=kanton|=canton|departement|=estado|"
@@ -269,6 +282,10 @@ constexpr FieldPhrases kPhrases[] = {
     // Words that give way to those above.
     {Title, kWeak,
      u"title|salutation|anrede|civilite|honorific|tratamiento|titolo|aanhef|tratamento|name prefix|=prefix"},
+    {HouseNumber, kWeak, u"=numero|^n|^nº|^no|^number|^num|^nummer"},
+    {City, kWeak, u"suburb"},
+    {State, kWeak,
+     u"=region|=county|administrative area|comunidad autonoma|=zone|=省|voivodeship|wojewodztwo"},
     {Address1, kWeak,
      u"addr|address|adresse|anschrift|postal address|adresse postale|postadresse|postanschrift|direccion postal|"
      u"direccion|indirizzo|adres|endereco|адрес|アドレス|adress"},
@@ -283,9 +300,6 @@ constexpr FieldPhrases kPhrases[] = {
      u"sicherheitscode|code de securite|codigo de seguridad|codice di sicurezza|codice sicurezza|veiligheidscode|"
      u"codigo de seguranca|セキュリティコード|安全码|sec code|seccode|cod seguridad|card sec code|보안 코드|"
      u"код безопасности|код проверки|digit code|digits on the back|digit security"},
-    {City, kWeak, u"suburb"},
-    {State, kWeak,
-     u"=region|=county|administrative area|comunidad autonoma|=zone|=省|voivodeship|wojewodztwo"},
     {CardNumber, kWeak, u"creditcard|=cc|kreditkarte|carte bancaire"},
     {Day, kWeak, u"=day|=dd|=tag|=jour|=dia|giorno|=dag|=日|=days|=tage|=den"},
     {Month, kWeak, u"=month|=mm|=mon|=monat|=mois|=mes|mese|=maand|=month mm|=月|=mth|месяц|=months"},

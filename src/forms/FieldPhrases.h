@@ -13,7 +13,8 @@ struct FieldPhrases
     /// those that say what it is, wherever those stand.
     bool isWeak;
     /// Parted by "|". Accents, capitals and blanks don't matter. "=" in front: only where a word begins and another one
-    /// ends, as for all of less than four letters; "~" in front of such a short one: in parts of words, too.
+    /// ends, as for all of less than four letters; "~" in front of such a short one: in parts of words, too; "^": only
+    /// where nothing else is said beside it.
     QStringView phrases;
 };
 

@@ -25,6 +25,8 @@ struct Phrase
     FieldKind kind;
     bool isWeak;
     bool wholeOnly;
+    /// Only where nothing else is said beside it.
+    bool aloneOnly;
     /// It stands behind the first word of the record: what it names is less sure than any of those.
     bool isLate;
     /// In the order in which they count.
@@ -65,13 +67,15 @@ private:
 
     void add(const FieldPhrases &row, QStringView text)
     {
-        const bool isWhole = text.startsWith(u'=');
+        const bool isAlone = text.startsWith(u'^');
+        const bool isWhole = isAlone || text.startsWith(u'=');
         const bool isPart = text.startsWith(u'~');
         const QString letters = foldedLetters(text);
         Q_ASSERT(!letters.isEmpty());
         const bool wholeOnly = isWhole || (!isPart && letters.size() < kLeastPart);
         m_hasRecord = m_hasRecord || row.kind < FieldKind::Day;
-        m_lists[startOf(letters)].push_back({letters, row.kind, row.isWeak, wholeOnly, m_hasRecord, m_count++});
+        m_lists[startOf(letters)].push_back(
+            {letters, row.kind, row.isWeak, wholeOnly, isAlone, m_hasRecord, m_count++});
     }
 
     std::unordered_map<quint32, std::vector<Phrase>> m_lists;
@@ -95,8 +99,11 @@ std::optional<Fit> fitOf(const Phrase &phrase, const FieldWords &words, qsizetyp
         return {};
     if (words.isRemark(at) != words.isRemark(at + phrase.letters.size() - 1))
         return {};
+    const qsizetype end = at + phrase.letters.size();
+    if (phrase.aloneOnly && !(words.isStartOfPart(at) && words.isStartOfPart(end)))
+        return {};
     const bool starts = words.isEdge(at);
-    const bool ends = words.isEdge(at + phrase.letters.size());
+    const bool ends = words.isEdge(end);
     if (starts && ends)
         return Fit::Whole;
     if (phrase.kind == FieldKind::Trap)
@@ -119,6 +126,10 @@ struct Match
     const Phrase *phrase;
     qsizetype at;
     Fit fit;
+    /// As in TextReading.
+    bool isFar = false;
+
+    qsizetype end() const { return at + phrase->letters.size(); }
 };
 
 /// Calls `use` for each phrase in the text that no longer one holds.
@@ -149,9 +160,35 @@ bool decides(FieldKind kind)
     return kind != FieldKind::CardWord && kind != FieldKind::Trap && kind != FieldKind::Never;
 }
 
+/// Three letters are soon a part of another word.
 bool isWeak(const Match &match)
 {
-    return match.phrase->isWeak || match.fit == Fit::Inside;
+    const bool isShortPart = match.fit != Fit::Whole && match.phrase->letters.size() < kLeastPart;
+    return match.phrase->isWeak || match.fit == Fit::Inside || match.isFar || isShortPart;
+}
+
+/// Words that the last part of a path may be without saying what the input is.
+bool isFiller(QStringView word)
+{
+    static const QStringList fillers =
+        u"value|val|text|txt|string|input|field|number|num|nr|no|full|main|und|default|primary|confirm|confirmation|"
+        "repeat|again|verify|check|x|formatted|display|international|national|first|one|attributes|data"_s.split(u'|');
+    return fillers.contains(word) || std::ranges::all_of(word, [](QChar c) { return c.isDigit(); });
+}
+
+/// The last part of a path that says anything.
+int sayingPart(const FieldWords &words)
+{
+    const QStringView letters = words.letters();
+    qsizetype end = letters.size();
+    for (qsizetype at = end - 1; at >= 0; --at) {
+        if (!words.isEdge(at))
+            continue;
+        if (!isFiller(letters.sliced(at, end - at)))
+            return words.part(at);
+        end = at;
+    }
+    return 0;
 }
 
 /// Keeps the match of the least rank.
@@ -159,10 +196,13 @@ template <typename Rank>
 TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
 {
     TextReading reading;
+    reading.hasLetters = words.size() > 0;
     std::optional<decltype(rankOf(Match{}))> best;
     FieldKinds sure;
-    forEachMatch(words, from, [&](const Match &match) {
+    const int last = from == FieldWords::From::Name ? sayingPart(words) : 0;
+    forEachMatch(words, from, [&](Match match) {
         const FieldKind kind = match.phrase->kind;
+        match.isFar = words.part(match.end() - 1) < last;
         if (from == FieldWords::From::Prose && match.at >= kReach)
             return;
         if (kind == FieldKind::Never && (match.fit == Fit::Inside || words.isRemark(match.at)))
@@ -178,7 +218,12 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         best = rank;
         reading.kind = kind;
         reading.isWeak = isWeak(match);
+        reading.isFar = match.isFar;
+        reading.isForeign = kind == FieldKind::Other && !match.phrase->isLate && !reading.isWeak;
     });
+    // "Street and house number"
+    if (from == FieldWords::From::Prose && reading.kind == FieldKind::HouseNumber && sure.has(FieldKind::Address1))
+        reading.kind = FieldKind::Address1;
     // "Telephone, user name or e-mail"
     if (from == FieldWords::From::Prose && (reading.kind == FieldKind::Phone || reading.kind == FieldKind::Mail)) {
         if (sure.has(FieldKind::User))
@@ -197,8 +242,7 @@ TextReading readName(const QString &name)
 {
     const FieldWords words(name, FieldWords::From::Name);
     return read(words, FieldWords::From::Name, [&](const Match &match) {
-        const int part = words.part(match.at + match.phrase->letters.size() - 1);
-        return std::tuple(isWeak(match), -part, match.fit, match.phrase->order);
+        return std::tuple(isWeak(match), -words.part(match.end() - 1), match.fit, match.phrase->order);
     });
 }
 

@@ -12,6 +12,12 @@ struct TextReading
     FieldKind kind = FieldKind::None;
     /// Its word says too little by itself; a better one elsewhere counts more.
     bool isWeak = false;
+    /// It stands in front of another part of a path that says something of its own ("address" in "address[note]").
+    bool isFar = false;
+    /// It is something that the record does not hold, by a word that counts before those of the record.
+    bool isForeign = false;
+    /// There are letters in it at all.
+    bool hasLetters = false;
     /// Everything that is said, also what does not decide.
     FieldKinds said;
 };

@@ -143,7 +143,9 @@ QString streetFor(const FormEntry &entry, const RecordValues &record, bool hasSe
 
 QString phoneFor(const FormEntry &entry, const RecordValues &record)
 {
-    const PhoneNumber &number = record.phoneParts;
+    constexpr int kCountryBox = 5;
+    const bool isFax = entry.guess.kind == Fax;
+    const PhoneNumber &number = isFax ? record.faxParts : record.phoneParts;
     const engine::FormInput &input = *entry.input;
     const auto piece = [&](size_t first, size_t end) {
         qsizetype from = 0;
@@ -155,11 +157,15 @@ QString phoneFor(const FormEntry &entry, const RecordValues &record)
     const size_t all = number.groups.size();
     switch (entry.guess.kind) {
     case PhoneCountry:
-        if (number.country.isEmpty())
+        // What the number doesn't say is not for a box that may be looking for the country's name.
+        if (number.country.isEmpty() ||
+            (!number.isInternational && (input.maxLength == 0 || input.maxLength > kCountryBox)))
             return {};
         return firstFitting(input, {u"+"_s + number.country, number.country});
     case PhoneArea:
-        return firstFitting(input, {piece(0, 1)});
+        return entry.withoutCountry || piece(0, 1).isEmpty()
+                   ? firstFitting(input, {piece(0, 1)})
+                   : firstFitting(input, {number.trunk + piece(0, 1), piece(0, 1)});
     case PhoneLocal:
         return firstFitting(input, {piece(1, all)});
     case PhonePrefix:
@@ -171,10 +177,9 @@ QString phoneFor(const FormEntry &entry, const RecordValues &record)
     }
     if (entry.length >= 0)
         return number.digits.mid(entry.from, entry.length);
-    QStringList ways{record.phone, digitsOf(record.phone)};
-    if (number.country == u"1")
-        ways.append(number.digits);
-    return firstFitting(input, ways);
+    if (entry.withoutCountry && number.isInternational)
+        return firstFitting(input, {number.digits});
+    return firstFitting(input, number.ways(isFax ? record.fax : record.phone));
 }
 
 QString countryFor(const FormEntry &entry, const RecordValues &record)
@@ -240,8 +245,6 @@ QString plainText(FieldKind kind, const RecordValues &record)
         return record.firstName;
     case LastName:
         return record.lastName;
-    case Fax:
-        return record.fax;
     case Mail:
         return record.mail;
     case Job:
@@ -271,7 +274,7 @@ QString textFor(const FormEntry &entry, const RecordValues &record, bool hasSeco
 {
     const FieldKind kind = entry.guess.kind;
     const engine::FormInput &input = *entry.input;
-    if (isPhone(kind))
+    if (isPhone(kind) || kind == Fax)
         return phoneFor(entry, record);
     if (kind == Address1 || kind == Street || kind == HouseNumber)
         return streetFor(entry, record, hasSecondLine);
@@ -288,7 +291,7 @@ QString textFor(const FormEntry &entry, const RecordValues &record, bool hasSeco
     if (kind == CardNumber && entry.length >= 0)
         return digitsOf(text).mid(entry.from, entry.length);
     QStringList ways{text};
-    if (kind == CardNumber || kind == Fax)
+    if (kind == CardNumber)
         ways.append(digitsOf(text));
     if (kind == Zip)
         ways.append(QString(text).remove(u' '));

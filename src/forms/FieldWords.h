@@ -26,6 +26,8 @@ public:
     bool isEdge(qsizetype at) const { return m_edges[static_cast<size_t>(at)]; }
     /// The number of the part of the path that letter `at` is in.
     int part(qsizetype at) const { return m_parts[static_cast<size_t>(at)]; }
+    /// Whether a part of the path begins at letter `at`, or ends in front of it.
+    bool isStartOfPart(qsizetype at) const { return at == 0 || at == size() || part(at) != part(at - 1); }
     /// Whether letter `at` came after an opening bracket of a remark.
     bool isRemark(qsizetype at) const { return m_remark >= 0 && at >= m_remark; }
 

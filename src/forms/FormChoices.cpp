@@ -209,6 +209,56 @@ int optionOfCountry(const Options &options, const RecordValues &record)
     });
 }
 
+/// The option for the country's code of the telephone. Several countries share one: the name of the user's own decides.
+int optionOfCallingCode(const Options &options, const RecordValues &record)
+{
+    const QString &code = record.phoneParts.country;
+    if (code.isEmpty())
+        return -1;
+    const bool isHome = code == callingCodeOfCountry(record.countryCode());
+    const auto isOf = [](QChar c) { return c.isDigit(); };
+    int plain = -1;
+    int named = -1;
+    std::vector<int> coded;
+    for (int i = 0; i < static_cast<int>(options.size()); ++i) {
+        const FormOption &option = options[static_cast<size_t>(i)];
+        QString letters;
+        QString digits;
+        for (const QChar character : foldedLetters(option.text))
+            (isOf(character) ? digits : letters) += character;
+        if (digits.isEmpty() && option.value.startsWith(u'+'))
+            digits = foldedLetters(option.value);
+        const QString value = foldedLetters(option.value);
+        const bool isNamed = isHome && (record.countryNames.contains(letters) || record.countryCodes.contains(letters) ||
+                                        record.countryCodes.contains(value));
+        if (digits == code || digits == u"00"_s + code) {
+            if (isNamed)
+                return i;
+            coded.push_back(i);
+            if (letters.isEmpty() && plain < 0)
+                plain = i;
+        } else if (isNamed && named < 0 && digits.isEmpty()) {
+            named = i;
+        }
+    }
+    if (plain >= 0)
+        return plain;
+    return coded.size() == 1 ? coded.front() : named;
+}
+
+/// Whether a text is a name with a short code in front of it or behind it ("BY - Bayern", "Bayern (BY)").
+bool isNameWithCode(const QString &text, const QString &name)
+{
+    constexpr qsizetype kLongestCode = 4;
+    const QString folded = foldedLetters(text);
+    if (name.size() < kLongestCode || folded.size() <= name.size() || folded.size() > name.size() + kLongestCode)
+        return false;
+    const auto isMark = [&](qsizetype at) { return !text.trimmed()[at].isLetterOrNumber(); };
+    const qsizetype codeSize = folded.size() - name.size();
+    return (folded.endsWith(name) && isMark(codeSize)) ||
+           (folded.startsWith(name) && text.trimmed().size() > folded.size());
+}
+
 int optionOfState(const Options &options, const RecordValues &record)
 {
     if (record.state.isEmpty())
@@ -218,8 +268,10 @@ int optionOfState(const Options &options, const RecordValues &record)
     const QString name = foldedLetters(state.name);
     const QString code = foldedLetters(state.code);
     const int position = optionOfWords(folded, {name});
-    if (position >= 0 || code.isEmpty())
+    if (position >= 0)
         return position;
+    if (code.isEmpty())
+        return firstThat(options, [&](const FormOption &option) { return isNameWithCode(option.text, name); });
     const QString longCode = record.countryCode().toLower() + code;
     return firstThat(folded, [&](const FoldedOption &option) {
         // "ON - Ontario", "Ontario (ON)"
@@ -366,6 +418,8 @@ int fittingOption(const Options &options, FieldKind kind, const RecordValues &re
         return optionOfYear(options, record.cardYear);
     case FieldKind::Country:
         return optionOfCountry(options, record);
+    case FieldKind::PhoneCountry:
+        return optionOfCallingCode(options, record);
     case FieldKind::State:
         return optionOfState(options, record);
     case FieldKind::City:

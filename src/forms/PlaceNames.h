@@ -10,6 +10,10 @@ QStringList namesOfCountry(const QString &code, const QString &name);
 QStringList codesOfCountry(const QString &code);
 /// Three letters in capitals, or empty.
 QString longCodeOfCountry(const QString &code);
+/// The digits that are dialled for a country, or empty.
+QString callingCodeOfCountry(const QString &code);
+/// What is dialled in front of an area's code within the country, or empty.
+QString trunkOfCountry(const QString &code);
 /// Whether a folded text is the name of a country in the list or an English one that is as common.
 bool isCountryName(const QString &folded);
 

@@ -84,8 +84,8 @@ RecordValues::RecordValues(const std::vector<FormField> &fields, bool withProtec
     country = values.all(u"country"_s);
     countryNames = namesOfCountry(countryCode(), countryName());
     countryCodes = codesOfCountry(countryCode());
-    const QStringList northAmerica{QString(), u"US"_s, u"CA"_s, u"PR"_s};
-    phoneParts = PhoneNumber::of(phone, northAmerica.contains(countryCode()));
+    phoneParts = PhoneNumber::of(phone, countryCode());
+    faxParts = PhoneNumber::of(fax, countryCode());
     city = values.first(u"city"_s);
     state = values.first(u"state"_s);
     zip = values.first(u"zip"_s);

@@ -20,6 +20,7 @@ struct RecordValues
     QString lastName;
     QString phone;
     PhoneNumber phoneParts;
+    PhoneNumber faxParts;
     QString fax;
     QString birthDay;
     QString birthMonth;

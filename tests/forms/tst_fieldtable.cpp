@@ -1,8 +1,10 @@
+#include "base/Files.h"
 #include "base/step.h"
 #include "core/state/SettingsStore.h"
 #include "forms/FieldTable.h"
 #include "forms/FormRecordJson.h"
 #include "forms/FormStore.h"
+#include "support/Rows.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -51,44 +53,30 @@ private:
 
 void tst_FieldTable::build_data()
 {
-    QTest::addColumn<FormValues>("values");
     // Fields in order, "key=value" separated by "; ", a star for a protected one.
-    QTest::addColumn<QString>("fields");
-    QTest::newRow("empty page") << FormValues() << u"mail=; Job=; occup="_s;
-    FormValues v;
-    v.firstname = u"Ann"_s;
-    QTest::newRow("first name only") << v
-                                     << u"fullname=Ann ; full_name=Ann ; firstname=Ann; fname=Ann; first_name=Ann; "
-                                        "name=Ann ; mail=; Job=; occup="_s;
-    v = {};
-    v.lastname = u"Lee"_s;
-    v.sex = 2;
-    v.title = -1;
-    v.bday = -1;
-    QTest::newRow("last name, woman, lists without a row")
-        << v
-        << u"sex=F; gender=F; sex=Female; gender=Female; fullname= Lee; full_name= Lee; lastname=Lee; lname=Lee; "
-           "last_name=Lee; name= Lee; mail=; Job=; occup="_s;
-    QTest::newRow("everything")
-        << gregor()
-        << u"title=MR.; sex=M; sex=Male; gender=M; gender=Male; user=gt; fullname=Gregor Tamblyn; "
-           "full_name=Gregor Tamblyn; firstname=Gregor; fname=Gregor; first_name=Gregor; lastname=Tamblyn; "
-           "lname=Tamblyn; last_name=Tamblyn; name=Gregor Tamblyn; phon=416; phone=416; fax=417; day=3; *exp_month=9; "
-           "*expmonth=9; *expir_month=9; *expirmonth=9; *exp_year=2029; *expyear=2029; *expir_year=2029; "
-           "*expiryear=2029; month=3; year=1970; mail=g@t; Job=Surveyor; occup=Surveyor; Address2=U 12; Address_2=U "
-           "12; "
-           "Addr2=U 12; Addr_2=U 12; Address1=77 H; Address_1=77 H; Addr1=77 H; Addr_1=77 H; Addr=77 H; Country=1; "
-           "Country=Afghanistan; Country=AF; City=Toronto; State=Ontario; Prov=Ontario; zip=M5V; postal=M5V; "
-           "*cardtyp=Delta; *card_typ=Delta; *card_num=4111; *credit_num=4111; *card_no=4111; *credit_no=4111; "
-           "*cardnum=4111; *creditnum=4111; *cardno=4111; *creditno=4111; *validation=737; *valid_num=737; "
-           "*valid_code=737; *validnum=737; *validcode=737; *v_num=737; *v_code=737; *vnum=737; *vcode=737; bank=N T; "
-           "pet=; phone=own"_s;
+    FormValues first;
+    first.firstname = u"Ann"_s;
+    FormValues last;
+    last.lastname = u"Lee"_s;
+    last.sex = 2;
+    last.title = last.bday = -1; // lists without a row
+    const QString all = QString::fromUtf8(readFile(QStringLiteral(ALL_FIELDS)).value()).chopped(1);
+    rows<FormValues, QString>({
+        {"empty page", {FormValues(), u"mail=; Job=; occup="_s}},
+        {"first name",
+         {first,
+          u"fullname=Ann ; full_name=Ann ; firstname=Ann; fname=Ann; first_name=Ann; name=Ann ; mail=; Job=; occup="_s}},
+        {"last name, woman",
+         {last,
+          u"sex=F; gender=F; sex=Female; gender=Female; fullname= Lee; full_name= Lee; "
+           "lastname=Lee; lname=Lee; last_name=Lee; name= Lee; mail=; Job=; occup="_s}},
+        {"everything", {gregor(), QString(all).replace(u'\n', u"; "_s)}},
+    });
 }
 
 void tst_FieldTable::build()
 {
-    QFETCH(FormValues, values);
-    QFETCH(QString, fields);
+    const auto [values, fields] = row<FormValues, QString>();
     FormKeys keys(m_folder->path());
     FormStore store(keys);
     store.AddFormField(u"old"_s, u"old"_s, false);
@@ -154,25 +142,23 @@ void tst_FieldTable::oddValues()
 
 void tst_FieldTable::json_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("texts and rows") << QByteArray(
-                                           R"({"firstname": "Ann", "country": "CANADA", "title": "Dr.", "bday": 3,
-        "cardtype": "visa", "custom": {"pet": "cat"}})")
-                                    << QString();
-    QTest::newRow("codes and numbers as texts") << QByteArray(R"({"firstname": "Ann", "country": "ca", "title": "4",
-        "bday": "03", "cardtype": 1, "custom": {"pet": "cat"}})")
-                                                << QString();
-    QTest::newRow("unknown name") << QByteArray(R"({"nickname": "A"})") << u"nickname"_s;
-    QTest::newRow("not in the list") << QByteArray(R"({"country": "Atlantis"})") << u"country"_s;
-    QTest::newRow("no text") << QByteArray(R"({"city": ["a"]})") << u"city"_s;
-    QTest::newRow("cut off") << QByteArray(R"({"city": "To)") << u"object"_s;
+    rows<QByteArray, QString>({
+        {"texts and rows",
+         {R"({"firstname": "Ann", "country": "CANADA", "title": "Dr.", "bday": 3, "cardtype": "visa", "custom": {"pet": "cat"}})",
+          {}}},
+        {"codes and numbers as texts",
+         {R"({"firstname": "Ann", "country": "ca", "title": "4", "bday": "03", "cardtype": 1, "custom": {"pet": "cat"}})",
+          {}}},
+        {"unknown name", {R"({"nickname": "A"})", u"nickname"_s}},
+        {"not in the list", {R"({"country": "Atlantis"})", u"country"_s}},
+        {"no text", {R"({"city": ["a"]})", u"city"_s}},
+        {"cut off", {R"({"city": "To)", u"object"_s}},
+    });
 }
 
 void tst_FieldTable::json()
 {
-    QFETCH(QByteArray, text);
-    QFETCH(QString, told);
+    const auto [text, told] = row<QByteArray, QString>();
     QString fault;
     FormValues values;
     try {
