@@ -3,7 +3,8 @@
 #include "controls/VirtualKeys.h"
 #include "core/state/ProcessFlags.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 
 namespace {
@@ -28,12 +29,12 @@ KeyboardHook::KeyboardHook(ProcessFlags &flags, Actions actions, QObject *parent
 
 void KeyboardHook::install()
 {
-    QCoreApplication::instance()->installEventFilter(this);
+    QApplication::instance()->installEventFilter(this);
 }
 
 void KeyboardHook::uninstall()
 {
-    QCoreApplication::instance()->removeEventFilter(this);
+    QApplication::instance()->removeEventFilter(this);
 }
 
 int KeyboardHook::KeyboardHookProc(int code, int virtualKey, uint32_t bits, bool ctrlDown, bool shiftDown)
@@ -113,5 +114,9 @@ bool KeyboardHook::eventFilter(QObject *watched, QEvent *event)
     const auto type = event->type();
     if ((type != QEvent::KeyPress && type != QEvent::KeyRelease) || !watched->isWindowType())
         return false;
-    return hook(static_cast<const QKeyEvent &>(*event)) != 0;
+    const auto &key = static_cast<const QKeyEvent &>(*event);
+    // In a dialog they would work unseen behind it, and its own keys would not. Esc stops the page from there too.
+    if (key.key() != Qt::Key_Escape && qobject_cast<QDialog *>(QApplication::activeWindow()))
+        return false;
+    return hook(key) != 0;
 }
