@@ -67,7 +67,7 @@ bool MainCode::Main(const QString &command)
 
 bool MainCode::IsFirstInstance(const char *mutexName)
 {
-    return m_instanceMutex.held() || m_instanceMutex.acquire(m_ground.paths.runtimeFolder.toStdString(), mutexName);
+    return InstanceMutex.held() || InstanceMutex.acquire(m_ground.paths.runtimeFolder.toStdString(), mutexName);
 }
 
 void MainCode::HandOverToFirstInstance()
@@ -77,7 +77,7 @@ void MainCode::HandOverToFirstInstance()
 
 void MainCode::ReleaseInstanceMutex()
 {
-    m_instanceMutex.release();
+    InstanceMutex.release();
 }
 
 void MainCode::MarkMainWindow()

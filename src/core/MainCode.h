@@ -84,7 +84,7 @@ private:
     Ground m_ground;
     LifecycleTrace m_trace;
     QString m_command;
-    instance::Lock m_instanceMutex;
+    instance::Lock InstanceMutex;
     bool m_subclassed = false;
     std::unique_ptr<frmMain> m_frmMain;
     // Goes first: no message may reach a window that is going.
