@@ -117,10 +117,16 @@ bool WebBrowserControl::reportNavigation(const QUrl &url, bool isMainFrame)
     m_load.requested(isMainFrame);
     // Under these addresses pages only send word to the program.
     bool cancel = url.scheme() == "corvane"_L1 && url.host() != "www"_L1 && !isWordsPage(url);
+    // The address may be a command that reloads all documents. While this one decides about its first address, and once
+    // it has refused it, a reload must not give the command again.
+    const bool isFirst = isMainFrame && !m_hasPage;
+    const QString requested = isFirst ? std::exchange(m_requested, QString()) : QString();
     if (eventSink())
         eventSink()->WebBro_BeforeNavigate2(shownAddress(url), isMainFrame, cancel);
     if (cancel)
         m_load.refused(isMainFrame);
+    else if (isFirst)
+        m_requested = requested;
     return !cancel;
 }
 

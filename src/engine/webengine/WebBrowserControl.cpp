@@ -102,7 +102,8 @@ void WebBrowserControl::Navigate2(const QString &url)
 void WebBrowserControl::Refresh2(int level)
 {
     if (!m_hasPage) {
-        Navigate2(m_requested);
+        if (!m_requested.isEmpty())
+            Navigate2(m_requested);
         return;
     }
     leavePage();
