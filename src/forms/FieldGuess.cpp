@@ -56,6 +56,18 @@ struct Readings
         return std::ranges::any_of(std::array{Label, AriaLabel, Placeholder},
                                    [&](Place place) { return all[place].hasLetters; });
     }
+    bool asksForWholeName() const
+    {
+        return std::ranges::any_of(std::array{Label, AriaLabel, Placeholder},
+                                   [&](Place place) { return all[place].isWholeName && all[place].kind == FullName; });
+    }
+    FieldKinds proseSaid() const
+    {
+        FieldKinds kinds;
+        for (const Place place : {Label, AriaLabel, Placeholder})
+            kinds.add(all[place].said);
+        return kinds;
+    }
     FieldKinds said() const
     {
         FieldKinds kinds;
@@ -102,8 +114,8 @@ void decide(const Readings &readings, const FormEntry &entry, FieldGuess &guess)
     }
 }
 
-/// What people are told says more than a name whose word fits by chance: "High school city" for "city", "Line 2" for the
-/// second of the inputs "street".
+/// What people are told says more than a name whose word fits by chance: "High school city" for "city", "Line 2" for
+/// the second of the inputs "street".
 void heedProse(const Readings &readings, FieldGuess &guess)
 {
     if (!guess.byName)
@@ -112,9 +124,13 @@ void heedProse(const Readings &readings, FieldGuess &guess)
         const TextReading &reading = readings.all[place];
         if (reading.isForeign)
             guess.kind = Other;
-        else if (guess.kind == Address1 && reading.kind == Address2)
+        else if (guess.kind == Address1 && reading.kind == Address2 && reading.isSecond)
             guess.kind = Address2;
     }
+    // "stationName" beside a text without a word for the name of a person
+    const bool isOfOther = guess.kind == FullName && guess.isWeak && !readings.all[Readings::Name].isAlone;
+    if (isOfOther && readings.hasProse() && !readings.proseSaid().hasAny(FullName, FirstName, LastName, User, CardWord))
+        guess.kind = None;
 }
 
 /// Where one text asks for a name and another one for a first name, the narrower one is meant.
@@ -306,6 +322,7 @@ FieldGuess guessOf(const FormEntry &entry, const OwnKeys &ownKeys)
     const engine::FormInput &input = *entry.input;
     const Readings readings(entry);
     guess.said = readings.said();
+    guess.isWholeName = readings.asksForWholeName();
 
     const TokenReading token = readToken(input.autocomplete);
     if (tokenDecides(token, readings)) {

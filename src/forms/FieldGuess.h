@@ -17,6 +17,8 @@ struct FieldGuess
     bool byName = false;
     /// A word says so that could mean anything else; its neighbours may know better.
     bool isWeak = false;
+    /// A text beside it asks for first and last name in one.
+    bool isWholeName = false;
     /// Everything that is said about it.
     FieldKinds said;
     /// Number of the user's own field when it is one.

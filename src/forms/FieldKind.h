@@ -52,6 +52,9 @@ enum class FieldKind : quint8 {
     Year,
     /// A word for a card, which gives the words beside it their sense.
     CardWord,
+    /// Words for who sends something and who gets it. Where a page has both, the user is the one who sends.
+    Sender,
+    Recipient,
     /// Something that the record does not hold.
     Other,
     /// Never to be filled, whatever else is said about it.

@@ -97,6 +97,12 @@ bool mayBePart(const FormEntry &entry)
     return entry.isList() || (entry.maxLength() < kShortestDate && !DatePattern::in(entry.input->placeholder));
 }
 
+/// A choice list that nothing is said about: one that has the year of the card is for it where that is due.
+bool isBareList(const FormEntry &entry)
+{
+    return entry.isList() && entry.buttons.empty() && entry.guess.kind == None && entry.input->label.isEmpty();
+}
+
 /// "Valid thru" above two inputs is their month and their year.
 void settleCardDates(Entries &entries)
 {
@@ -109,7 +115,7 @@ void settleCardDates(Entries &entries)
             second.guess.kind = CardYear;
         } else if (mayBePart(first) && second.guess.kind == CardYear) {
             first.guess.kind = CardMonth;
-        } else if (first.guess.kind == CardMonth && mayBePart(second)) {
+        } else if (first.guess.kind == CardMonth && (mayBePart(second) || isBareList(second))) {
             second.guess.kind = CardYear;
         }
     }
@@ -155,11 +161,12 @@ void settleNames(Entries &entries)
             if (isBehind && !isBefore)
                 guess.kind = Job;
         }
-        if (guess.kind != FullName || !guess.isWeak)
-            continue;
         const bool first = isNear(entries, i, 2, is(FirstName));
         const bool last = isNear(entries, i, 2, is(LastName));
-        if (first != last)
+        if (guess.isWholeName && !guess.byToken &&
+            ((guess.kind == FirstName && !last) || (guess.kind == LastName && !first)))
+            guess.kind = FullName;
+        if (guess.kind == FullName && guess.isWeak && first != last)
             guess.kind = first ? LastName : FirstName;
     }
 }
@@ -348,11 +355,22 @@ void settlePlaces(Entries &entries)
 {
     for (int i = 0; i < count(entries); ++i) {
         FieldGuess &guess = entryAt(entries, i).guess;
-        if ((guess.kind != Zip && guess.kind != City) || guess.byName || guess.byToken ||
+        if ((guess.kind != Zip && guess.kind != City) || guess.byToken ||
             !(guess.said.has(Zip) && guess.said.has(City)))
             continue;
-        if (!isNear(entries, i, 2, is(guess.kind == Zip ? City : Zip)))
+        if (!isNear(entries, i, kNear, is(guess.kind == Zip ? City : Zip)))
             guess.kind = Other;
+    }
+}
+
+/// On a page that asks who sends something and who gets it the user is the one who sends.
+void settleRecipients(Entries &entries)
+{
+    const bool hasSender = std::ranges::any_of(
+        entries, [](const FormEntry &entry) { return entry.guess.said.has(Sender) && isName(entry.guess.kind); });
+    for (FormEntry &entry : entries) {
+        if (hasSender && entry.guess.said.has(Recipient) && !entry.guess.said.has(Sender))
+            entry.guess.kind = Other;
     }
 }
 
@@ -385,6 +403,7 @@ void settleNeighbours(std::vector<FormEntry> &entries, const RecordValues &recor
     settleCards(entries);
     settleAddresses(entries);
     settlePlaces(entries);
+    settleRecipients(entries);
     settleWeak(entries, State);
     settleWeak(entries, City);
 }

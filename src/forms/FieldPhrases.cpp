@@ -17,6 +17,12 @@ constexpr FieldPhrases kPhrases[] = {
      u"provider|provided|provision|approve|improve|middlesex|sussex|essex|subtitle|useragent|postcard|hotel|"
      u"cardinal|discard|address book|zipper|landscape|nameplate|yearly|monthly|birthday card|phonetic|namespace|"
      u"rename|statistic|transparent|apparent"},
+    // Whose name is the user's.
+    {Trap, kStrong,
+     u"'customer s|'holder s|'cardholder s|'card holder s|'account holder s|'buyer s|'purchaser s|'applicant s|'guest s|"
+     u"'passenger s|'traveler s|'traveller s|'patient s|'student s|'donor s|'member s|'user s|'owner s|'sender s|"
+     u"'subscriber s|'client s|'attendee s|'participant s|'employee s|'driver s|'person s|'candidate s|'recipient s|"
+     u"'contact s|'today s|'parent s"},
 
     // What is nobody's business, or not the user's own.
     {Never, kStrong,
@@ -41,7 +47,10 @@ constexpr FieldPhrases kPhrases[] = {
      u"child name|childs|your child|kid name|guardian|coapplicant|co applicant|next of kin|recipient s mail|"
      u"receiver email|gift recipient|=to email|friends name|=parent1|parent 1|parent 2|"
      u"parent guardian|tribute|honoree|honouree|memorial|in memory|in honor|"
-     u"in honour|=werber|=werbers|geworben von|empfehlung|parrain|parrainage|"
+     u"in honour|doctor|physician|pharmacy|guarantor|policy holder|policyholder|coborrower|co borrower|cosigner|"
+     u"co signer|supervisor|representative|representante|representant|fundraiser|landlord|attorney|dependent|dependant|"
+     u"erziehungsberechtigt|erziehungsberechtigten|tuteur legal|reference 1|reference 2|=ref1|=ref2|reference name|"
+     u"=werber|=werbers|geworben von|empfehlung|parrain|parrainage|"
      u"padrino"},
     {Never, kStrong,
      u"=ssn|social security|=sin number|taxid|tax id|tax number|taxnumber|=tin|=vat|vatid|vat number|vat no|ust id|"
@@ -67,7 +76,10 @@ constexpr FieldPhrases kPhrases[] = {
      u"segundo nombre|second prenom|segundo apellido|apellido2|apellido 2|apellido materno|secondo nome|"
      u"name suffix|namenszusatz|phonetic name|first name kana|last name kana|furigana|フリガナ|カナ|かな|ふりがな|"
      u"отчество|tussenvoegsel|patronymic|former name|former last|former first|formerly|previous name|previous last|"
-     u"previous address|prior address|old address"},
+     u"previous address|prior address|old address|other names|other first names|autres prenoms|otros nombres|"
+     u"weitere vornamen|2 apellido|2º apellido|2o apellido|2do apellido|=ape2|'s name|'s first name|'s last name|"
+     u"'s full name|'s surname|'s phone|'s email|'s e mail|'s address|'name of|'name des|'name der|'nom du|'nom de la|"
+     u"'nom de l|'nombre del|'nombre de la|'nome del|'nome della|'nome dell|'naam van"},
     {Other, kStrong,
      u"phone ext|phone extension|=ext|extension|durchwahl|=anexo|=poste|=interno tel|phone type|phonetype|"
      u"type of phone|phone carrier|phone model|telephone type|mobile carrier|phone verification"},
@@ -77,7 +89,10 @@ constexpr FieldPhrases kPhrases[] = {
      u"addresslinethree|street3|street address line 3|street line 3|line3|address4|address line 4|zip4|zip 4|zip plus 4|zipplus4|zip ext|zip extension|"
      u"plus4|post office box|post box|postbox|po box|pobox|postfach nr|postfach|boite postale|apartado|"
      u"urbanization|country id number|packstation|foreign|numero interior|num interior|numint|num int|"
-     u"subdivision|cross street|nearest|landmark|doorcode|door code|"
+     u"postcode lookup|address lookup|find your address|find address|address finder|address search|"
+     u"huisnummer toevoeging|hnr toev|house number addition|hausnummerzusatz|hausnr zusatz|property zip|property city|"
+     u"property postcode|property address|years at|months at|time at|how long|ort datum|ort und datum|place and date|lieu et date|lugar y fecha|employer|"
+     u"arbeitgeber|employeur|=empleador|werkgever|subdivision|cross street|nearest|landmark|doorcode|door code|"
      u"entry code|gate code|ip address|web address|wallet address|delivery instructions|instructions|neighborhood|"
      u"neighbourhood|bairro|colonia"},
     {Other, kStrong,
@@ -95,7 +110,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"orderid|order id|order no|bestellnummer|invoice|rechnungsnummer|reference number|reservation number|"
      u"booking number|confirmation number|case number|policy number|account number|accountnumber|account no|"
      u"accountno|accno|acct no|student id|employee id|employeeid|serial number|registration number|id card|idcard|"
-     u"library card|plus card|rewards|reward card|club card|clubcard|license plate|vin number|tracking number"},
+     u"library card|store card|storecard|store charge|charge card|plus card|rewards|reward card|club card|clubcard|license plate|vin number|tracking number"},
     {Other, kStrong,
      u"quantity|=qty|amount|betrag|=menge|=anzahl|cantidad|quantite|montant|importe|quantita|importo|aantal|price|"
      u"preis|donation|income|salary|budget|adults|children|passengers|guests|rooms|room number|nights|=age|=alter|"
@@ -125,7 +140,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"first name and last name|vor und nachname|vorname und nachname|vorname nachname|vollstandiger name|ihr name|"
      u"nom complet|nom et prenom|nom prenom|prenom et nom|votre nom|nombre completo|nombre y apellidos|"
      u"nombre y apellido|tu nombre|su nombre|nome completo|nome e cognome|volledige naam|nome e sobrenome|"
-     u"vor zuname|фио|полное имя|your name|contact name|contactname|ansprechpartner|氏名|フルネーム|姓名|성명"},
+     u"vor zuname|vor und zuname|vor u nachname|vor u zuname|name vorname|name und vorname|nachname vorname|"
+     u"nombre apellidos|nombre apellido|apellidos y nombre|imie i nazwisko|imie nazwisko|фио|полное имя|your name|contact name|contactname|ansprechpartner|氏名|フルネーム|姓名|성명"},
     {FirstName, kStrong,
      u"first name|firstname|=fname|f name|forename|given name|givenname|vorname|vornamen|prenom|nombre de pila|"
      u"primer nombre|voornaam|primeiro nome|christian name|namefirst|name first|first nm|firstnm|firstn|=имя|"
@@ -134,7 +150,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"last name|lastname|=lname|l name|surname|family name|familyname|nachname|votre nom de famille|familienname|"
      u"zuname|nom de famille|apellido|apellidos|primer apellido|cognome|achternaam|sobrenome|apelido|second name|"
      u"secondname|namelast|name last|last nm|lastnm|lastn|фамилия|=姓|姓氏|=성|=sei|name sei|full name last|"
-     u"fullnamelast|efternamn|efternavn|etternavn|nazwisko|prijmeni|soyad|soyadi|nom famille"},
+     u"fullnamelast|efternamn|efternavn|etternavn|nazwisko|prijmeni|soyad|soyadi|nom famille|=ape1"},
     {FullName, kStrong,
      u"name on card|nameoncard|name on the card|name on credit card|card holder name|cardholder name|cardholder|"
      u"card holder|card name|ccname|cc name|cc holder|ccholder|cc owner|ccowner|card owner|cardowner|"
@@ -158,7 +174,7 @@ constexpr FieldPhrases kPhrases[] = {
     {Phone, kStrong,
      u"phon|phone|phone number|=tel|telno|tel no|telnr|tel nr|telnum|telephone|telefon|telefono|telefoon|telefone|"
      u"mobile|mobilnummer|mobiltelefon|=mobil|=handy|handynummer|rufnummer|cell phone|cellphone|=cell|cellular|"
-     u"cellulare|celular|=movil|portable|=gsm|contact number|contact no|daytime number|evening number|"
+     u"cellulare|celular|=movil|portable|=gsm|contact number|=contact no|daytime number|evening number|landline|telemovel|=mobiel|mobielnummer|"
      u"alternative number|whatsapp|телефон|電話|电话|手机|携帯|전화|휴대|mobilfunk|festnetz|=fon|=ph|=tlf|phone no|"
      u"contact phone|numero de contacto|puhelin|telefonnummer|=natel"},
     {BirthYear, kStrong,
@@ -209,7 +225,7 @@ constexpr FieldPhrases kPhrases[] = {
     {CardNumber, kStrong,
      u"card number|cardnumber|cardnum|card num|card no|cardno|card nbr|card nr|cardnr|credit num|creditnum|"
      u"credit no|creditno|cc num|ccnum|cc number|ccnumber|cc no|ccno|cc nr|ccnr|number on card|credit card number|"
-     u"creditcardnumber|debit card number|card account|cardaccount|cc account|=pan|kartennummer|kreditkartennummer|"
+     u"creditcardnumber|debit card number|card account|cardaccount|cc account|kartennummer|kreditkartennummer|"
      u"kreditkarten nr|numero de carte|numero de la carte|numero de tarjeta|numero tarjeta|numero della carta|"
      u"numero carta|kaartnummer|numero do cartao|номер карты|カード番号|卡号|카드 번호|카드번호|n tarjeta|"
      u"num tarjeta|numtarjeta|nro tarjeta|no tarjeta|n carte|num carte|numcarte|n carta|numer karty|kortnummer|"
@@ -222,14 +238,15 @@ constexpr FieldPhrases kPhrases[] = {
      u"profesion|=puesto|professione|beroep|profissao|ocupacion|fonction|funktion|=cargo|職業|职业|직업"},
     {Other, kStrong,
      u"company|=firm|=firma|firmenname|=unternehmen|organisation|organization|organizacion|organizzazione|"
-     u"institution|employer|arbeitgeber|entreprise|societe|raison sociale|empresa|azienda|ragione sociale|bedrijf|"
+     u"institution|entreprise|societe|raison sociale|empresa|azienda|ragione sociale|bedrijf|"
      u"bedrijfsnaam|business name|businessname|school name|department|abteilung|会社|公司|회사|компания|"
      u"организация|会社名|部署名|部署"},
     {HouseNumber, kStrong,
      u"house number|housenumber|house no|houseno|house nr|street number|streetnumber|street no|streetno|street nr|"
      u"streetnr|street num|streetnum|house name or number|house name number|house number or name|hausnummer|hausnr|=hnr|house num|housenum|building number|numero de rue|"
      u"numero de voie|numero civico|=civico|huisnummer|numero exterior|num exterior|"
-     u"numero ext|num ext|numext|no ext|=nr|номер дома"},
+     u"numero ext|num ext|numext|no ext|num rue|numrue|n de rue|no de rue|numero de la rue|num voie|numvoie|n de voie|"
+     u"num calle|numero de calle|номер дома"},
     {Other, kStrong,
      u"street type|street prefix|street suffix|street direction|predirectional|postdirectional|tipo de via|"
      u"type de voie|tipo via|stair|=treppe"},
@@ -249,9 +266,9 @@ constexpr FieldPhrases kPhrases[] = {
      u"=line1|line 1|street|street address|streetaddress|street name|streetname|straße|strasse|straßenname|"
      u"strassenname|=str|straße 1|straße hausnummer|straße und hausnummer|straße nr|straße hausnr|straße haus nr|strasse hausnr|"
      u"strasse hausnummer|street number and name|number and street|"
-     u"strasse und hausnummer|strasse nr|=rue|numero et rue|numero et nom de rue|numero et libelle|=voie|adresse 1|"
+     u"strasse und hausnummer|strasse nr|=rue|numero et rue|nom de rue|nom de la rue|nom de la voie|nombre de la via|nombre de la calle|numero et nom de rue|numero et libelle|=voie|adresse 1|"
      u"adresse1|adresszeile 1|=calle|=domicilio|direccion 1|direccion1|=via|indirizzo 1|indirizzo1|straat|"
-     u"straatnaam|logradouro|endereco1|house name|road|=ulica|улица|住所|地址|番地|주소|addr line 1|addrline1|"
+     u"straatnaam|logradouro|endereco1|house name|building and street|flat house no|road|=ulica|улица|住所|地址|番地|주소|addr line 1|addrline1|"
      u"улица дом|=gata|ulice|=rua|街道|gatuadress"},
     {Country, kStrong,
      u"country|countrycode|country code|country name|country region|=land|=pays|=pais|paese|nazione|lander|страна|"
@@ -266,7 +283,7 @@ constexpr FieldPhrases kPhrases[] = {
     {Zip, kStrong,
      u"~zip|zip code|zipcode|zippostal|postal|postal code|postalcode|post code|postcode|=plz|postleitzahl|"
      u"code postal|codepostal|codigo postal|codigopostal|codice postale|=cap|=cep|=cp|pin code|pincode|postnummer|"
-     u"индекс|郵便番号|邮编|邮政编码|우편번호|cod postal|codpostal|kod pocztowy|postnr|=psc|post nr|郵遞區號|郵便"},
+     u"=npa|индекс|郵便番号|邮编|邮政编码|우편번호|cod postal|codpostal|kod pocztowy|postnr|=psc|post nr|郵遞區號|郵便"},
     {Bank, kStrong, u"bank|bank name|bankname|=banque|=banco|=banca|kreditinstitut|issuing bank|issuer"},
     {User, kStrong,
      u"username|user name|userid|user id|user login|userlogin|login name|loginname|loginid|login id|logon|"
@@ -282,15 +299,22 @@ constexpr FieldPhrases kPhrases[] = {
     // Words that give way to those above.
     {Title, kWeak,
      u"title|salutation|anrede|civilite|honorific|tratamiento|titolo|aanhef|tratamento|name prefix|=prefix"},
-    {HouseNumber, kWeak, u"=numero|^n|^nº|^no|^number|^num|^nummer"},
+    {HouseNumber, kWeak, u"=numero|^n|^nº|^no|^number|^num|^nummer|=nr"},
     {City, kWeak, u"suburb"},
     {State, kWeak,
      u"=region|=county|administrative area|comunidad autonoma|=zone|=省|voivodeship|wojewodztwo"},
     {Address1, kWeak,
      u"addr|address|adresse|anschrift|postal address|adresse postale|postadresse|postanschrift|direccion postal|"
-     u"direccion|indirizzo|adres|endereco|адрес|アドレス|adress"},
+     u"direccion|indirizzo|adres|endereco|=morada|адрес|アドレス|adress"},
     {Other, kWeak, u"display name|displayname|alias|=handle|=suffix"},
-    {FullName, kWeak, u"name|=nom|nombre|=nome|=naam|=navn|名前|お名前|이름|收货人"},
+    {FullName, kWeak, u"name|=nom|nombre|=nome|=naam|=navn|=namn|nom du titulaire|nom du contact|nom du client|nom du porteur|"
+     u"nom du destinataire|nom du demandeur|nom du voyageur|nom du passager|nom du participant|nom du patient|"
+     u"nom de l acheteur|nombre del titular|nombre del contacto|nombre del cliente|nombre del pasajero|"
+     u"nombre del solicitante|nombre del destinatario|nombre del comprador|nome del titolare|nome del cliente|"
+     u"name des karteninhabers|name des kontoinhabers|name des kunden|name des gastes|name des reisenden|"
+     u"name des antragstellers|name des empfangers|name des ansprechpartners|name des bestellers|name des teilnehmers|"
+     u"name of cardholder|name of card holder|name of applicant|name of passenger|name of contact|name of customer|"
+     u"name of guest|name of owner|name of account holder|名前|お名前|이름|收货人"},
     {FirstName, kWeak, u"=first|firstid|=名"},
     {LastName, kWeak, u"=last|lastid"},
     {User, kWeak, u"user|login|nickname|=nick|user nick|ニックネーム|=acct|benutzer"},
@@ -300,10 +324,16 @@ constexpr FieldPhrases kPhrases[] = {
      u"sicherheitscode|code de securite|codigo de seguridad|codice di sicurezza|codice sicurezza|veiligheidscode|"
      u"codigo de seguranca|セキュリティコード|安全码|sec code|seccode|cod seguridad|card sec code|보안 코드|"
      u"код безопасности|код проверки|digit code|digits on the back|digit security"},
-    {CardNumber, kWeak, u"creditcard|=cc|kreditkarte|carte bancaire"},
-    {Day, kWeak, u"=day|=dd|=tag|=jour|=dia|giorno|=dag|=日|=days|=tage|=den"},
-    {Month, kWeak, u"=month|=mm|=mon|=monat|=mois|=mes|mese|=maand|=month mm|=月|=mth|месяц|=months"},
-    {Year, kWeak, u"=year|=yyyy|=yy|=yr|=jahr|=annee|=ano|=anno|=jaar|=jjjj|=aaaa|=年|=год|=years"},
+    {CardNumber, kWeak, u"=pan|creditcard|=cc|kreditkarte|carte bancaire"},
+    {Day, kWeak, u"=day|=dd|=tag|=jour|=dia|giorno|=dag|=日|=den"},
+    {Month, kWeak, u"=month|=mm|=mon|=monat|=mois|=mes|mese|=maand|=month mm|=月|=mth|месяц"},
+    {Year, kWeak, u"=year|=yyyy|=yy|=yr|=jahr|=annee|=ano|=anno|=jaar|=jjjj|=aaaa|=年|=год"},
+    {Sender, kWeak,
+     u"sender|'your first|'your last|'your name|'your full|absender|'ihr vorname|'ihr name|expediteur|'votre nom|"
+     u"'votre prenom|remitente|'tu nombre|mittente"},
+    {Recipient, kWeak,
+     u"recipient|=recip|deliver|delivery|=deliv|receiver|empfanger|empfaenger|lieferadresse|destinataire|livraison|"
+     u"destinatario|entrega|envio"},
     {CardWord, kWeak,
      u"card|=credit|payment|karte|kreditkarten|=carte|tarjeta|=carta|cartao|カード|=debit|billing card|karten"},
 };

@@ -14,7 +14,7 @@ struct FieldPhrases
     bool isWeak;
     /// Parted by "|". Accents, capitals and blanks don't matter. "=" in front: only where a word begins and another one
     /// ends, as for all of less than four letters; "~" in front of such a short one: in parts of words, too; "^": only
-    /// where nothing else is said beside it.
+    /// where nothing else is said beside it; "'": only in texts for people, where words begin and end.
     QStringView phrases;
 };
 

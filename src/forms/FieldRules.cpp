@@ -27,6 +27,8 @@ struct Phrase
     bool wholeOnly;
     /// Only where nothing else is said beside it.
     bool aloneOnly;
+    /// Not in names and ids.
+    bool proseOnly;
     /// It stands behind the first word of the record: what it names is less sure than any of those.
     bool isLate;
     /// In the order in which they count.
@@ -68,14 +70,15 @@ private:
     void add(const FieldPhrases &row, QStringView text)
     {
         const bool isAlone = text.startsWith(u'^');
-        const bool isWhole = isAlone || text.startsWith(u'=');
+        const bool isProse = text.startsWith(u'\'');
+        const bool isWhole = isAlone || isProse || text.startsWith(u'=');
         const bool isPart = text.startsWith(u'~');
         const QString letters = foldedLetters(text);
         Q_ASSERT(!letters.isEmpty());
         const bool wholeOnly = isWhole || (!isPart && letters.size() < kLeastPart);
         m_hasRecord = m_hasRecord || row.kind < FieldKind::Day;
         m_lists[startOf(letters)].push_back(
-            {letters, row.kind, row.isWeak, wholeOnly, isAlone, m_hasRecord, m_count++});
+            {letters, row.kind, row.isWeak, wholeOnly, isAlone, isProse, m_hasRecord, m_count++});
     }
 
     std::unordered_map<quint32, std::vector<Phrase>> m_lists;
@@ -100,6 +103,8 @@ std::optional<Fit> fitOf(const Phrase &phrase, const FieldWords &words, qsizetyp
     if (words.isRemark(at) != words.isRemark(at + phrase.letters.size() - 1))
         return {};
     const qsizetype end = at + phrase.letters.size();
+    if (phrase.proseOnly && from == FieldWords::From::Name)
+        return {};
     if (phrase.aloneOnly && !(words.isStartOfPart(at) && words.isStartOfPart(end)))
         return {};
     const bool starts = words.isEdge(at);
@@ -138,7 +143,10 @@ void forEachMatch(const FieldWords &words, FieldWords::From from, Use use)
 {
     const QStringView letters = words.letters();
     qsizetype covered = 0;
+    qsizetype trapped = 0;
     for (qsizetype at = 0; at < letters.size(); ++at) {
+        if (at < trapped)
+            continue;
         const std::vector<Phrase> *list = phraseIndex().at(letters.sliced(at));
         if (!list)
             continue;
@@ -150,6 +158,8 @@ void forEachMatch(const FieldWords &words, FieldWords::From from, Use use)
             if (!fit)
                 continue;
             covered = end;
+            if (phrase.kind == FieldKind::Trap)
+                trapped = end;
             use(Match{&phrase, at, *fit});
         }
     }
@@ -157,7 +167,7 @@ void forEachMatch(const FieldWords &words, FieldWords::From from, Use use)
 
 bool decides(FieldKind kind)
 {
-    return kind != FieldKind::CardWord && kind != FieldKind::Trap && kind != FieldKind::Never;
+    return kind < FieldKind::CardWord || kind == FieldKind::Other;
 }
 
 /// Three letters are soon a part of another word.
@@ -197,6 +207,7 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
 {
     TextReading reading;
     reading.hasLetters = words.size() > 0;
+    reading.isSecond = words.letters().contains(u'2');
     std::optional<decltype(rankOf(Match{}))> best;
     FieldKinds sure;
     const int last = from == FieldWords::From::Name ? sayingPart(words) : 0;
@@ -219,8 +230,10 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         reading.kind = kind;
         reading.isWeak = isWeak(match);
         reading.isFar = match.isFar;
+        reading.isAlone = words.isStartOfPart(match.at) && words.isStartOfPart(match.end());
         reading.isForeign = kind == FieldKind::Other && !match.phrase->isLate && !reading.isWeak;
     });
+    reading.isWholeName = sure.has(FieldKind::FullName);
     // "Street and house number"
     if (from == FieldWords::From::Prose && reading.kind == FieldKind::HouseNumber && sure.has(FieldKind::Address1))
         reading.kind = FieldKind::Address1;

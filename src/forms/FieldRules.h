@@ -16,6 +16,12 @@ struct TextReading
     bool isFar = false;
     /// It is something that the record does not hold, by a word that counts before those of the record.
     bool isForeign = false;
+    /// It counts what it asks for: "line 2".
+    bool isSecond = false;
+    /// Its word is all there is in a name.
+    bool isAlone = false;
+    /// It speaks of a name of first and last name.
+    bool isWholeName = false;
     /// There are letters in it at all.
     bool hasLetters = false;
     /// Everything that is said, also what does not decide.

@@ -229,8 +229,8 @@ int optionOfCallingCode(const Options &options, const RecordValues &record)
         if (digits.isEmpty() && option.value.startsWith(u'+'))
             digits = foldedLetters(option.value);
         const QString value = foldedLetters(option.value);
-        const bool isNamed = isHome && (record.countryNames.contains(letters) || record.countryCodes.contains(letters) ||
-                                        record.countryCodes.contains(value));
+        const bool isNamed = isHome && (record.countryNames.contains(letters) ||
+                                        record.countryCodes.contains(letters) || record.countryCodes.contains(value));
         if (digits == code || digits == u"00"_s + code) {
             if (isNamed)
                 return i;
@@ -386,7 +386,8 @@ ListContent contentOf(const Options &options)
             return list.content;
     }
     const auto countries = static_cast<size_t>(std::ranges::count_if(texts, isCountryName));
-    if (countries >= kLeastCountries && 2 * countries > head.size())
+    const bool isShortList = countries >= 2 && countries + 1 >= options.size();
+    if (isShortList || (countries >= kLeastCountries && 2 * countries > head.size()))
         return ListContent::Countries;
     return ListContent::Unknown;
 }

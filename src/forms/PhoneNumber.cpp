@@ -67,7 +67,8 @@ PhoneNumber PhoneNumber::of(const QString &text, const QString &countryCode)
     }
     number.digits = pieces.join(QString());
     const bool isNorthAmerican = number.country == u"1" || (number.country.isEmpty() && countryCode.isEmpty());
-    if (isNorthAmerican && !number.isInternational && number.digits.size() == kTen + 1 && number.digits.startsWith(u'1'))
+    if (isNorthAmerican && !number.isInternational && number.digits.size() == kTen + 1 &&
+        number.digits.startsWith(u'1'))
         number.digits.remove(0, 1);
     if (number.digits.size() == kTen && isNorthAmerican) {
         number.groups = {3, 3, 4};

@@ -6,8 +6,8 @@
 /// A telephone number taken apart for pages that ask for it in pieces.
 struct PhoneNumber
 {
-    /// Digits of the country's code: as the number begins with it behind "+" or "00", else that of the country where the
-    /// user lives. Empty when neither tells it.
+    /// Digits of the country's code: as the number begins with it behind "+" or "00", else that of the country where
+    /// the user lives. Empty when neither tells it.
     QString country;
     /// The number itself begins with the country's code.
     bool isInternational = false;

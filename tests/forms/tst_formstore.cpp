@@ -114,8 +114,7 @@ private slots:
         QVERIFY(!content.contains(number.toUtf8()) && !content.contains(units));
         // The same record looks different each time, and an old one is overwritten in its place.
         store.SaveFormData(path());
-        QVERIFY(readFile(path()) != content);
-        QVERIFY(!QFile::exists(path() + u".damaged"_s));
+        QVERIFY(readFile(path()) != content && !QFile::exists(path() + u".damaged"_s));
     }
 
     void everyDamageLeavesABeginning()
