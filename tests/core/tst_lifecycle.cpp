@@ -216,6 +216,18 @@ private slots:
         }
     }
 
+    void addressBarFollowsTheWindow()
+    {
+        MainFixture f;
+        QVERIFY(f.startQuietly());
+        const auto end = [](const QWidget *control) { return control->x() + control->width(); };
+        const frmMain &main = f.main();
+        f.main().resize(800, 500);
+        QTRY_COMPARE(end(main.goNew), main.frameGeometry().width() - 30);
+        QCOMPARE(main.goNew->x() - end(main.Go), 3);
+        QCOMPARE(main.Go->x() - end(main.AddressBar), 14);
+    }
+
     void lostScreenBringsTheWindowBack()
     {
         MainFixture f;
