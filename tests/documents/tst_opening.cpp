@@ -32,6 +32,11 @@ private slots:
         QVERIFY(f.tab(1).Selected() && document.isVisible() && document.isActive());
         QCOMPARE(f.addressBar.List(0), u"http://a.example/"_s);
         QCOMPARE(f.main.calls, QStringList{u"ModifyMenu"_s});
+        // The page fills its form, wherever 16 bits of twips end.
+        for (const QSize size : {QSize(400, 300), QSize(2400, 2300), QSize(0, 0)}) {
+            document.resize(size);
+            QCOMPARE(browser.geometry(), QRect(QPoint(), size));
+        }
 
         // A refused step costs only itself. The document comes up maximised, whatever state the others are in.
         f.mdi.Arrange(controls::vbTileHorizontal);
