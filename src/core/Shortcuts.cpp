@@ -33,7 +33,7 @@ constexpr FurtherKeys kFurtherKeys[] = {
     {"Alt+Left", u"mnuNavigateBack"},     {"Back", u"mnuNavigateBack"},
     {"Alt+Right", u"mnuNavigateForward"}, {"Forward", u"mnuNavigateForward"},
     {"Stop", u"mnuNavigateStop"},         {"Ctrl+T", u"mnuFileNew"},
-    {"Ctrl+U", u"mnuViewSource"},
+    {"Ctrl+U", u"mnuViewSource"},         {"F8", u"mnuContentFillForm"},
 };
 
 void addShortcut(QWidget &window, controls::PopupMenu &menu, int item, const QKeySequence &keys, Commands &commands,

@@ -37,7 +37,9 @@
 #include "system/frmQSearch.h"
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QPainter>
 #include <QShortcut>
 #include <QToolButton>
@@ -53,6 +55,8 @@ constexpr int kMiscPictures = 6;
 constexpr int kProgressPictures = 12;
 
 constexpr int kClockMs = 1000;
+/// Nobody means to open more documents with one movement of the mouse.
+constexpr int kDroppedAtOnce = 20;
 
 /// Height of the tab and the address band inside, in pixels.
 constexpr int kBandHeight = 26;
@@ -85,6 +89,7 @@ frmMain::frmMain(MainCode &mainCode)
 {
     setObjectName(u"frmMain"_s);
     setAttribute(Qt::WA_DontCreateNativeAncestors);
+    setAcceptDrops(true);
 }
 
 frmMain::~frmMain()
@@ -343,6 +348,29 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
     if (mdi && watched == mdi->childControls() && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
         QMetaObject::invokeMethod(this, &frmMain::layOutTabBand, Qt::QueuedConnection);
     return QWidget::eventFilter(watched, event);
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+/// Pages take what is dropped on them. On all the rest of the window links and files open in tabs of their own.
+void frmMain::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    for (const QUrl &url : event->mimeData()->urls().mid(0, kDroppedAtOnce)) {
+        const QString address = url.isLocalFile() ? url.toLocalFile() : url.toString(QUrl::FullyEncoded);
+        // Later: a link may be on its way from one of our own pages, whose engine waits for the end of the drop.
+        QMetaObject::invokeMethod(
+            this,
+            [this, address] {
+                if (!m_unloading)
+                    LoadNewDoc(address);
+            },
+            Qt::QueuedConnection);
+    }
 }
 
 void frmMain::openWindowMenu()

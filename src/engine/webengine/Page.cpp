@@ -1,5 +1,6 @@
 #include "engine/webengine/Page.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QWebEngineClientCertificateSelection>
 #include <QWebEngineFileSystemAccessRequest>
@@ -16,6 +17,8 @@ Page::Page(QWebEngineProfile &profile, Host &host)
     , m_host(host)
 {
     refusePermissions();
+    // Every window is a tab here; the menu of a link has an entry for those.
+    action(OpenLinkInNewWindow)->setVisible(false);
 }
 
 /// What a page may ask the user for has no way to ask yet; a request without an answer would wait for ever.
