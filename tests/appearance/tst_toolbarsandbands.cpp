@@ -1,6 +1,7 @@
 #include "appearance/Bands.h"
 #include "appearance/ShippedFiles.h"
 #include "appearance/Toolbars.h"
+#include "base/Files.h"
 #include "controls/BandContainer.h"
 #include "controls/MenuBar.h"
 #include "controls/PopupMenu.h"
@@ -82,14 +83,11 @@ private slots:
         }
 
         // What the user put there stays.
-        QFile own(folder.filePath(u"nav_16h.bmp"_s));
-        QVERIFY(own.open(QIODevice::WriteOnly));
-        own.write("mine");
-        own.close();
+        QVERIFY(writeFileWhole(folder.filePath(u"nav_16h.bmp"_s), "mine"));
         QFile::remove(folder.filePath(u"nav_24h.bmp"_s));
         installShippedFiles(folder.path());
         QVERIFY(QFile::exists(folder.filePath(u"nav_24h.bmp"_s)));
-        QCOMPARE(own.size(), 4);
+        QCOMPARE(readFile(folder.filePath(u"nav_16h.bmp"_s)).value(), "mine");
     }
 
     void toolbarsStartAsStored()
@@ -163,10 +161,8 @@ private slots:
     void bandsAreTheSameAtEachStart()
     {
         Top top;
-        QFile old(top.folder.filePath(u"layout.xml"_s));
-        QVERIFY(old.open(QIODevice::WriteOnly));
-        old.write("<layout><band key=\"Tabbar\" row=\"0\"/></layout>");
-        old.close();
+        const QString file = top.folder.filePath(u"layout.xml"_s);
+        QVERIFY(writeFileWhole(file, "<layout><band key=\"Tabbar\" row=\"0\"/></layout>"));
         top.show();
         QStringList keys;
         for (int i = 0; i < top.cReBar1->BandCount(); ++i)
@@ -182,8 +178,7 @@ private slots:
         }
 
         top.bands.SaveBandLayout();
-        QVERIFY(old.open(QIODevice::ReadOnly));
-        QCOMPARE(QString::fromUtf8(old.readAll()), top.cReBar1->LayoutText());
+        QCOMPARE(QString::fromUtf8(readFile(file).value()), top.cReBar1->LayoutText());
     }
 };
 
