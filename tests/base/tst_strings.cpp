@@ -1,15 +1,29 @@
+#include "base/Files.h"
 #include "base/StringTable.h"
 #include "base/Strings.h"
 #include "base/step.h"
 
+#include <QAction>
+#include <QCheckBox>
+#include <QDialog>
 #include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTabWidget>
 #include <QTest>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
 /// Ids below this one belong to the table that is fixed; a translation changes texts, never ids.
 constexpr int kFirstOwnId = 20000;
 
+/// The table of strings, and the forms that take their texts from it.
 class tst_Strings : public QObject
 {
     Q_OBJECT
@@ -40,9 +54,7 @@ private slots:
 
     void noLineIsLost()
     {
-        QFile file(u":/strings/strings.txt"_s);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray content = file.readAll();
+        const QByteArray content = readFile(u":/strings/strings.txt"_s).value();
         qsizetype lines = 0;
         for (const QByteArray &line : content.split('\n'))
             lines += !line.isEmpty() && !line.startsWith('#');
@@ -66,7 +78,84 @@ private slots:
         for (const auto &[file, text] : cases)
             QCOMPARE(parseStringTable(file).value(7), text);
     }
+
+    void numbers()
+    {
+        // What becomes of the title of a window, the caption of a control and a label, which holds its number itself.
+        const QString old = u"old"_s;
+        const QString load = u"Load Now"_s;
+        const QString manual = u"Manual Loading Only"_s;
+        const std::initializer_list<std::tuple<QString, QString, QString, QString>> cases{
+            {u"8007"_s, load, load, load},           // number
+            {u" 80 07x"_s, old, load, u" 80 07x"_s}, // blanks and more text
+            {u"8006.5"_s, manual, manual, manual},   // rounded to even
+            {u"Label1"_s, old, old, u"Label1"_s},    // text
+            {u"8024"_s, old, old, u"8024"_s},        // absent
+            {u"73543"_s, old, old, u"73543"_s},      // beyond 16 bits
+            {QString(), old, old, QString()}};       // empty
+        for (const auto &[number, title, caption, labelText] : cases) {
+            QDialog form;
+            form.setWindowTitle(u"old"_s);
+            form.setProperty(kTag, number);
+            auto *frame = new QGroupBox(u"old"_s, &form);
+            auto *button = new QPushButton(u"old"_s, frame);
+            auto *check = new QCheckBox(u"old"_s, frame);
+            auto *text = new QLineEdit(u"old"_s, frame);
+            for (QWidget *control : std::initializer_list<QWidget *>{frame, button, check, text}) {
+                control->setProperty(kTag, number);
+                control->setToolTip(number);
+            }
+            QLabel label(number, &form);
+            LocalizeForm(&form);
+            QCOMPARE(form.windowTitle(), title);
+            QCOMPARE((QStringList{frame->title(), button->text(), check->text()}), QStringList(3, caption));
+            QCOMPARE(label.text(), labelText);
+            // A text box has no caption; its content stays.
+            QCOMPARE(text->text(), u"old"_s);
+            QCOMPARE(text->toolTip(), caption == u"old"_s ? number : caption);
+        }
+    }
+
+    void menusTabsAndHeaders()
+    {
+        QMainWindow form;
+        QMenu *file = form.menuBar()->addMenu(u"1000"_s);
+        const QAction *open = file->addAction(u"1002"_s);
+        const QAction *dash = file->addAction(u"-"_s);
+        const QAction *status = file->addMenu(u"1019"_s)->addAction(u"1021"_s);
+        QTabWidget pages;
+        form.setCentralWidget(&pages);
+        auto *bar = pages.findChild<QTabBar *>();
+        pages.addTab(new QWidget, u"General"_s);
+        pages.addTab(new QWidget, u"Own"_s);
+        bar->setTabData(0, u"8027"_s);
+        bar->setTabToolTip(0, u"8015"_s);
+        auto *list = new QTreeWidget(&pages);
+        list->setHeaderLabels({u"a"_s, u"b"_s});
+        list->headerItem()->setData(0, kTagRole, u"2503"_s);
+        LocalizeForm(&form);
+        QCOMPARE((QStringList{file->title(), open->text(), dash->text(), status->text()}),
+                 (QStringList{u"&File"_s, u"&Open\tCtrl+O"_s, u"-"_s, u"Status &Bar"_s}));
+        QCOMPARE((QStringList{pages.tabText(0), pages.tabToolTip(0), pages.tabText(1)}),
+                 (QStringList{u"User Sites"_s, u"History"_s, u"Own"_s}));
+        QCOMPARE((QStringList{list->headerItem()->text(0), list->headerItem()->text(1)}),
+                 (QStringList{u"Site"_s, u"b"_s}));
+    }
+
+    void formsInsideAreLeftAlone()
+    {
+        QMainWindow form;
+        auto *area = new QMdiArea;
+        form.setCentralWidget(area);
+        auto *document = new QLabel(u"100"_s);
+        area->addSubWindow(document);
+        QDialog dialog(&form);
+        const QLabel count(u"102"_s, &dialog);
+        LocalizeForm(&form);
+        QCOMPARE(document->text(), u"100"_s);
+        QCOMPARE(count.text(), u"102"_s);
+    }
 };
 
-QTEST_GUILESS_MAIN(tst_Strings)
+QTEST_MAIN(tst_Strings)
 #include "tst_strings.moc"

@@ -3,7 +3,6 @@
 #include "blocking/BlackListSearch.h"
 #include "blocking/SiteBlocker.h"
 #include "core/state/Settings.h"
-#include "support/Rows.h"
 
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -18,29 +17,25 @@ class tst_BlackList : public QObject
     Q_OBJECT
 
 private slots:
-    void lines_data()
+    void lines()
     {
         const QByteArray two = "ads.\r\nB%41 /x \r\n";
         const QByteArray marks = "\xEF\xBB\xBF\xEF\xBB\xBF-x\r\n";
         // Bytes that are no UTF-8; one of them is kept under the number that the second half of this sign has.
         const QByteArray stray = "\xE4.\xF0\x9F\x98 \xED\xA0\x80\xC0\xAF\xE9\r\n\xE9\r\n";
         QVERIFY(!BlackListSearch(parseBlackList("\xE9")).findsAnyIn(u"http://a/\U0001F4E9"_s));
-        rows<QByteArray, QStringList, QByteArray>({
-            {"LF, no final end", {QByteArray("ads.\nB%41 /x "), QStringList{u"ads."_s, u"B%41 /x "_s}, two}},
-            {"CR", {QByteArray("ads.\rB%41 /x \r"), QStringList{u"ads."_s, u"B%41 /x "_s}, two}},
-            {"mixed", {QByteArray("\n\r\r\nä"), QStringList{{}, {}, {}, u"ä"_s}, "\r\n\r\n\r\nä\r\n"_ba}},
-            {"NUL", {QByteArray("a\0b", 3), QStringList{QString(u"a\0b"_s)}, QByteArray("a\0b\r\n", 5)}},
-            {"byte order mark", {marks.mid(3), QStringList{u"-x"_s}, marks.mid(6)}},
-            {"two of them", {marks, QStringList{u"\uFEFF-x"_s}, marks}},
-            {"no text", {stray, parseBlackList(stray), stray}},
-        });
-    }
-
-    void lines()
-    {
-        const auto [content, entries, written] = row<QByteArray, QStringList, QByteArray>();
-        QCOMPARE(parseBlackList(content), entries);
-        QCOMPARE(blackListContent(parseBlackList(content)), written);
+        const std::initializer_list<std::tuple<QByteArray, QStringList, QByteArray>> cases{
+            {QByteArray("ads.\nB%41 /x "), QStringList{u"ads."_s, u"B%41 /x "_s}, two},          // LF, no final end
+            {QByteArray("ads.\rB%41 /x \r"), QStringList{u"ads."_s, u"B%41 /x "_s}, two},        // CR
+            {QByteArray("\n\r\r\nä"), QStringList{{}, {}, {}, u"ä"_s}, "\r\n\r\n\r\nä\r\n"_ba},  // mixed
+            {QByteArray("a\0b", 3), QStringList{QString(u"a\0b"_s)}, QByteArray("a\0b\r\n", 5)}, // NUL
+            {marks.mid(3), QStringList{u"-x"_s}, marks.mid(6)},                                  // byte order mark
+            {marks, QStringList{u"\uFEFF-x"_s}, marks},                                          // two of them
+            {stray, parseBlackList(stray), stray}};                                              // no text
+        for (const auto &[content, entries, written] : cases) {
+            QCOMPARE(parseBlackList(content), entries);
+            QCOMPARE(blackListContent(parseBlackList(content)), written);
+        }
     }
 
     void unreadFileIsKept()

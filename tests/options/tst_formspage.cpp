@@ -7,7 +7,6 @@
 #include "options/FormsPage.h"
 #include "options/frmOptions1.h"
 #include "support/RecordingDialogs.h"
-#include "support/Rows.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -70,8 +69,7 @@ struct Fixture
     void answer(const QString &password)
     {
         auto *question = dialog->findChild<frmFormPass *>();
-        QVERIFY(question && question->isVisible());
-        QVERIFY(!flags.ShortcutsEnabled);
+        QVERIFY(question && question->isVisible() && !flags.ShortcutsEnabled);
         question->txtPassword->setText(password);
         question->cmdOK->click();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -90,52 +88,48 @@ class tst_FormsPage : public QObject
 {
     Q_OBJECT
 private slots:
-    void protection_data()
-    {
-        rows<QString, QString, QString>({
-            {"right", {u"a b"_s, u"a b"_s, QString()}},
-            {"no password", {QString(), u"x"_s, kNoPassword}},
-            {"other letters", {u"Secret"_s, u"secret"_s, kNoMatch}},
-        });
-    }
-
     void protection()
     {
-        const auto [password, confirm, message] = row<QString, QString, QString>();
-        Fixture f;
-        FormsPage &page = f.open();
-        page.Password->setText(password);
-        page.Confirm->setText(confirm);
-        page.Protect->click();
+        const std::initializer_list<std::tuple<QString, QString, QString>> cases{
+            {u"a b"_s, u"a b"_s, QString()},       // right
+            {QString(), u"x"_s, kNoPassword},      // no password
+            {u"Secret"_s, u"secret"_s, kNoMatch}}; // other letters
+        for (const auto &[password, confirm, message] : cases) {
+            Fixture f;
+            FormsPage &page = f.open();
+            page.Password->setText(password);
+            page.Confirm->setText(confirm);
+            page.Protect->click();
 
-        const bool isOn = message.isEmpty();
-        QCOMPARE(f.dialogs.messages, isOn ? QStringList() : QStringList{message});
-        QCOMPARE(f.dialogs.titles, isOn ? QStringList() : QStringList{u"error"_s});
-        QCOMPARE(page.Protect->isChecked(), isOn);
-        QCOMPARE(f.settings.ProtectCreditInfo, isOn);
-        QCOMPARE(f.settings.CreditInfoPassword, isOn ? password : QString());
-        QCOMPARE(page.Password->text() + page.Confirm->text(), isOn ? password + confirm : QString());
-        for (const QWidget *control : std::initializer_list<QWidget *>{page.CardType, page.CardNumber, page.ValidCode,
-                                                                       page.ExpMonth, page.ExpYear})
-            QCOMPARE(isLightBlue(control), isOn);
-        QVERIFY(!isLightBlue(page.Bank));
+            const bool isOn = message.isEmpty();
+            QCOMPARE(f.dialogs.messages, isOn ? QStringList() : QStringList{message});
+            QCOMPARE(f.dialogs.titles, isOn ? QStringList() : QStringList{u"error"_s});
+            QCOMPARE(page.Protect->isChecked(), isOn);
+            QCOMPARE(f.settings.ProtectCreditInfo, isOn);
+            QCOMPARE(f.settings.CreditInfoPassword, isOn ? password : QString());
+            QCOMPARE(page.Password->text() + page.Confirm->text(), isOn ? password + confirm : QString());
+            for (const QWidget *control : std::initializer_list<QWidget *>{page.CardType, page.CardNumber,
+                                                                           page.ValidCode, page.ExpMonth, page.ExpYear})
+                QCOMPARE(isLightBlue(control), isOn);
+            QVERIFY(!isLightBlue(page.Bank));
 
-        // Opening the dialog again shows the state, cancelled or not; a protection without a password ends there.
-        f.dialogs.messages.clear();
-        f.dialog->reject();
-        if (!isOn) {
-            f.settings.ProtectCreditInfo = true;
+            // Opening the dialog again shows the state, cancelled or not; a protection without a password ends there.
+            f.dialogs.messages.clear();
+            f.dialog->reject();
+            if (!isOn) {
+                f.settings.ProtectCreditInfo = true;
+                FormsPage &again = f.open();
+                QVERIFY(!again.Protect->isChecked() && !f.settings.ProtectCreditInfo);
+                QCOMPARE(f.dialogs.messages, QStringList{kNoPassword});
+                return;
+            }
             FormsPage &again = f.open();
-            QVERIFY(!again.Protect->isChecked() && !f.settings.ProtectCreditInfo);
-            QCOMPARE(f.dialogs.messages, QStringList{kNoPassword});
-            return;
+            QVERIFY(again.Protect->isChecked() && isLightBlue(again.CardNumber));
+            QCOMPARE(again.Confirm->text(), password);
+            again.Protect->click();
+            QVERIFY(!f.settings.ProtectCreditInfo && f.settings.CreditInfoPassword.isEmpty());
+            QVERIFY(!isLightBlue(again.CardNumber) && f.dialogs.messages.isEmpty());
         }
-        FormsPage &again = f.open();
-        QVERIFY(again.Protect->isChecked() && isLightBlue(again.CardNumber));
-        QCOMPARE(again.Confirm->text(), password);
-        again.Protect->click();
-        QVERIFY(!f.settings.ProtectCreditInfo && f.settings.CreditInfoPassword.isEmpty());
-        QVERIFY(!isLightBlue(again.CardNumber) && f.dialogs.messages.isEmpty());
     }
 
     void tabGuard()

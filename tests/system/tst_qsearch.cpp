@@ -1,6 +1,5 @@
 #include "support/DocumentFixture.h"
 
-#include "support/Rows.h"
 #include "system/frmQSearch.h"
 
 #include <QComboBox>
@@ -15,42 +14,35 @@ class tst_QSearch : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
-
-    void queries_data()
-    {
-        const QString web = u"https://www.google.com/search?hl=en&lr=&ie=UTF-8&oe=UTF-8&q="_s;
-        rows<QString, int, QString>({
-            {"words", {u" two  words "_s, 0, web + u"two++words"_s}},
-            {"nothing is encoded", {u"a&b#c"_s, 0, web + u"a&b#c"_s}},
-            {"groups",
-             {u"x"_s, 1,
-              u"https://groups.google.com/groups?hl=en&lr=&ie=UTF-8&oe=UTF-8&tab=nf&q="
-              "x&sa=N&tab=fg"_s}},
-            {"empty", {QString(), 0, web}},
-        });
-    }
-
     void queries()
     {
-        const auto [typed, type, address] = row<QString, int, QString>();
-        DocumentFixture f;
-        f.flags.ShortcutsEnabled = true;
-        frmQSearch form(&f.window, f.main, f.store, f.flags);
-        form.ask();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
-        QVERIFY(form.isModal() && !f.flags.ShortcutsEnabled);
-        QTest::keyClicks(QApplication::focusWidget(), typed);
-        QCOMPARE(form.Command1->isEnabled(), !typed.isEmpty());
-        form.vbalCboEx2->setCurrentIndex(type);
-        // Enter does not look at the button.
-        if (type == 0)
-            QTest::keyClick(form.vbalCboEx1->lineEdit(), Qt::Key_Return);
-        else
-            QTest::mouseClick(form.Command1, Qt::LeftButton);
-        QCOMPARE(f.main.opened, QStringList{address});
-        QVERIFY(form.isHidden() && f.flags.ShortcutsEnabled);
-        QCOMPARE(form.vbalCboEx1->List(0), typed);
+        const QString web = u"https://www.google.com/search?hl=en&lr=&ie=UTF-8&oe=UTF-8&q="_s;
+        const std::initializer_list<std::tuple<QString, int, QString>> cases{
+            {u" two  words "_s, 0, web + u"two++words"_s}, // words
+            {u"a&b#c"_s, 0, web + u"a&b#c"_s},             // nothing is encoded
+            {u"x"_s, 1,
+             u"https://groups.google.com/groups?hl=en&lr=&ie=UTF-8&oe=UTF-8&tab=nf&q="
+             "x&sa=N&tab=fg"_s},  // groups
+            {QString(), 0, web}}; // empty
+        for (const auto &[typed, type, address] : cases) {
+            DocumentFixture f;
+            f.flags.ShortcutsEnabled = true;
+            frmQSearch form(&f.window, f.main, f.store, f.flags);
+            form.ask();
+            QVERIFY(QTest::qWaitForWindowActive(&form));
+            QVERIFY(form.isModal() && !f.flags.ShortcutsEnabled);
+            QTest::keyClicks(QApplication::focusWidget(), typed);
+            QCOMPARE(form.Command1->isEnabled(), !typed.isEmpty());
+            form.vbalCboEx2->setCurrentIndex(type);
+            // Enter does not look at the button.
+            if (type == 0)
+                QTest::keyClick(form.vbalCboEx1->lineEdit(), Qt::Key_Return);
+            else
+                QTest::mouseClick(form.Command1, Qt::LeftButton);
+            QCOMPARE(f.main.opened, QStringList{address});
+            QVERIFY(form.isHidden() && f.flags.ShortcutsEnabled);
+            QCOMPARE(form.vbalCboEx1->List(0), typed);
+        }
     }
 
     void comesBackAsItWas()
