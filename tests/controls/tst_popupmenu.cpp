@@ -40,8 +40,7 @@ private slots:
         const int plain = add(menu, u"Plain"_s, 0, u"plain"_s);
         QSignalSpy clicks(&menu, &PopupMenu::Click);
         menu.action(checked)->trigger();
-        QVERIFY(menu.Checked(checked));
-        QVERIFY(menu.action(checked)->isChecked());
+        QVERIFY(menu.Checked(checked) && menu.action(checked)->isChecked());
         menu.setChecked(checked, false);
         menu.action(checked)->trigger();
         QVERIFY(!menu.action(checked)->isChecked());
@@ -130,9 +129,7 @@ private slots:
         bar.resize(bar.actionGeometry(menu.action(file)).right() + 40, bar.height());
         bar.ShowChevronMenu(0, 0);
         const auto *rest = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        QVERIFY(rest);
-        QVERIFY(rest->actions().contains(menu.action(help)));
-        QVERIFY(!rest->actions().contains(menu.action(file)));
+        QVERIFY(rest && rest->actions().contains(menu.action(help)) && !rest->actions().contains(menu.action(file)));
         QApplication::activePopupWidget()->close();
     }
 

@@ -85,8 +85,7 @@ private slots:
         strip.fill(3);
         strip.Tabs(2).setSelected(true);
         GlyphButton *close = strip.closeButton();
-        QVERIFY(strip.tabRect(1).contains(close->geometry()));
-        QVERIFY(!close->accessibleName().isEmpty());
+        QVERIFY(strip.tabRect(1).contains(close->geometry()) && !close->accessibleName().isEmpty());
         QTest::mouseClick(close, Qt::LeftButton);
         QCOMPARE(strip.log, QStringList{u"close Page number 2 of 2"_s});
         QCOMPARE(strip.Tabs(2).Caption(), u"Page number 3"_s);
@@ -104,12 +103,10 @@ private slots:
         Strip strip;
         strip.fill(120);
         const int natural = strip.tabRect(0).width();
-        QVERIFY(strip.tabRect(0).right() < strip.width());
-        QVERIFY(strip.tabRect(119).left() > strip.width());
+        QVERIFY(strip.tabRect(0).right() < strip.width() && strip.tabRect(119).left() > strip.width());
         QVERIFY(natural >= 16 * 3);
         strip.Tabs(120).setSelected(true);
-        QVERIFY(strip.rect().contains(strip.middleOf(120)));
-        QVERIFY(strip.closeButton()->isVisible());
+        QVERIFY(strip.rect().contains(strip.middleOf(120)) && strip.closeButton()->isVisible());
         QVERIFY(strip.tabRect(119).contains(strip.closeButton()->geometry()));
 
         // Back to the first one with the wheel, which selects nothing; titles that arrive meanwhile move nothing.
@@ -118,8 +115,7 @@ private slots:
                               Qt::NoScrollPhase, false);
             QCoreApplication::sendEvent(&strip, &wheel);
         }
-        QVERIFY(strip.rect().contains(strip.middleOf(1)));
-        QVERIFY(strip.Tabs(120).Selected());
+        QVERIFY(strip.rect().contains(strip.middleOf(1)) && strip.Tabs(120).Selected());
         strip.Tabs(60).setCaption(u"Another and much longer title of a page"_s);
         QVERIFY(strip.rect().contains(strip.middleOf(1)));
         QVERIFY(strip.closeButton()->isHidden()); // its tab is out of sight
