@@ -1,7 +1,6 @@
 #include "MainFixture.h"
 
 #include "core/state/SettingsTable.h"
-#include "support/Rows.h"
 
 #include <QToolButton>
 
@@ -93,8 +92,7 @@ private slots:
         QVERIFY(f.start());
         QVERIFY(f.main().isMaximized());
         QCOMPARE(f.main().normalGeometry().size(), QSize(433, 433));
-        QVERIFY(f.main().navigator->isHidden());
-        QVERIFY(!f.main().goNew->isChecked());
+        QVERIFY(f.main().navigator->isHidden() && !f.main().goNew->isChecked());
         QCOMPARE(f.main().vbalStatusBar1->PanelIcon(u"Item4"_s), 3);
         f.close();
         for (const Key &each : everyKey())
@@ -122,8 +120,7 @@ private slots:
         QVERIFY(!f.main().isMaximized());
         QCOMPARE(f.main().AddressBar->ListCount(), 1);
         QVERIFY(!f.main().cReBar1->BandVisible(f.main().cReBar1->BandIndexForKey(u"Toolbar1"_s)));
-        QVERIFY(f.main().vbalStatusBar1->isHidden());
-        QVERIFY(!f.isChecked(u"mnuViewStatusBar"_s));
+        QVERIFY(f.main().vbalStatusBar1->isHidden() && !f.isChecked(u"mnuViewStatusBar"_s));
     }
 
     void windowKeysComeBack()
@@ -150,40 +147,35 @@ private slots:
             QVERIFY2(f.get(u"Settings", key) == value, qPrintable(key + u": "_s + f.get(u"Settings", key)));
     }
 
-    void addressListKeepsItsLowestEntries_data()
-    {
-        rows<int, int, int>({
-            {"none", {0, -1, 0}},
-            {"51", {51, -1, 51}},
-            {"60", {60, -1, 51}},
-            {"an empty one does not count", {52, 30, 51}},
-        });
-    }
-
     void addressListKeepsItsLowestEntries()
     {
-        const auto [entries, empty, kept] = row<int, int, int>();
-        MainFixture f;
-        QVERIFY(f.startQuietly());
-        QStringList list;
-        for (int i = 0; i < entries; ++i)
-            list += i == empty ? QString() : u"http://%1.example/"_s.arg(i);
-        for (int i = 0; i < entries; ++i)
-            f.main().AddressBar->InsertItem(i, list[i]);
-        f.close();
-        QCOMPARE(f.get(u"Settings", u"HistoryCount"), QString::number(kept));
-        if (kept > 0)
-            QCOMPARE(f.get(u"Settings", u"HistorySite1"), list.last());
+        const std::initializer_list<std::tuple<int, int, int>> cases{{0, -1, 0},    // none
+                                                                     {51, -1, 51},  // 51
+                                                                     {60, -1, 51},  // 60
+                                                                     {52, 30, 51}}; // an empty one does not count
+        for (const auto &[entries, empty, kept] : cases) {
+            MainFixture f;
+            QVERIFY(f.startQuietly());
+            QStringList list;
+            for (int i = 0; i < entries; ++i)
+                list += i == empty ? QString() : u"http://%1.example/"_s.arg(i);
+            for (int i = 0; i < entries; ++i)
+                f.main().AddressBar->InsertItem(i, list[i]);
+            f.close();
+            QCOMPARE(f.get(u"Settings", u"HistoryCount"), QString::number(kept));
+            if (kept > 0)
+                QCOMPARE(f.get(u"Settings", u"HistorySite1"), list.last());
 
-        QVERIFY(f.start());
-        list.removeAll(QString());
-        QStringList back;
-        for (int i = 0; i < f.main().AddressBar->ListCount(); ++i)
-            back += f.main().AddressBar->List(i);
-        QCOMPARE(back, list.mid(list.size() - kept));
-        QCOMPARE(f.main().AddressBar->Text(), QString());
-        if (kept > 0)
-            QCOMPARE(f.main().AddressBar->ItemIcon(0), 4);
+            QVERIFY(f.start());
+            list.removeAll(QString());
+            QStringList back;
+            for (int i = 0; i < f.main().AddressBar->ListCount(); ++i)
+                back += f.main().AddressBar->List(i);
+            QCOMPARE(back, list.mid(list.size() - kept));
+            QCOMPARE(f.main().AddressBar->Text(), QString());
+            if (kept > 0)
+                QCOMPARE(f.main().AddressBar->ItemIcon(0), 4);
+        }
     }
 };
 

@@ -157,8 +157,7 @@ private slots:
         };
         forget();
         click(f.main(), u"mnuContentImage"_s);
-        QVERIFY(!f.settings().EnableImages);
-        QVERIFY(!f.isChecked(u"mnuContentImage"_s));
+        QVERIFY(!f.settings().EnableImages && !f.isChecked(u"mnuContentImage"_s));
         for (const auto &browser : f.engine.browsers)
             QCOMPARE(browser->calls, (QStringList{u"ambient -5512 96"_s, u"Refresh2 3"_s}));
 
@@ -174,6 +173,20 @@ private slots:
         click(f.main(), u"mnuContentSuppressScriptErrors"_s);
         QCOMPARE(f.engine.browsers[0]->calls, QStringList());
         QCOMPARE(f.engine.browsers[1]->calls, QStringList{u"Silent True"_s});
+    }
+
+    void closingDuringARefreshSkipsNobody()
+    {
+        MainFixture f;
+        QVERIFY(f.startQuietly(u"http://a/"_s));
+        f.main().LoadNewDoc(u"http://b/"_s);
+        f.main().LoadNewDoc(u"http://c/"_s);
+        // The change of a setting lets events through before each reload.
+        QMetaObject::invokeMethod(&f.main().navigator->document(1), &Document::Unload, Qt::QueuedConnection);
+        QVERIFY(f.main().commands().run(u"mnuContentImage"_s));
+        QCOMPARE(f.code->flags.OpenDocumentCount, 2);
+        for (int n = 1; n <= 2; ++n)
+            QVERIFY(f.engine.browsers[n]->calls.endsWith(u"Refresh2 3"_s));
     }
 
     void siteCommands_data()
