@@ -2,6 +2,7 @@
 #include "desktop/InstanceMark.h"
 #include "desktop/instance/Instance.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileInfo>
@@ -37,6 +38,7 @@ QString onlyMark(const QString &folder)
 
 } // namespace
 
+/// The one running program: its lock, its mark, and the messages that later starts hand over.
 class tst_Instance : public QObject
 {
     Q_OBJECT
@@ -78,8 +80,7 @@ private slots:
         for (const char *folder : {"", "/proc/no/such/folder", "/dev/null"}) {
             instance::Lock lock;
             QVERIFY(lock.acquire(folder, instance::kMutexName));
-            QVERIFY(!lock.held());
-            QVERIFY(!instance::isOwned(folder, instance::kMutexName));
+            QVERIFY(!lock.held() && !instance::isOwned(folder, instance::kMutexName));
         }
     }
 
@@ -166,8 +167,7 @@ private slots:
         QVERIFY(writeFileWhole(other, "x"));
         Window window(m_run);
         QVERIFY(handsOver("x", window));
-        QVERIFY(!QFileInfo::exists(QString::fromStdString(dead)));
-        QVERIFY(QFileInfo::exists(other));
+        QVERIFY(!QFileInfo::exists(QString::fromStdString(dead)) && QFileInfo::exists(other));
 
         // A home whose path is longer than the address of a socket may be.
         qputenv("CORVANE_HOME", m_home->filePath(QString(150, u'h')).toUtf8());
@@ -242,6 +242,57 @@ private slots:
         QVERIFY(timer.elapsed() >= 600 && timer.elapsed() < 10000);
         close(descriptor);
         QVERIFY(!instance::SendUrlToInstance(path, {1, "x"}, 300));
+    }
+
+    void messages()
+    {
+        const std::initializer_list<std::tuple<QByteArray, QByteArray, uint>> cases{
+            {QByteArray("http://a.example/ b  c"), QByteArray("http://a.example/ b  c"), 22U}, // address
+            {QByteArray(), QByteArray("\0", 1), 0U},                                           // nothing
+            {QByteArray("\"/a b.html\""), QByteArray("/a b.html"), 9U},                        // quoted path
+            {QByteArray("\"/a b\" -x"), QByteArray("/a b\" -"), 7U},                           // text behind the quotes
+            {QByteArray("\""), QByteArray("\0", 1), 0U},                                       // one quote
+            // a with two dots has two bytes, the face has four bytes and two UTF-16 units.
+            {QByteArray("\xC3\xA4\xF0\x9F\x98\x80"), QByteArray("\xC3\xA4\xF0\x9F\x98\x80"), 3U}, // UTF-8
+            {QByteArray("\"a\xF0\x9F\x98\x80"), QByteArray("a"), 1U}}; // last character of several bytes
+        for (const auto &[commandLine, bytes, length] : cases) {
+            const instance::CopyData message = instance::handOverMessage(commandLine.toStdString());
+            QCOMPARE(QByteArray::fromStdString(message.bytes), bytes);
+            QCOMPARE(message.dwData, length);
+        }
+    }
+
+    void wire()
+    {
+        const std::string bytes = instance::serialize({0x01020304, "xyz"});
+        QCOMPARE(QByteArray::fromStdString(bytes), QByteArray("\x04\x03\x02\x01\x03\0\0\0xyz", 11));
+        instance::CopyData message;
+        // A message that arrives byte by byte is complete with its last byte and not before.
+        for (size_t count = 0; count < bytes.size(); ++count)
+            QCOMPARE(instance::decode(std::string_view(bytes).substr(0, count), message),
+                     instance::Decoded::Incomplete);
+        QCOMPARE(instance::decode(bytes + "more", message), instance::Decoded::Complete);
+        QCOMPARE(message.dwData, 0x01020304U);
+        QCOMPARE(QByteArray::fromStdString(message.bytes), "xyz");
+    }
+
+    void commandLines()
+    {
+        QTemporaryDir folder;
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(folder.path()));
+        QVERIFY(writeFileWhole(u"a page.html"_s, {}) && QDir().mkdir(u"folder"_s));
+        const auto joined = [](std::initializer_list<const char *> arguments) {
+            std::vector<const char *> argv{"corvane"};
+            argv.insert(argv.end(), arguments);
+            return QString::fromStdString(instance::commandLine(int(argv.size()), argv.data()));
+        };
+        const QString here = QDir::currentPath();
+        QCOMPARE(joined({}), QString());
+        QCOMPARE(joined({"a", "", "b c"}), u"a  b c"_s);
+        QCOMPARE(joined({"x", "./a page.html"}), u"x "_s + here + u"/./a page.html"_s);
+        QCOMPARE(joined({"folder", "absent.html"}), u"folder absent.html"_s);
+        QDir::setCurrent(before);
     }
 
 private:
