@@ -54,8 +54,6 @@ class tst_AddressBar : public QObject
 {
     Q_OBJECT
 private slots:
-    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
-
     void enterOpensOrNavigates()
     {
         Bar bar;

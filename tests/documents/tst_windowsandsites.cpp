@@ -10,8 +10,6 @@ class tst_WindowsAndSites : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { QTest::failOnWarning(DocumentFixture::anyWarning()); }
-
     void windows_data() { rows({"loading", "closing"}, {"at rest", "loading ended", "loading clicked"}); }
 
     void windows()

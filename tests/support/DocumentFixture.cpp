@@ -1,14 +1,8 @@
 #include "support/DocumentFixture.h"
 
-#include <QCoreApplication>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-
-Document *FakeMainWindow::ActiveForm() const
-{
-    return qobject_cast<Document *>(mdi->activeForm());
-}
 
 void FakeMainWindow::LoadNewDoc(QString &url)
 {
@@ -71,39 +65,18 @@ DocumentFixture::~DocumentFixture()
     deleteClosed();
 }
 
-QRegularExpression DocumentFixture::anyWarning()
-{
-    return QRegularExpression(u"^(?!This plugin does not support)"_s);
-}
-
-void DocumentFixture::deleteClosed()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
 frmDocument &DocumentFixture::open(const QString &url)
 {
     main.LoadNewDoc(url);
     return document(count());
 }
 
-frmDocument &DocumentFixture::document(int position)
-{
-    return static_cast<frmDocument &>(navigator.document(position));
-}
-
-ScriptedBrowser &DocumentFixture::browserOf(const frmDocument &document)
-{
-    return *qobject_cast<ScriptedBrowser *>(document.browser());
-}
-
 QString DocumentFixture::disorder()
 {
     QStringList faults;
-    if (count() != tabs.Tabs().Count())
-        faults += u"%1 lines, %2 tabs"_s.arg(count()).arg(tabs.Tabs().Count());
-    if (count() != flags.OpenDocumentCount)
-        faults += u"%1 lines, %2 documents"_s.arg(count()).arg(flags.OpenDocumentCount);
+    if (count() != tabs.Tabs().Count() || count() != flags.OpenDocumentCount)
+        faults +=
+            u"%1 lines, %2 tabs, %3 documents"_s.arg(count()).arg(tabs.Tabs().Count()).arg(flags.OpenDocumentCount);
     for (int n = 1; n <= count(); ++n) {
         if (document(n).position() != n)
             faults += u"line %1 holds the document at %2"_s.arg(n).arg(document(n).position());

@@ -22,7 +22,7 @@
 #include "support/RecordingSound.h"
 #include "support/ScriptedBrowser.h"
 
-#include <QRegularExpression>
+#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QWidget>
 
@@ -31,7 +31,7 @@ class FakeMainWindow : public MainWindow
 {
 public:
     using MainWindow::LoadNewDoc;
-    Document *ActiveForm() const override;
+    Document *ActiveForm() const override { return qobject_cast<Document *>(mdi->activeForm()); }
     void LoadNewDoc(QString &url) override;
     void ModifyMenu() override { calls += QStringLiteral("ModifyMenu"); }
     void SaveAllDocuments() override;
@@ -62,10 +62,13 @@ public:
 
     /// Opens an address by LoadNewDoc and gives its document, the active one.
     frmDocument &open(const QString &url);
-    frmDocument &document(int position);
+    frmDocument &document(int position) { return static_cast<frmDocument &>(navigator.document(position)); }
     /// The browser that was made last.
     ScriptedBrowser &lastBrowser() { return *engine.browsers.last(); }
-    static ScriptedBrowser &browserOf(const frmDocument &document);
+    static ScriptedBrowser &browserOf(const frmDocument &document)
+    {
+        return *qobject_cast<ScriptedBrowser *>(document.browser());
+    }
     controls::ListItem &line(int n) { return navigator.ListView1.ListItems(n); }
     controls::Tab &tab(int n) { return tabs.Tabs(n); }
     int count() { return navigator.ListView1.ListItems().Count(); }
@@ -73,10 +76,8 @@ public:
     QString status(int n) { return line(n).ListSubItems(1).Text(); }
     /// Empty when register, tabs and documents agree at every position, else what does not.
     QString disorder();
-    /// For QTest::failOnWarning: any warning but those about what the offscreen platform lacks.
-    static QRegularExpression anyWarning();
     /// Deletes the forms that are closed.
-    static void deleteClosed();
+    static void deleteClosed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     QTemporaryDir folder;
     FakeMainWindow main;
