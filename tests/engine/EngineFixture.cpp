@@ -22,11 +22,6 @@ RecordedBrowser::RecordedBrowser(engine::Engine &engine, const LoopbackSite &sit
     m_browser->setMessageSink(this);
 }
 
-QString RecordedBrowser::local(QString url) const
-{
-    return url.startsWith(m_host) ? url.mid(m_host.size()) : url;
-}
-
 bool RecordedBrowser::waitForEnd(int times) const
 {
     return waitUntil([&] { return count(u"end"_s) >= times; }, 15'000);
@@ -83,11 +78,6 @@ void RecordedBrowser::WebBro_ProgressChange(int, int ProgressMax)
         events << u"end"_s;
     else if (events.isEmpty() || events.last() != u"progress"_s)
         events << u"progress"_s;
-}
-
-void RecordedBrowser::WebBro_SetSecureLockIcon(int SecureLockIcon)
-{
-    events << u"lock %1"_s.arg(SecureLockIcon);
 }
 
 TestEngine::TestEngine()

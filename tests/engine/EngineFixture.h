@@ -7,7 +7,6 @@
 #include "support/HomeFolder.h"
 #include "support/LoopbackSite.h"
 
-#include <QElapsedTimer>
 #include <QStringList>
 #include <QTest>
 
@@ -39,7 +38,7 @@ public:
     void WebBro_BeforeNavigate2(const QString &URL, bool isMainFrame, bool &Cancel) override;
     void WebBro_NewWindow2(engine::WebBrowser *&ppDisp, bool &Cancel) override;
     void WebBro_ProgressChange(int Progress, int ProgressMax) override;
-    void WebBro_SetSecureLockIcon(int SecureLockIcon) override;
+    void WebBro_SetSecureLockIcon(int icon) override { events << QStringLiteral("lock %1").arg(icon); }
     void WebBro_StatusTextChange(const QString &text) override { statuses << text; }
     void WebBro_TitleChange(const QString &sTitle) override { events << QStringLiteral("title ") + sTitle; }
     void WebBro_WindowClosing(bool, bool &) override { events << QStringLiteral("closing"); }
@@ -48,7 +47,7 @@ public:
     void WBMessages_ShowHelp() override {}
 
 private:
-    QString local(QString url) const;
+    QString local(const QString &url) const { return url.startsWith(m_host) ? url.mid(m_host.size()) : url; }
 
     QString m_host;
     QWidget m_window;

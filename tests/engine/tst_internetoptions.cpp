@@ -101,8 +101,7 @@ private slots:
         expected.downloadFolder = QDir::homePath() + u"/files"_s;
         click("btnApply");
         QCOMPARE(m_host->present, expected);
-        QVERIFY(!isEnabled("btnApply"));
-        QVERIFY(m_dialog->isVisible());
+        QVERIFY(!isEnabled("btnApply") && m_dialog->isVisible());
 
         // A new dialog shows what was applied, and changes nothing by that.
         delete m_dialog;
@@ -133,8 +132,7 @@ private slots:
         auto &line = child<QLineEdit>(field);
         line.selectAll();
         line.insert(text);
-        QVERIFY(problem().endsWith(LoadResString(message)));
-        QVERIFY(!isEnabled("btnOk") && !isEnabled("btnApply"));
+        QVERIFY(problem().endsWith(LoadResString(message)) && !isEnabled("btnOk") && !isEnabled("btnApply"));
         line.selectAll();
         line.insert(field == "txtProxyHost" ? u"host"_s : u"/host"_s);
         QVERIFY(problem().isEmpty());

@@ -2,6 +2,7 @@
 #include "support/Parts.h"
 #include "support/Wait.h"
 
+#include "base/Files.h"
 #include "base/Strings.h"
 #include "base/step.h"
 #include "engine/PageFacets.h"
@@ -49,11 +50,6 @@ class PageCommandsTest : public QObject
     {
         return answered<PageInfo>([&](auto done) { browser->infoFacet()->read(done); }).value_or(PageInfo());
     }
-    static QByteArray content(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
     /// Text of each page.
     static QStringList textsOf(const QByteArray &pdf)
     {
@@ -87,16 +83,16 @@ private slots:
 
     void savesAndOpensAgain_data()
     {
-        rows<int, QString, QString>({
-            {"complete", {static_cast<int>(SaveFormat::Complete), u"a page.html"_s, u"Long 40"_s}},
-            {"single file", {static_cast<int>(SaveFormat::SingleFile), u"a page.mhtml"_s, u"Long 40"_s}},
-            {"HTML only", {static_cast<int>(SaveFormat::HtmlOnly), u"a page.html"_s, u"Long"_s}},
+        rows<SaveFormat, QString, QString>({
+            {"complete", {SaveFormat::Complete, u"a page.html"_s, u"Long 40"_s}},
+            {"single file", {SaveFormat::SingleFile, u"a page.mhtml"_s, u"Long 40"_s}},
+            {"HTML only", {SaveFormat::HtmlOnly, u"a page.html"_s, u"Long"_s}},
         });
     }
 
     void savesAndOpensAgain()
     {
-        const auto [format, name, title] = row<int, QString, QString>();
+        const auto [format, name, title] = row<SaveFormat, QString, QString>();
         const QTemporaryDir folder;
         const QString path = folder.filePath(name);
         RecordedBrowser browser(*m_test.engine, m_site);
@@ -104,17 +100,17 @@ private slots:
         WAIT_COMPARE(browser->LocationName(), u"Long 40"_s);
         // The second time there is something to replace, with a part that the page no longer has.
         for (int time = 0; time < 2; ++time) {
-            QVERIFY(save(browser, path, static_cast<SaveFormat>(format)));
-            const QStringList expected = format == static_cast<int>(SaveFormat::Complete)
-                                             ? QStringList{name, u"a page_files"_s}
-                                             : QStringList{name};
+            QVERIFY(save(browser, path, format));
+            QStringList expected{name};
+            if (format == SaveFormat::Complete)
+                expected << u"a page_files"_s;
             QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), expected);
             QFile(folder.filePath(u"a page_files/old.js"_s)).open(QIODevice::WriteOnly);
         }
         m_site.clearRequests();
         QVERIFY(browser.open(path));
         WAIT_VERIFY(browser->LocationName().startsWith(title));
-        QVERIFY(m_site.requests().empty() || format == static_cast<int>(SaveFormat::HtmlOnly));
+        QVERIFY(m_site.requests().empty() || format == SaveFormat::HtmlOnly);
         QCOMPARE(find(browser, u"apple"_s).count, 3);
     }
 
@@ -128,13 +124,11 @@ private slots:
         QDir(folder.path()).mkdir(u"taken.html"_s);
         QVERIFY(!save(browser, folder.filePath(u"taken.html"_s), SaveFormat::HtmlOnly));
 
-        QFile old(folder.filePath(u"old.html"_s));
-        QVERIFY(old.open(QIODevice::WriteOnly));
-        old.write("old");
-        old.close();
+        const QString old = folder.filePath(u"old.html"_s);
+        QVERIFY(writeFileWhole(old, "old"));
         QVERIFY(killRenderers() > 0);
-        QVERIFY(!save(browser, old.fileName(), SaveFormat::Complete));
-        QCOMPARE(content(old.fileName()), QByteArray("old"));
+        QVERIFY(!save(browser, old, SaveFormat::Complete));
+        QCOMPARE(readFile(old).value(), "old");
     }
 
     void savesPicturesAsTheyAre()
@@ -195,18 +189,13 @@ private slots:
     {
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(browser.open(m_site.address(u"/long"_s)));
-        FindOptions exact;
-        exact.matchCase = true;
-        QCOMPARE(find(browser, u"apple"_s, exact).count, 2);
+        QCOMPARE(find(browser, u"apple"_s, {.matchCase = true}).count, 2);
         QCOMPARE(find(browser, u"pear"_s).count, 0);
-        FindOptions back;
-        back.backward = true;
         for (const int expected : {1, 3, 2})
-            QCOMPARE(find(browser, u"apple"_s, expected == 1 ? FindOptions() : back).active, expected);
+            QCOMPARE(find(browser, u"apple"_s, {.backward = expected != 1}).active, expected);
 
         // Without the marks the next hit still is the next one.
-        FindOptions plain;
-        plain.highlightAll = false;
+        const FindOptions plain{.highlightAll = false};
         browser->findFacet()->endFind();
         QVERIFY(browser.open(m_site.address(u"/long"_s)));
         for (const int expected : {1, 2, 3}) {
@@ -217,18 +206,17 @@ private slots:
 
     void properties()
     {
-        LoopbackSite::Answer dated{"<title>Dated</title>abc", "text/html;charset=iso-8859-2"};
-        dated.headers = {{"Last-Modified", "Wed, 05 Jun 2019 10:20:30 GMT"}};
-        m_site.add("/dated", dated);
+        m_site.add("/dated", {"<title>Dated</title>abc",
+                              "text/html;charset=iso-8859-2",
+                              200,
+                              {{"Last-Modified", "Wed, 05 Jun 2019 10:20:30 GMT"}}});
         RecordedBrowser browser(*m_test.engine, m_site);
         QVERIFY(browser.open(m_site.address(u"/dated"_s)));
         const PageInfo told = info(browser);
-        QCOMPARE(told.title, u"Dated"_s);
-        QCOMPARE(told.address, m_site.address(u"/dated"_s));
-        QCOMPARE(told.contentType, u"text/html"_s);
-        QCOMPARE(told.encoding, u"ISO-8859-2"_s);
-        QCOMPARE(told.protocol, u"http/1.1"_s);
-        QCOMPARE(told.size, dated.body.size());
+        QCOMPARE(
+            (QStringList{told.title, told.address, told.contentType, told.encoding, told.protocol}),
+            (QStringList{u"Dated"_s, m_site.address(u"/dated"_s), u"text/html"_s, u"ISO-8859-2"_s, u"http/1.1"_s}));
+        QCOMPARE(told.size, 23);
         QCOMPARE(told.modified.toUTC(), QDateTime({2019, 6, 5}, {10, 20, 30}, Qt::UTC));
         QVERIFY(std::abs(told.loaded.secsTo(QDateTime::currentDateTime())) < 60);
         QCOMPARE(told.security, PageInfo::Security::Open);

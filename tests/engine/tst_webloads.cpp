@@ -1,4 +1,5 @@
 #include "EngineFixture.h"
+#include "support/Rows.h"
 #include "support/Wait.h"
 
 #include "base/step.h"
@@ -31,28 +32,22 @@ private slots:
 
     void orderOfEvents_data()
     {
-        QTest::addColumn<QString>("address");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QStringList>("expected");
-
-        const auto row = [](const char *name, const QString &path, const QString &title, const QStringList &before) {
-            QTest::newRow(name) << path << title << (QStringList(before) << u"navigate "_s + path << u"end"_s);
-        };
-        row("page", u"/plain"_s, u"Plain"_s, {});
-        row("redirect", u"/plain"_s, u"Plain"_s, {u"navigate /moved"_s});
-        row("missing", u"/missing"_s, u"Missing"_s, {});
-        // How much of such a page the engine still shows is not told.
-        row("cut off", u"/cut"_s, {}, {});
-        row("no content", u"/empty"_s, u"/empty"_s, {});
-        row("download", u"/file"_s, u"/file"_s, {});
-        row("blank", u"about:blank"_s, u"about:blank"_s, {});
+        rows<QString, QString, QStringList>({
+            {"page", {u"/plain"_s, u"Plain"_s, {}}},
+            {"redirect", {u"/plain"_s, u"Plain"_s, {u"navigate /moved"_s}}},
+            {"missing", {u"/missing"_s, u"Missing"_s, {}}},
+            // How much of such a page the engine still shows is not told.
+            {"cut off", {u"/cut"_s, {}, {}}},
+            {"no content", {u"/empty"_s, u"/empty"_s, {}}},
+            {"download", {u"/file"_s, u"/file"_s, {}}},
+            {"blank", {u"about:blank"_s, u"about:blank"_s, {}}},
+        });
     }
 
     void orderOfEvents()
     {
-        QFETCH(QString, address);
-        QFETCH(QString, title);
-        QFETCH(QStringList, expected);
+        const auto [address, title, before] = row<QString, QString, QStringList>();
+        const QStringList expected = QStringList(before) << u"navigate "_s + address << u"end"_s;
         const auto full = [&](const QString &text) { return text.startsWith(u'/') ? m_site.address(text) : text; };
 
         RecordedBrowser browser(*m_test.engine, m_site);
@@ -125,32 +120,27 @@ private slots:
         QCOMPARE(m_site.count("/other"), 0);
     }
 
-    void framesOfARestingPageEndOnce_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::newRow("other page") << u"/other"_s;
-        QTest::newRow("refused") << u"/refused"_s;
-    }
-
     void framesOfARestingPageEndOnce()
     {
-        QFETCH(const QString, path);
-        m_site.page("/mover", "Mover",
-                    "<iframe name=f src=/plain></iframe><script>fetch('/go').then(() => { f.location = '" +
-                        path.toLatin1() + "' })</script>");
-        RecordedBrowser browser(*m_test.engine, m_site);
-        browser.refuses = [](const QString &url) { return url.endsWith(u"/refused"_s); };
-        QVERIFY(browser.open(m_site.address(u"/mover"_s)));
-        QCOMPARE(browser.count(u"frame /plain"_s), 1);
-        QCOMPARE(browser.count(u"end"_s), 1);
-        QVERIFY(m_site.waitFor("/go"));
-        m_site.release("/go");
-        QVERIFY(browser.waitForEnd(2));
-        QCOMPARE(browser.count(u"frame "_s + path), 1);
-        // The end follows the frame's own and is no time-out.
-        QVERIFY(browser.open(m_site.address(u"/plain"_s)));
-        QCOMPARE(browser.count(u"end"_s), 3);
-        QCOMPARE(m_site.count("/refused"), 0);
+        for (const QString &path : {u"/other"_s, u"/refused"_s}) {
+            m_site.clearRequests();
+            m_site.page("/mover", "Mover",
+                        "<iframe name=f src=/plain></iframe><script>fetch('/go').then(() => { f.location = '" +
+                            path.toLatin1() + "' })</script>");
+            RecordedBrowser browser(*m_test.engine, m_site);
+            browser.refuses = [](const QString &url) { return url.endsWith(u"/refused"_s); };
+            QVERIFY(browser.open(m_site.address(u"/mover"_s)));
+            QCOMPARE(browser.count(u"frame /plain"_s), 1);
+            QCOMPARE(browser.count(u"end"_s), 1);
+            QVERIFY(m_site.waitFor("/go"));
+            m_site.release("/go");
+            QVERIFY(browser.waitForEnd(2));
+            QCOMPARE(browser.count(u"frame "_s + path), 1);
+            // The end follows the frame's own and is no time-out.
+            QVERIFY(browser.open(m_site.address(u"/plain"_s)));
+            QCOMPARE(browser.count(u"end"_s), 3);
+            QCOMPARE(m_site.count("/refused"), 0);
+        }
     }
 
     void jumpsInsideThePage()
