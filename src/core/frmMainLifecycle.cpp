@@ -216,6 +216,7 @@ void frmMain::showFirst()
     if (QWindow *window = windowHandle())
         window->setWindowStates(windowState());
     show();
+    navigator->showWithOwner();
 }
 
 /// A window that was stored on a screen that is no longer there comes back onto one.

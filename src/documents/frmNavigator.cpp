@@ -16,7 +16,6 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <algorithm>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -266,16 +265,27 @@ bool frmNavigator::Unload()
     return true;
 }
 
+void frmNavigator::setVisible(bool visible)
+{
+    m_awayWithOwner = visible && !parentWidget()->isVisible();
+    if (!m_awayWithOwner)
+        QWidget::setVisible(visible);
+}
+
 void frmNavigator::hideWithOwner()
 {
-    m_awayWithOwner = Visible();
+    const bool visible = Visible();
     hide();
+    m_awayWithOwner = visible;
 }
 
 void frmNavigator::showWithOwner()
 {
-    if (std::exchange(m_awayWithOwner, false))
-        show();
+    if (!m_awayWithOwner)
+        return;
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
 double frmNavigator::Left() const

@@ -45,7 +45,10 @@ public:
 
     /// False for a window that was closed; the main window may have taken an open one away with it.
     bool Visible() const { return m_awayWithOwner || !isHidden(); }
-    /// The window goes from the screen with the main window, and comes back with it.
+    /// Waits for the main window where that is not on the screen: coming up first, this one would not belong to it and
+    /// lie behind it.
+    void setVisible(bool visible) override;
+    /// The window goes from the screen with the main window, and comes back with it, without taking the focus.
     void hideWithOwner();
     void showWithOwner();
 
@@ -105,7 +108,7 @@ private:
     const Settings &m_settings;
     controls::MdiFrame &m_mdi;
     QString m_tag = QStringLiteral("0");
-    /// Hidden only because the main window is.
+    /// Not on the screen only because the main window is not.
     bool m_awayWithOwner = false;
     /// Timer1 would run, but the window keeps its height.
     bool m_timerWaits = false;
