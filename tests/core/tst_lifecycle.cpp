@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "core/frmPassword.h"
+#include "desktop/instance/Instance.h"
 #include "documents/frmLoad.h"
 #include "support/Rows.h"
 
@@ -11,13 +12,15 @@
 #include <QSignalSpy>
 #include <QTimer>
 #include <QWindow>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
-/// Start, resize, tray and close of the main window.
+/// Start, resize, tray and close of the main window, and what a later start of the program brings it.
 class tst_Lifecycle : public QObject
 {
     Q_OBJECT
+
 private slots:
     void startAndCloseRunTheirStepsInOrder()
     {
@@ -28,8 +31,7 @@ private slots:
                                        u"LocalizeForm"_s, u"SubclassMainWindow"_s, u"InstallKeyboardHook"_s,
                                        u"InitInterface"_s, u"LoadAllSettings"_s, u"EnableClock"_s,
                                        u"OpenFirstDocument"_s, u"MarkMainWindow"_s, u"ShowMain"_s, u"UnloadSplash"_s}));
-        QVERIFY(f.main().isVisible());
-        QVERIFY(f.code->flags.ShortcutsEnabled);
+        QVERIFY(f.main().isVisible() && f.code->flags.ShortcutsEnabled);
         QCOMPARE(f.main().windowTitle(), u"Corvane v2.0"_s);
         QCOMPARE(f.engine.warmUps, 1);
 
@@ -41,8 +43,7 @@ private slots:
                                        u"UnloadForms"_s, u"DisableClock"_s, u"ReleaseInstanceMutex"_s}));
         QCOMPARE(unloaded.count(), 1);
         QCOMPARE(f.code->flags.OpenDocumentCount, 0);
-        QVERIFY(!f.main().isVisible());
-        QVERIFY(QFile::exists(f.paths.programFolder + u"/layout.xml"_s));
+        QVERIFY(!f.main().isVisible() && QFile::exists(f.paths.programFolder + u"/layout.xml"_s));
         // The list was cleaned before it was stored.
         QCOMPARE(f.get(u"Settings", u"HistoryCount"), u"0"_s);
         // A program that starts now is a first one and reads the file.
@@ -87,6 +88,36 @@ private slots:
         QCOMPARE(f.get(u"Settings", u"FirstTime"), firstTime == u"True" ? u"False"_s : firstTime.toString());
         // Without a document no command was taken out of service: the menu builder's state stands.
         QVERIFY(f.main().m_cMenu->Enabled(f.main().m_cMenu->IndexForKey(u"mnuFileClose"_s)));
+    }
+
+    /// The black list from its file to the window and back.
+    void firstDocumentIsRefused()
+    {
+        MainFixture f;
+        f.seedQuietStart();
+        const QString file = f.paths.programFolder + u"/blacklist.cvd"_s;
+        QVERIFY(writeFileWhole(file, "ads.\nx\n"));
+        QVERIFY(f.start(u"http://www.ADS.example/"_s));
+        // The sound that comes with the program, which its start has put beside the list.
+        QCOMPARE(readFile(f.settings().PopupSoundFile).value_or("none").left(4), "RIFF");
+        QVERIFY(f.engine.browsers.last()->beforeNavigate(u"http://www.ADS.example/"_s));
+        QTRY_COMPARE(f.main().navigator->ListView1.ListItems().Count(), 0);
+        QVERIFY(f.main().isVisible());
+        QCOMPARE(f.sound.played, QStringList{f.settings().PopupSoundFile});
+
+        // A double click on the sign of the killer switches the list off with it, and on again.
+        controls::StatusBar *bar = f.main().vbalStatusBar1;
+        for (const bool on : {false, true}) {
+            QTest::mouseDClick(bar, Qt::LeftButton, {}, bar->PanelRect(4).center());
+            QCOMPARE(bar->PanelIcon(u"Item4"_s), on ? 3 : 1);
+            f.main().LoadNewDoc(u"http://ads.example/"_s);
+            QCOMPARE(f.engine.browsers.last()->beforeNavigate(u"http://ads.example/"_s), on);
+        }
+
+        f.settings().BlackList += u"from the options"_s;
+        f.settings().BlackListCount = 3;
+        f.close();
+        QCOMPARE(readFile(file).value_or("none"), "ads.\r\nx\r\nfrom the options\r\n");
     }
 
     void modifyMenuFollowsTheDocuments()
@@ -173,8 +204,7 @@ private slots:
         QTRY_VERIFY(f.main().isHidden());
         emit f.tray.doubleClicked();
         auto *question = f.main().findChild<frmPassword *>();
-        QVERIFY(question && question->isVisible());
-        QVERIFY(!f.code->flags.ShortcutsEnabled);
+        QVERIFY(question && question->isVisible() && !f.code->flags.ShortcutsEnabled);
         for (const QString &wrong : {u"secret"_s, QString()}) {
             question->txtPassword->setText(wrong);
             question->cmdOK->click();
@@ -183,8 +213,7 @@ private slots:
         QCOMPARE(f.dialogs.messages.size(), 2);
         QCOMPARE(f.dialogs.styles.first(), desktop::MB_ICONEXCLAMATION);
         question->cmdCancel->click();
-        QVERIFY(question->isHidden() && f.main().isHidden());
-        QVERIFY(f.code->flags.ShortcutsEnabled);
+        QVERIFY(question->isHidden() && f.main().isHidden() && f.code->flags.ShortcutsEnabled);
 
         emit f.tray.doubleClicked();
         QCOMPARE(question->txtPassword->text(), QString());
@@ -220,6 +249,18 @@ private slots:
         }
     }
 
+    void addressBarFollowsTheWindow()
+    {
+        MainFixture f;
+        QVERIFY(f.startQuietly());
+        const auto end = [](const QWidget *control) { return control->x() + control->width(); };
+        const frmMain &main = f.main();
+        f.main().resize(800, 500);
+        QTRY_COMPARE(end(main.goNew), main.frameGeometry().width() - 30);
+        QCOMPARE(main.goNew->x() - end(main.Go), 3);
+        QCOMPARE(main.Go->x() - end(main.AddressBar), 14);
+    }
+
     void lostScreenBringsTheWindowBack()
     {
         MainFixture f;
@@ -231,6 +272,62 @@ private slots:
         const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
         QVERIFY2(area.contains(f.main().pos()), qPrintable(QDebug::toString(f.main().geometry())));
         QVERIFY(f.main().width() <= area.width());
+    }
+
+    void messageOpensADocument()
+    {
+        MainFixture f;
+        QVERIFY(f.startQuietly());
+        QStringList opened;
+        const std::initializer_list<std::tuple<int, QByteArray, QStringList>> cases{
+            {9, "http://a/", {u"http://a/"_s}},
+            {9, "http://a/", {u"http://a/"_s}}, // gets a new tab each time
+            {10, "http://\xc3\xa4/", {u"http://ä/"_s}},
+            {1, QByteArray(1, '\0'), {QString()}},
+            {9, "http://a/bc", {u"http://a/"_s}},
+            {3, QByteArray("a\0b", 3), {u"a"_s}},
+            {0, {}, {}},
+            {-1, "http://a/", {}}};
+        for (const auto &[size, bytes, expected] : cases) {
+            f.code->MainWindowProc(size, bytes);
+            opened += expected;
+            QCOMPARE(f.opened(), opened);
+            QCOMPARE(f.main().ActiveForm()->Caption(), opened.last());
+        }
+    }
+
+    void messageRestoresTheWindow()
+    {
+        const std::initializer_list<std::tuple<int, QString, bool>> cases{
+            {int(Qt::WindowMaximized), QString(), true},    // maximised
+            {int(Qt::WindowMinimized), QString(), true},    // in the tray
+            {int(Qt::WindowMinimized), u"secret"_s, false}, // locked in the tray
+            {int(Qt::WindowMaximized), u"secret"_s, true}}; // password, on the screen
+        for (const auto &[state, password, visible] : cases) {
+            MainFixture f;
+            f.seedQuietStart();
+            f.set(u"General", u"TrayPassword", password);
+            QVERIFY(f.start());
+            f.main().setWindowState(Qt::WindowStates(state));
+            if (state == Qt::WindowMinimized)
+                QTRY_VERIFY(f.main().isHidden());
+            f.code->MainWindowProc(9, QByteArrayLiteral("http://a/"));
+            QCOMPARE(f.main().isVisible(), visible);
+            QCOMPARE(f.main().windowState() & ~Qt::WindowActive, Qt::WindowNoState);
+            QCOMPARE(f.opened(), QStringList{u"http://a/"_s});
+        }
+    }
+
+    void lateMessageIsDropped()
+    {
+        MainFixture f;
+        QVERIFY(f.startQuietly());
+        f.close();
+        f.code->MainWindowProc(9, QByteArrayLiteral("http://a/"));
+        QCOMPARE(f.opened(), QStringList());
+        // The lock is free again.
+        instance::Lock other;
+        QVERIFY(other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName));
     }
 };
 
