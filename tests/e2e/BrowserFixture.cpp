@@ -1,11 +1,6 @@
 #include "BrowserFixture.h"
 
-#include "controls/ComboBox.h"
-#include "controls/ListView.h"
 #include "controls/PopupMenu.h"
-#include "controls/TabControl.h"
-#include "core/state/Document.h"
-#include "documents/frmNavigator.h"
 #include "engine/VisitLog.h"
 #include "engine/WebBrowser.h"
 #include "support/Wait.h"
@@ -37,11 +32,6 @@ bool BrowserFixture::start(const QString &command)
     set(u"Settings"_s, u"MainMaximized"_s, u"False"_s);
     set(u"Settings"_s, u"MainWidth"_s, u"13500"_s);
     set(u"Settings"_s, u"MainHeight"_s, u"10500"_s);
-    return startAsStored(command);
-}
-
-bool BrowserFixture::startAsStored(const QString &command)
-{
     m_engine =
         engine::makeWebEngine({m_paths.profileFolder, m_paths.cacheFolder, m_paths.visitFile, m_paths.downloadFolder});
     m_code = std::make_unique<MainCode>(Ground{m_paths, *m_store, *m_engine, dialogs, m_tray, sound});
@@ -56,46 +46,6 @@ void BrowserFixture::end()
     m_code.reset();
     m_engine.reset();
     m_store->sync();
-}
-
-int BrowserFixture::count()
-{
-    return main().navigator->ListView1.ListItems().Count();
-}
-
-Document &BrowserFixture::document(int position)
-{
-    return main().navigator->document(position);
-}
-
-QString BrowserFixture::caption(int position)
-{
-    return main().vbalDTabControl1->Tabs(position).Caption();
-}
-
-QString BrowserFixture::toolTip(int position)
-{
-    return main().vbalDTabControl1->Tabs(position).ToolTipText();
-}
-
-int BrowserFixture::icon(int position)
-{
-    return main().vbalDTabControl1->Tabs(position).IconIndex();
-}
-
-QString BrowserFixture::line(int position)
-{
-    return main().navigator->ListView1.ListItems(position).Text();
-}
-
-QString BrowserFixture::state(int position)
-{
-    return main().navigator->ListView1.ListItems(position).ListSubItems(1).Text();
-}
-
-QString BrowserFixture::address()
-{
-    return main().AddressBar->Text();
 }
 
 QString BrowserFixture::disorder()

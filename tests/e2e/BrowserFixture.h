@@ -2,11 +2,16 @@
 
 #include "Surroundings.h"
 
+#include "controls/ComboBox.h"
+#include "controls/ListView.h"
+#include "controls/TabControl.h"
 #include "core/MainCode.h"
 #include "core/frmMain.h"
+#include "core/state/Document.h"
 #include "core/state/SettingsStore.h"
 #include "desktop/Paths.h"
 #include "desktop/TrayIcon.h"
+#include "documents/frmNavigator.h"
 #include "engine/Engine.h"
 #include "engine/webengine/WebEngineFactory.h"
 #include "support/HomeFolder.h"
@@ -16,8 +21,6 @@
 #include <QApplication>
 #include <QTest>
 #include <memory>
-
-class Document;
 
 /// A desktop without a tray.
 class NoTray : public desktop::TrayIcon
@@ -40,21 +43,17 @@ public:
     void set(const QString &section, const QString &key, const QString &value);
     /// Starts as in a later run of a user, with a window of ordinary size. False when no window came up.
     bool start(const QString &command = {});
-    /// Starts as the settings say.
-    bool startAsStored(const QString &command = {});
     /// Closes the window as its user does, and ends the engine.
     void end();
 
     frmMain &main() { return *m_code->mainWindow(); }
-    int count();
-    Document &document(int position);
+    int count() { return main().navigator->ListView1.ListItems().Count(); }
+    Document &document(int position) { return main().navigator->document(position); }
     /// What the window shows of a document, in its tab and in the Navigator.
-    QString caption(int position);
-    QString toolTip(int position);
-    int icon(int position);
-    QString line(int position);
-    QString state(int position);
-    QString address();
+    controls::Tab &tab(int position) { return main().vbalDTabControl1->Tabs(position); }
+    QString caption(int position) { return tab(position).Caption(); }
+    QString state(int position) { return main().navigator->ListView1.ListItems(position).ListSubItems(1).Text(); }
+    QString address() { return main().AddressBar->Text(); }
     /// Empty when tabs, Navigator and documents agree about every position, else what does not.
     QString disorder();
 
@@ -100,3 +99,9 @@ int runBrowserTests(int argc, char **argv)
     Tests tests;
     return QTest::qExec(&tests, argc, argv);
 }
+
+#define BROWSER_TEST_MAIN(Tests)                                                                                       \
+    int main(int argc, char **argv)                                                                                    \
+    {                                                                                                                  \
+        return runBrowserTests<Tests>(argc, argv);                                                                     \
+    }

@@ -1,19 +1,10 @@
 #include "BrowserFixture.h"
 
-#include "controls/ComboBox.h"
-#include "controls/PageBox.h"
-#include "controls/StatusBar.h"
-#include "controls/TabControl.h"
-#include "core/state/Document.h"
-#include "documents/frmNavigator.h"
 #include "engine/EngineFixture.h"
-#include "engine/WebBrowser.h"
 #include "support/LoopbackSite.h"
 #include "support/Wait.h"
 
 #include <QAbstractButton>
-#include <QElapsedTimer>
-#include <QLineEdit>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -23,11 +14,6 @@ namespace {
 /// Tells the site when the page stands on the screen and takes clicks.
 const QByteArray kTellsWhenPainted =
     "<script>requestAnimationFrame(() => requestAnimationFrame(() => fetch('/painted' + location.pathname)))</script>";
-
-QByteArray link(const QByteArray &attributes)
-{
-    return "<a style='position: fixed; inset: 0' " + attributes + ">link</a>" + kTellsWhenPainted;
-}
 
 } // namespace
 
@@ -44,29 +30,13 @@ private slots:
     void init()
     {
         m_site.clearRequests();
-        m_site.page("/a", "Page A", kTellsWhenPainted);
-        m_site.page("/b", "Page B", kTellsWhenPainted);
-        m_site.page("/c", "Page C", kTellsWhenPainted);
-    }
-
-    void firstStartShowsTheQuickTour()
-    {
-        BrowserFixture f;
-        QVERIFY(f.startAsStored(at(u"/a"_s)));
-        QVERIFY(f.waitForPage(1, u"Corvane: quick tour"_s));
-        QCOMPARE(f.address(), u"corvane://www/qtour/index.html"_s);
-        QVERIFY(f.main().isMaximized());
-        f.end();
-        QCOMPARE(m_site.requests().size(), 0u);
-
-        QVERIFY(f.startAsStored(at(u"/a"_s)));
-        QVERIFY(f.waitForPage(1, u"Page A"_s));
-        QCOMPARE(f.count(), 1);
+        for (const QByteArray name : {"A", "B", "C"})
+            m_site.page('/' + name.toLower(), "Page " + name);
     }
 
     void addressesLinksAndCommands()
     {
-        m_site.page("/links", "Links", link("href=/b"));
+        m_site.page("/links", "Links", "<a style='position: fixed; inset: 0' href=/b>link</a>" + kTellsWhenPainted);
         BrowserFixture f;
         QVERIFY(f.start(at(u"/a"_s)));
         QVERIFY(f.waitForPage(1, u"Page A"_s));
@@ -96,69 +66,6 @@ private slots:
         f.enterAddress(at(u"/c"_s));
         QVERIFY(f.waitForPage(2, u"Page C"_s));
         QCOMPARE(f.caption(1), u"Links"_s);
-        QCOMPARE(f.disorder(), QString());
-    }
-
-    void positionsStayInStep()
-    {
-        m_site.add("/late", {"<title>Late</title>", "text/html", 200, {}, LoopbackSite::Ending::Held});
-        BrowserFixture f;
-        QVERIFY(f.start(at(u"/a"_s)));
-        f.main().LoadNewDoc(at(u"/b"_s));
-        f.main().LoadNewDoc(at(u"/late"_s));
-        QVERIFY(f.waitForPage(1, u"Page A"_s));
-        QVERIFY(f.waitForPage(2, u"Page B"_s));
-        QVERIFY(m_site.waitFor("/late"));
-        QCOMPARE(f.disorder(), QString());
-
-        f.clickTab(1);
-        QTRY_COMPARE(f.address(), at(u"/a"_s));
-        QCOMPARE(f.disorder(), QString());
-        const auto buttons = f.main().vbalDTabControl1->findChildren<QAbstractButton *>();
-        for (QAbstractButton *close : buttons) {
-            if (close->isVisible())
-                QTest::mouseClick(close, Qt::LeftButton);
-        }
-        QTRY_COMPARE(f.count(), 2);
-        QCOMPARE(f.disorder(), QString());
-        QCOMPARE(f.caption(1), u"Page B"_s);
-
-        // What the others report from now on goes to their new places.
-        m_site.release("/late");
-        QVERIFY(f.waitForPage(2, u"Late"_s));
-        QCOMPARE(f.caption(2), u"Late"_s);
-        QCOMPARE(f.caption(1), u"Page B"_s);
-        f.clickTab(1);
-        QTRY_COMPARE(f.address(), at(u"/b"_s));
-        f.enterAddress(at(u"/c"_s));
-        QVERIFY(f.waitForPage(1, u"Page C"_s));
-        QCOMPARE(f.line(1), u"Page C"_s);
-        QCOMPARE(f.line(2), u"Late"_s);
-        QVERIFY(f.choose(u"mnuFileClose"_s));
-        QVERIFY(f.choose(u"mnuFileClose"_s));
-        QCOMPARE(f.count(), 0);
-        QCOMPARE(f.disorder(), QString());
-        QVERIFY(!f.choose(u"mnuFileClose"_s));
-    }
-
-    void backgroundLoadFlashesItsTab()
-    {
-        m_site.add("/late", {"<title>Late</title>", "text/html", 200, {}, LoopbackSite::Ending::Held});
-        BrowserFixture f;
-        QVERIFY(f.start(at(u"/late"_s)));
-        QVERIFY(m_site.waitFor("/late"));
-        f.main().LoadNewDoc(at(u"/b"_s));
-        QVERIFY(f.waitForPage(2, u"Page B"_s));
-        m_site.release("/late");
-        QVERIFY(f.waitForPage(1, u"Late"_s));
-        QTRY_COMPARE(f.icon(1), 10);
-        QTRY_COMPARE(f.icon(1), 8);
-        QTRY_COMPARE(f.icon(1), 10);
-        QCOMPARE(f.icon(2), 8);
-        QCOMPARE(f.address(), at(u"/b"_s));
-        f.clickTab(1);
-        QTRY_COMPARE(f.icon(1), 8);
-        QCOMPARE(f.address(), at(u"/late"_s));
         QCOMPARE(f.disorder(), QString());
     }
 
@@ -228,7 +135,7 @@ private slots:
             QTRY_COMPARE_WITH_TIMEOUT(f.caption(1), title, kPatience);
         }
         QTRY_COMPARE_WITH_TIMEOUT(f.state(1), u"Completed"_s, kPatience);
-        QVERIFY(f.toolTip(1).size() < 10'000);
+        QVERIFY(f.tab(1).ToolTipText().size() < 10'000);
 
         // Nothing stays behind in the way of the next page.
         f.enterAddress(at(u"/b"_s));
@@ -238,8 +145,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runBrowserTests<tst_Browsing>(argc, argv);
-}
+BROWSER_TEST_MAIN(tst_Browsing)
 #include "tst_browsing.moc"
