@@ -58,8 +58,14 @@ struct Readings
     }
     bool asksForWholeName() const
     {
-        return std::ranges::any_of(std::array{Label, AriaLabel, Placeholder},
-                                   [&](Place place) { return all[place].isWholeName && all[place].kind == FullName; });
+        bool isWhole = false;
+        for (const Place place : {Label, AriaLabel, Placeholder}) {
+            const TextReading &reading = all[place];
+            if (reading.kind == FirstName || reading.kind == LastName)
+                return false;
+            isWhole = isWhole || (reading.isWholeName && reading.kind == FullName);
+        }
+        return isWhole;
     }
     FieldKinds proseSaid() const
     {

@@ -190,6 +190,8 @@ bool isFiller(QStringView word)
 int sayingPart(const FieldWords &words)
 {
     const QStringView letters = words.letters();
+    if (words.part(letters.size()) == 0)
+        return 0;
     qsizetype end = letters.size();
     for (qsizetype at = end - 1; at >= 0; --at) {
         if (!words.isEdge(at))

@@ -149,6 +149,19 @@ constexpr States kStates[] = {
             u"Australia SA|Tasmania TAS|Victoria VIC|Western Australia WA"},
 };
 
+/// What stands behind a country's code in a table of such pairs, parted by blanks; empty for none.
+QString pairedWith(QStringView table, const QString &code)
+{
+    for (qsizetype at = 0, end = 0; !code.isEmpty() && at < table.size(); at = end + 1) {
+        end = table.indexOf(u' ', at);
+        if (end < 0)
+            end = table.size();
+        if (table.sliced(at).startsWith(code))
+            return table.sliced(at + code.size(), end - at - code.size()).toString();
+    }
+    return {};
+}
+
 QStringList foldedParts(QStringView names)
 {
     QStringList parts;
@@ -171,20 +184,12 @@ QStringList namesOfCountry(const QString &code, const QString &name)
 
 QString longCodeOfCountry(const QString &code)
 {
-    for (const QStringView pair : kLongCodes.split(u' ')) {
-        if (pair.first(2) == code)
-            return pair.sliced(2).toString();
-    }
-    return {};
+    return pairedWith(kLongCodes, code);
 }
 
 QString callingCodeOfCountry(const QString &code)
 {
-    for (const QStringView pair : kCallingCodes.split(u' ')) {
-        if (pair.first(2) == code)
-            return pair.sliced(2).toString();
-    }
-    return {};
+    return pairedWith(kCallingCodes, code);
 }
 
 QString trunkOfCountry(const QString &code)
