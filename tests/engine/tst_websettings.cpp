@@ -200,6 +200,8 @@ private slots:
         QTest::newRow("kept") << QList<const char *>() << true;
         QTest::newRow("forgotten at the end") << QList<const char *>{"chkForget"} << false;
         QTest::newRow("cleared") << QList<const char *>{"chkCookies", "btnClear"} << false;
+        QTest::newRow("cleared with the cache") << QList<const char *>{"chkCookies", "chkTemp", "btnClear"} << false;
+        QTest::newRow("without the cache") << QList<const char *>{"chkTemp", "btnClear"} << true;
     }
 
     void whatSitesStoreOutlivesTheProgramOrNot()
@@ -230,7 +232,7 @@ private slots:
         m_site.add("/uses", {"<script>fetch('/lasting').then(r => r.text()).then(() => fetch('/used'))</script>",
                              "text/html",
                              200,
-                             {{"Set-Cookie", "session=1; HttpOnly"}}});
+                             {{"Set-Cookie", "session=1; HttpOnly"}, {"Set-Cookie", "kept=1; Max-Age=1000"}}});
         const auto use = [&](RecordedBrowser &browser) {
             const int before = m_site.count("/used");
             return browser.open(u"about:blank"_s) && open(browser, u"/uses"_s) && m_site.waitFor("/used", before + 1)
@@ -247,6 +249,7 @@ private slots:
             // Every page is whole again, and the user is still signed in.
             WAIT_VERIFY(m_site.count("/used") == 3 && m_site.count("/page") == 2);
             QVERIFY(header("/uses", "cookie").contains("session=1"));
+            QVERIFY(header("/uses", "cookie").contains("kept=1"));
             QCOMPARE(use(browser), 2);
             choose(browser, {"optCacheNone"});
             QCOMPARE(use(browser), 2);
@@ -256,6 +259,46 @@ private slots:
         RecordedBrowser browser(*m_test->engine, m_site);
         QCOMPARE(use(browser), 3);
         QCOMPARE(use(browser), 4);
+    }
+
+    void cutOffByAnEmptyCache_data()
+    {
+        using Ending = LoopbackSite::Ending;
+        QTest::addColumn<QByteArray>("method");
+        QTest::addColumn<Ending>("ending");
+        QTest::addColumn<int>("times");
+        QTest::newRow("a page on its way") << QByteArray("get") << Ending::Held << 2;
+        QTest::newRow("half a page") << QByteArray("get") << Ending::Halved << 2;
+        QTest::newRow("a form on its way") << QByteArray("post") << Ending::Held << 1;
+        QTest::newRow("the answer to a form") << QByteArray("post") << Ending::Complete << 1;
+    }
+
+    /// Every load comes to an end, and no form is sent twice.
+    void cutOffByAnEmptyCache()
+    {
+        QFETCH(const QByteArray, method);
+        QFETCH(const LoopbackSite::Ending, ending);
+        QFETCH(const int, times);
+        LoopbackSite::Answer answer{"<title>Answer</title>"};
+        answer.ending = ending;
+        m_site.add("/answer", answer);
+        m_site.page("/form", "Form",
+                    "<form action='/answer' method='" + method +
+                        "'></form><script>onload = () => setTimeout(() => document.forms[0].submit())</script>");
+        RecordedBrowser browser(*m_test->engine, m_site);
+        RecordedBrowser other(*m_test->engine, m_site);
+        QVERIFY(open(other, u"/page"_s));
+        QVERIFY(open(browser, u"/form"_s));
+        QVERIFY(m_site.waitFor("/answer"));
+        if (ending == LoopbackSite::Ending::Complete)
+            QVERIFY(browser.waitForEnd(2));
+        const int ends = browser.count(u"end"_s);
+        clear(other, "chkTemp");
+        QVERIFY(m_site.waitFor("/page", 2) && m_site.waitFor("/answer", times));
+        m_site.release("/answer");
+        if (ending != LoopbackSite::Ending::Complete)
+            QVERIFY(browser.waitForEnd(ends + 1));
+        QCOMPARE(m_site.count("/answer"), times);
     }
 
     void historyIsCleared()

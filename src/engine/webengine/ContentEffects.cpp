@@ -80,6 +80,8 @@ void ContentEffects::apply()
 
 void ContentEffects::interceptRequest(QWebEngineUrlRequestInfo &info)
 {
+    if (info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame)
+        m_sendsForm = info.requestMethod() == "POST";
     if (m_holds != kAllContent && isPartRefused(m_holds, kindOf(info.resourceType()), info.requestUrl()))
         info.block(true);
 }

@@ -37,6 +37,8 @@ public:
     void blockFlash() override;
     int32_t control() const override { return m_holds; }
     bool isMuted() const override;
+    /// The last request for the page itself carries what a form sends.
+    bool sendsForm() const { return m_sendsForm; }
 
 private:
     void asked(QWebEngineUrlRequestJob *job);
@@ -51,6 +53,7 @@ private:
     int32_t m_wanted = kAllContent;
     int32_t m_holds = kAllContent;
     bool m_isFlashBlocked = false;
+    bool m_sendsForm = false;
     /// Frames with Flash that wait for the end of the load.
     std::vector<QPointer<QWebEngineUrlRequestJob>> m_waiting;
 };

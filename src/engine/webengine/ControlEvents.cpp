@@ -111,6 +111,7 @@ bool WebBrowserControl::navigationRequested(const QUrl &url, QWebEnginePage::Nav
     return true;
 }
 
+        m_isAwaited = true;
 /// Tells the document of a navigation. False: it is refused.
 bool WebBrowserControl::reportNavigation(const QUrl &url, bool isMainFrame)
 {
@@ -170,6 +171,7 @@ void WebBrowserControl::loadEnded(const QWebEngineLoadingInfo &info)
     m_reportedAhead.clear();
     m_downloads.arrived();
 
+    m_isAwaited = false;
     m_standIn.stop();
     reportTitle();
     const QUrl url = m_page->url();
@@ -208,6 +210,7 @@ void WebBrowserControl::addressChanged(const QUrl &url)
     m_isErrorPage = false;
     if (url.scheme() != "https"_L1 || m_engine.isExcepted(url.host()))
         reportLock(false);
+    m_isAwaited = false;
 }
 
 void WebBrowserControl::reportLock(bool secure)

@@ -1,7 +1,7 @@
 #include "engine/webengine/ProfileSettings.h"
 
 #include "engine/VisitLog.h"
-#include "engine/webengine/SessionCookies.h"
+#include "engine/webengine/UnwrittenCookies.h"
 
 #include <QDir>
 #include <QNetworkProxy>
@@ -20,6 +20,10 @@ namespace {
 constexpr SiteData::Kinds kOfSites = SiteData::Kind::Cookies | SiteData::Kind::Storage;
 
 constexpr int kMegabyte = 1024 * 1024;
+/// Bytes of a cache that has no room for anything.
+constexpr int kNoRoom = 1;
+/// What the engine allows a cache in memory at most, if it decides.
+constexpr int kLargeInMemory = 50 * kMegabyte;
 
 /// Asks every site not to track the user.
 class TrackingRefusal : public QWebEngineUrlRequestInterceptor
@@ -41,13 +45,6 @@ ProfileSettings::ProfileSettings(Surroundings surroundings)
     m_settling.setInterval(60'000);
     m_settling.setSingleShot(true);
     m_settling.callOnTimeout(&m_settling, [this] { settle(); });
-    // What pages ask for at once is lost, and nothing tells when that is over: 100 ms were enough in every try.
-    m_changingCache.setInterval(500);
-    m_changingCache.setSingleShot(true);
-    m_changingCache.callOnTimeout(&m_changingCache, [this] {
-        m_sessionCookies->restore();
-        m_surroundings.reloadPages();
-    });
 }
 
 ProfileSettings::~ProfileSettings()
@@ -63,6 +60,8 @@ void ProfileSettings::prepareFolders(const QString &profileFolder, const QString
     if (profileFolder.isEmpty())
         return;
     m_siteData.emplace(profileFolder, cacheFolder);
+    if (m_settings.cache == EngineSettings::Cache::None)
+        m_siteData->remove(SiteData::Kind::TemporaryFiles);
     if (m_settings.forgetAtExit)
         m_siteData->remove(kOfSites);
     m_siteData->finishPending();
@@ -72,9 +71,9 @@ void ProfileSettings::attach(QWebEngineProfile &profile)
 {
     m_profile = &profile;
     m_ownAgent = profile.httpUserAgent();
-    // First, as it makes the network part start anew.
+    // First, as it makes the network part start anew, and no page must wait for anything then.
     setCache();
-    m_sessionCookies = std::make_unique<SessionCookies>(*profile.cookieStore());
+    m_unwrittenCookies = std::make_unique<UnwrittenCookies>(*profile.cookieStore());
     applyCookies();
     applyRequests();
 }
@@ -83,9 +82,8 @@ void ProfileSettings::detach()
 {
     delete m_dialog;
     m_settling.stop();
-    m_changingCache.stop();
     m_probe.reset();
-    m_sessionCookies.reset();
+    m_unwrittenCookies.reset();
     if (m_profile)
         m_profile->setUrlRequestInterceptor(nullptr);
     m_profile = nullptr;
@@ -178,17 +176,21 @@ void ProfileSettings::followProxy()
     m_probe->load(QUrl(u"http://127.0.0.1:1/"_s));
 }
 
+/// The engine's own way to have no cache empties the old one first. Once that is done, after an untold time, everything
+/// that loads by then is cut off and never ends. So a cache without room stands for none.
 void ProfileSettings::setCache()
 {
-    using Cache = EngineSettings::Cache;
-    if (m_settings.cache == Cache::None) {
-        m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
+    switch (m_settings.cache) {
+    case EngineSettings::Cache::None:
+        m_profile->setHttpCacheMaximumSize(kNoRoom);
+        m_profile->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
+        return;
+    case EngineSettings::Cache::Limited:
+        m_profile->setHttpCacheMaximumSize(m_settings.cacheMegabytes * kMegabyte);
+        return;
+    case EngineSettings::Cache::Automatic:
         return;
     }
-    // 0 leaves the size to the engine.
-    m_profile->setHttpCacheMaximumSize(m_settings.cache == Cache::Limited ? m_settings.cacheMegabytes * kMegabyte : 0);
-    if (!m_profile->isOffTheRecord())
-        m_profile->setHttpCacheType(QWebEngineProfile::DiskHttpCache);
 }
 
 void ProfileSettings::applyCookies()
@@ -230,33 +232,45 @@ void ProfileSettings::applyRequests()
     m_marker = std::move(marker);
 }
 
-/// Clearing a cache that is in use makes every open page unable to load anything, at a moment that the engine does not
-/// tell. So the profile gets another cache at once, in memory and until the program ends; the old one is removed when
-/// nothing uses it any more.
-void ProfileSettings::emptyCache()
+/// Clearing a cache that is in use cuts all pages off, at a moment that the engine does not tell. So the profile gets
+/// another cache at once, in memory and until the program ends, which cuts them off here and now. The old one is
+/// removed when nothing uses it any more. Whether pages have been cut off.
+bool ProfileSettings::emptyCache()
 {
     if (m_siteData)
         m_siteData->addPending(SiteData::Kind::TemporaryFiles);
     m_settling.start();
-    if (m_profile->httpCacheType() == QWebEngineProfile::NoCache)
-        return;
-    m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
-    m_profile->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
-    m_sessionCookies->restore();
-    m_changingCache.start();
+    // Without a folder the engine keeps to its first cache, which goes with the program.
+    const int size = m_profile->httpCacheMaximumSize();
+    if (m_profile->isOffTheRecord() || size == kNoRoom)
+        return false;
+    if (m_profile->httpCacheType() == QWebEngineProfile::DiskHttpCache)
+        m_profile->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
+    else // One of another size is another one, if only by a byte.
+        m_profile->setHttpCacheMaximumSize(size > 0 ? size - 1 : kLargeInMemory);
+    return true;
+}
+
+void ProfileSettings::forgetCookies()
+{
+    m_unwrittenCookies->forget();
+    if (m_siteData)
+        m_siteData->addPending(kOfSites);
+    m_settling.start();
+    m_profile->cookieStore()->deleteAllCookies();
 }
 
 void ProfileSettings::clear(Traces traces)
 {
-    if (traces.testFlag(Trace::Cookies)) {
-        m_sessionCookies->forget();
-        if (m_siteData)
-            m_siteData->addPending(kOfSites);
-        m_settling.start();
-        m_profile->cookieStore()->deleteAllCookies();
+    if (traces.testFlag(Trace::Cookies))
+        forgetCookies();
+    if (traces.testFlag(Trace::TemporaryFiles) && emptyCache()) {
+        // What is new in the network part has read the cookies before it was written that they are gone.
+        if (traces.testFlag(Trace::Cookies))
+            forgetCookies();
+        m_unwrittenCookies->restore();
+        m_surroundings.loadPagesAgain();
     }
-    if (traces.testFlag(Trace::TemporaryFiles))
-        emptyCache();
     if (traces.testFlag(Trace::History)) {
         m_profile->clearAllVisitedLinks();
         m_surroundings.visits.clear();

@@ -16,7 +16,7 @@ class QWebEngineUrlRequestInterceptor;
 
 namespace engine {
 
-class SessionCookies;
+class UnwrittenCookies;
 class VisitLog;
 
 /// The user's settings of the engine: reads them, makes them hold for the one profile and the connections of the whole
@@ -32,7 +32,8 @@ public:
         VisitLog &visits;
         /// Told where downloads go from now on.
         std::function<void(const QString &folder)> setDownloadFolder;
-        std::function<void()> reloadPages;
+        /// Told when nothing that a page waits for will come any more.
+        std::function<void()> loadPagesAgain;
     };
     explicit ProfileSettings(Surroundings surroundings);
     ~ProfileSettings() override;
@@ -64,7 +65,8 @@ private:
     void applyProxy() const;
     void followProxy();
     void setCache();
-    void emptyCache();
+    bool emptyCache();
+    void forgetCookies();
     void applyCookies();
     void applyRequests();
     void settle() const;
@@ -77,13 +79,11 @@ private:
     QString m_ownAgent;
     QWebEngineProfile *m_profile = nullptr;
     std::unique_ptr<QWebEngineUrlRequestInterceptor> m_marker;
-    std::unique_ptr<SessionCookies> m_sessionCookies;
+    std::unique_ptr<UnwrittenCookies> m_unwrittenCookies;
     /// Makes a request that comes to nothing.
     std::unique_ptr<QWebEnginePage> m_probe;
     /// Runs until the engine has done all that it has to do after clearing.
     QTimer m_settling;
-    /// Runs until pages can load from the new cache.
-    QTimer m_changingCache;
     QPointer<InternetOptions> m_dialog;
 };
 

@@ -136,6 +136,22 @@ void WebBrowserControl::GoForward()
 }
 
 /// The user turns away from the page: nothing of it may hold up what comes next.
+void WebBrowserControl::loadAgain()
+{
+    if (!m_load.isLoading() && !LocationURL().startsWith("http"_L1))
+        return;
+    if (m_content->sendsForm()) {
+        // Only the user may send a form once more.
+        if (m_load.isLoading())
+            Stop();
+    } else if (m_isAwaited) {
+        leavePage();
+        m_page->load(m_mainRequest);
+    } else {
+        Refresh2(0);
+    }
+}
+
 void WebBrowserControl::leavePage()
 {
     m_stopAsked = false;

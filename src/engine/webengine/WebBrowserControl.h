@@ -74,6 +74,8 @@ public:
     /// Whether the download is this document being saved; then it is taken care of.
     bool takesDownload(QWebEngineDownloadRequest &download);
     /// Whether the policy lets the page start the download. Tells the user when it does not.
+    /// The engine has cut off everything that comes from the network: gets the page again, or what was to become it.
+    void loadAgain();
     bool allowsDownload(const QWebEngineDownloadRequest &download);
     /// Deletes the page. Nothing works afterwards but destruction.
     void shutDown();
@@ -165,6 +167,8 @@ private:
     bool m_stopAsked = false;
 
     /// A page opened this window, so that its script may close it.
+    /// It has brought nothing yet.
+    bool m_isAwaited = false;
     bool m_openedByPage = false;
     bool m_isFirstLoad = true;
     /// A page that asks for more windows than 20 in 10 seconds, without the user acting in it, is out to harm. It gets

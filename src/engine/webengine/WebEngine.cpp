@@ -20,7 +20,7 @@ WebEngine::WebEngine(const EngineConfig &config)
                       if (m_downloads)
                           m_downloads->setFolder(folder);
                   },
-                  [this] { reloadPages(); }})
+                  [this] { loadPagesAgain(); }})
     , m_site(*this)
 {}
 
@@ -107,11 +107,11 @@ WebBrowser *WebEngine::createBrowser(QWidget *parent)
     return browser;
 }
 
-void WebEngine::reloadPages()
+void WebEngine::loadPagesAgain()
 {
     for (const auto &browser : m_browsers) {
-        if (browser && browser->LocationURL().startsWith("http"_L1))
-            browser->Refresh2(0);
+        if (browser)
+            browser->loadAgain();
     }
 }
 

@@ -53,7 +53,7 @@ public:
 
 private:
     void startDownload(QWebEngineDownloadRequest *download);
-    void reloadPages();
+    void loadPagesAgain();
 
     EngineConfig m_config;
     VisitLog m_visits;

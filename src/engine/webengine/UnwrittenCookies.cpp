@@ -1,4 +1,4 @@
-#include "engine/webengine/SessionCookies.h"
+#include "engine/webengine/UnwrittenCookies.h"
 
 #include <QUrl>
 #include <QWebEngineCookieStore>
@@ -9,6 +9,9 @@ namespace engine {
 
 namespace {
 
+/// The engine writes every half minute; milliseconds after which it has written for certain.
+constexpr int kWritten = 60'000;
+
 QByteArray keyOf(const QNetworkCookie &cookie)
 {
     return cookie.domain().toUtf8() + '\n' + cookie.path().toUtf8() + '\n' + cookie.name();
@@ -16,24 +19,30 @@ QByteArray keyOf(const QNetworkCookie &cookie)
 
 } // namespace
 
-SessionCookies::SessionCookies(QWebEngineCookieStore &store)
+UnwrittenCookies::UnwrittenCookies(QWebEngineCookieStore &store)
     : m_store(store)
 {
-    connect(&store, &QWebEngineCookieStore::cookieAdded, this, [this](const QNetworkCookie &cookie) {
-        if (cookie.isSessionCookie())
-            m_cookies.insert(keyOf(cookie), cookie);
-        else
-            m_cookies.remove(keyOf(cookie));
-    });
+    connect(&store, &QWebEngineCookieStore::cookieAdded, this, &UnwrittenCookies::add);
     connect(&store, &QWebEngineCookieStore::cookieRemoved, this,
             [this](const QNetworkCookie &cookie) { m_cookies.remove(keyOf(cookie)); });
 }
 
-void SessionCookies::restore() const
+void UnwrittenCookies::add(const QNetworkCookie &cookie)
+{
+    m_cookies.removeIf([](const auto &entry) { return entry->isUnwritten.hasExpired(); });
+    const QDeadlineTimer isUnwritten(cookie.isSessionCookie() ? QDeadlineTimer(QDeadlineTimer::Forever)
+                                                              : QDeadlineTimer(kWritten));
+    m_cookies.insert(keyOf(cookie), {cookie, isUnwritten});
+}
+
+void UnwrittenCookies::restore() const
 {
     // Setting a cookie changes the list.
-    const QList<QNetworkCookie> cookies = m_cookies.values();
-    for (QNetworkCookie cookie : cookies) {
+    const QList<Entry> entries = m_cookies.values();
+    for (const Entry &entry : entries) {
+        if (entry.isUnwritten.hasExpired())
+            continue;
+        QNetworkCookie cookie = entry.cookie;
         QString host = cookie.domain();
         // Without a dot in front it is the cookie of that one host, which is said by naming no domain.
         if (host.startsWith(u'.'))
