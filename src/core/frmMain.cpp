@@ -431,5 +431,7 @@ void frmMain::vbalStatusBar1_PanelDoubleClick(int index)
         bool &enabled = m_mainCode.settings.PopupKillerEnable;
         enabled = !enabled;
         vbalStatusBar1->setPanelIcon(u"Item4"_s, popupKillerIcon(enabled));
+        if (Document *document = ActiveForm())
+            document->PlayPopupSound();
     }
 }

@@ -105,11 +105,13 @@ private slots:
         QVERIFY(f.main().isVisible());
         QCOMPARE(f.sound.played, QStringList{f.settings().PopupSoundFile});
 
-        // A double click on the sign of the killer switches the list off with it, and on again.
+        // A double click on the sign of the killer switches the list off with it, and on again. Its sound comes from a
+        // document.
         controls::StatusBar *bar = f.main().vbalStatusBar1;
         for (const bool on : {false, true}) {
             QTest::mouseDClick(bar, Qt::LeftButton, {}, bar->PanelRect(4).center());
             QCOMPARE(bar->PanelIcon(u"Item4"_s), on ? 3 : 1);
+            QCOMPARE(f.sound.played.size(), on ? 2 : 1);
             f.main().LoadNewDoc(u"http://ads.example/"_s);
             QCOMPARE(f.engine.browsers.last()->beforeNavigate(u"http://ads.example/"_s), on);
         }
