@@ -91,8 +91,7 @@ private slots:
 
     void codeAlphaBlend()
     {
-        cAlphaDibSection target;
-        cAlphaDibSection source;
+        cAlphaDibSection target, source;
         QVERIFY(target.Create(2, 2));
         QVERIFY(source.Create(1, 1));
         setRow(target, 1, {9, 9, 9, 9, 0, 100, 255, 77});
@@ -114,8 +113,7 @@ private slots:
 
     void alphaPaintPicture()
     {
-        cAlphaDibSection target;
-        cAlphaDibSection source;
+        cAlphaDibSection target, source;
         QVERIFY(target.Create(3, 1));
         QVERIFY(source.Create(3, 1));
         // alpha 0: only adds; alpha 255: replaces in the share of the constant; everything is held at 255
@@ -131,8 +129,7 @@ private slots:
 
     void rasterOperations()
     {
-        cAlphaDibSection target;
-        cAlphaDibSection source;
+        cAlphaDibSection target, source;
         QVERIFY(target.Create(1, 1));
         QVERIFY(source.Create(1, 1));
         const auto result = [&](int32_t raster) {
@@ -272,17 +269,14 @@ private slots:
 
     void captionOnlyAdds()
     {
-        cMediaProgress progress;
-        progress.setMax(100);
-        progress.setWidth(172);
+        cMediaProgress progress, bare;
         progress.setText(QStringLiteral("Complete"));
-        progress.setShowPercentage(false);
-        progress.setValue(100);
-        cMediaProgress bare;
-        bare.setMax(100);
-        bare.setWidth(172);
-        bare.setShowPercentage(false);
-        bare.setValue(100);
+        for (cMediaProgress *each : {&progress, &bare}) {
+            each->setMax(100);
+            each->setWidth(172);
+            each->setShowPercentage(false);
+            each->setValue(100);
+        }
         int brighter = 0;
         for (int y = 0; y < 20; ++y) {
             for (int x = 0; x < 172; ++x) {
@@ -346,18 +340,12 @@ private slots:
 
     void hls()
     {
-        struct Case
-        {
-            int r, g, b;
-            float h;
-        };
-        for (const Case c : {Case{255, 0, 0, 0}, Case{255, 255, 0, 1}, Case{0, 255, 0, 2}, Case{0, 255, 255, 3},
-                             Case{0, 0, 255, 4}, Case{255, 0, 255, -1}}) {
-            float h = 9;
-            float s = 9;
-            float l = 9;
-            cMediaProgress::RGBToHLS(c.r, c.g, c.b, h, s, l);
-            QCOMPARE(h, c.h);
+        const std::initializer_list<std::tuple<int, int, int, float>> cases{
+            {255, 0, 0, 0}, {255, 255, 0, 1}, {0, 255, 0, 2}, {0, 255, 255, 3}, {0, 0, 255, 4}, {255, 0, 255, -1}};
+        for (const auto &[red, green, blue, hue] : cases) {
+            float h = 9, s = 9, l = 9;
+            cMediaProgress::RGBToHLS(red, green, blue, h, s, l);
+            QCOMPARE(h, hue);
             QCOMPARE(s, 1.0F);
             QCOMPARE(l, 0.5F);
         }
@@ -366,13 +354,9 @@ private slots:
             const int r = n % 16 * 17;
             const int g = n / 16 % 16 * 17;
             const int b = n / 256 * 17;
-            float h = 0;
-            float s = 0;
-            float l = 0;
+            float h = 0, s = 0, l = 0;
             cMediaProgress::RGBToHLS(r, g, b, h, s, l);
-            int r2 = 0;
-            int g2 = 0;
-            int b2 = 0;
+            int r2 = 0, g2 = 0, b2 = 0;
             cMediaProgress::HLSToRGB(h, s, l, r2, g2, b2);
             QCOMPARE(QColor(r2, g2, b2), QColor(r, g, b));
         }

@@ -54,50 +54,41 @@ class TestPageBox : public QObject
 {
     Q_OBJECT
 private slots:
-    void answersOnce_data()
-    {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<QString>("answer");
-        QTest::newRow("Enter") << u"enter"_s << u"1|typed|secret"_s;
-        QTest::newRow("Enter on the second button") << u"enter-reject"_s << u"0||"_s;
-        QTest::newRow("Esc") << u"esc"_s << u"0||"_s;
-        QTest::newRow("second button") << u"reject"_s << u"0||"_s;
-        QTest::newRow("destroyed") << u"delete"_s << u"0||"_s;
-        QTest::newRow("destroyed with its page") << u"page"_s << u"0||"_s;
-    }
     void answersOnce()
     {
-        QFETCH(QString, how);
-        QFETCH(QString, answer);
-        Window window;
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        window.page->setFocus();
-        PageBox::Content content = Window::confirm();
-        content.wantsText = content.wantsPassword = true;
-        content.defaultText = u"default"_s;
-        QPointer<PageBox> box = window.ask(content);
-        QTest::keyClicks(QApplication::focusWidget(), u"typed"_s); // over the default, which is selected
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QTest::keyClicks(QApplication::focusWidget(), u"secret"_s);
+        // By the keyboard, by the button's object name, and by the end of the box or of its page.
+        for (const QString &how : {u"enter"_s, u"enter-reject"_s, u"esc"_s, u"reject"_s, u"delete"_s, u"page"_s}) {
+            const QString answer = how == u"enter"_s ? u"1|typed|secret"_s : u"0||"_s;
+            Window window;
+            QVERIFY(QTest::qWaitForWindowActive(&window));
+            window.page->setFocus();
+            PageBox::Content content = Window::confirm();
+            content.wantsText = content.wantsPassword = true;
+            content.defaultText = u"default"_s;
+            QPointer<PageBox> box = window.ask(content);
+            QTest::keyClicks(QApplication::focusWidget(), u"typed"_s); // over the default, which is selected
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QTest::keyClicks(QApplication::focusWidget(), u"secret"_s);
 
-        if (how == u"enter"_s)
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        else if (how == u"esc"_s)
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-        else if (how == u"delete"_s)
-            delete box;
-        else if (how == u"page"_s)
-            delete window.page;
-        else if (how == u"enter-reject"_s) {
-            box->findChild<QPushButton *>(u"reject"_s)->setFocus();
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter);
-        } else
-            QTest::mouseClick(box->findChild<QPushButton *>(how), Qt::LeftButton);
-        QCOMPARE(window.answers, QStringList{answer});
-        if (how != u"page"_s && how != u"delete"_s)
-            QVERIFY(window.page->hasFocus());
-        QTRY_VERIFY(!box);
-        QCOMPARE(window.answers.size(), 1);
+            if (how == u"enter"_s)
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            else if (how == u"esc"_s)
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+            else if (how == u"delete"_s)
+                delete box;
+            else if (how == u"page"_s)
+                delete window.page;
+            else if (how == u"enter-reject"_s) {
+                box->findChild<QPushButton *>(u"reject"_s)->setFocus();
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter);
+            } else
+                QTest::mouseClick(box->findChild<QPushButton *>(how), Qt::LeftButton);
+            QCOMPARE(window.answers, QStringList{answer});
+            if (how != u"page"_s && how != u"delete"_s)
+                QVERIFY(window.page->hasFocus());
+            QTRY_VERIFY(!box);
+            QCOMPARE(window.answers.size(), 1);
+        }
     }
 
     void focusComesFromThePageOnlyAndStaysInside()
