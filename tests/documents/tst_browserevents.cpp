@@ -1,50 +1,47 @@
 #include "support/DocumentFixture.h"
 
 #include "controls/PageBox.h"
-#include "support/Rows.h"
 
 #include <QPushButton>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
-/// What each event of a browser does to the tab, the Navigator's line, the title and the shared controls.
+/// What each event of a browser does to the tab, the Navigator's line, the title and the shared controls, and which
+/// windows and sites are refused. The words of a row of these are what holds when it has to decide.
 class tst_BrowserEvents : public QObject
 {
     Q_OBJECT
-private slots:
-    void progress_data()
-    {
-        // of a normal tab that showed 10 before
-        rows<int, int, QString, int>({
-            {"begin", {0, 100, u"0%"_s, 0}},
-            {"25", {25, 100, u"25%"_s, 2}},
-            {"50", {1, 2, u"50%"_s, 4}},
-            {"75", {75, 100, u"75%"_s, 6}},
-            {"100 leaves the icon", {7, 7, u"100%"_s, 10}},
-            {"more than all", {101, 100, QString(), 10}},
-            {"more than nothing", {1, 0, QString(), 10}},
-            {"largest product", {21474836, 21474836, u"100%"_s, 10}},
-            {"overflow", {21474837, 21474837, u"0%"_s, 0}},
-            {"both most negative", {INT_MIN, -1, u"0%"_s, 0}},
-        });
-    }
 
+private slots:
     void progress()
     {
-        const auto [now, maximum, status, icon] = row<int, int, QString, int>();
-        DocumentFixture f;
-        frmDocument &document = f.open(u"a"_s);
-        for (const bool shrunk : {false, true}) {
-            f.tab(1).setTag(shrunk ? u"1"_s : QString());
-            f.tab(1).setIconIndex(shrunk ? 11 : 10);
-            f.lastBrowser().events().WebBro_ProgressChange(now, maximum);
-            QCOMPARE(f.tab(1).IconIndex(), icon + shrunk);
+        // What is reported, the status, and the icon of a normal tab that showed 10 before.
+        const std::initializer_list<std::tuple<int, int, QString, int>> cases{
+            {0, 100, u"0%"_s, 0},
+            {25, 100, u"25%"_s, 2},
+            {1, 2, u"50%"_s, 4},
+            {75, 100, u"75%"_s, 6},
+            {7, 7, u"100%"_s, 10},               // 100 leaves the icon
+            {101, 100, QString(), 10},           // more than all
+            {1, 0, QString(), 10},               // more than nothing
+            {21474836, 21474836, u"100%"_s, 10}, // largest product
+            {21474837, 21474837, u"0%"_s, 0},    // overflow
+            {INT_MIN, -1, u"0%"_s, 0}};
+        for (const auto &[now, maximum, status, icon] : cases) {
+            DocumentFixture f;
+            frmDocument &document = f.open(u"a"_s);
+            for (const bool shrunk : {false, true}) {
+                f.tab(1).setTag(shrunk ? u"1"_s : QString());
+                f.tab(1).setIconIndex(shrunk ? 11 : 10);
+                f.lastBrowser().events().WebBro_ProgressChange(now, maximum);
+                QCOMPARE(f.tab(1).IconIndex(), icon + shrunk);
+            }
+            QCOMPARE(f.status(1), status);
+            QCOMPARE(document.isLoading(), !status.isEmpty());
+            QCOMPARE(f.navigator.tmrLoading.Enabled(), !status.isEmpty());
+            QCOMPARE(f.statusBar.Tag() + u'%', status.isEmpty() ? u"0%"_s : status);
         }
-        QCOMPARE(f.status(1), status);
-        QCOMPARE(document.isLoading(), !status.isEmpty());
-        QCOMPARE(f.navigator.tmrLoading.Enabled(), !status.isEmpty());
-        QCOMPARE(f.statusBar.Tag() + u'%', status.isEmpty() ? u"0%"_s : status);
     }
 
     void endOfALoad()
@@ -77,35 +74,29 @@ private slots:
         QCOMPARE(f.main.calls.size(), 1);
     }
 
-    void flashOfABackgroundTab_data()
-    {
-        rows<int, QList<int>>({
-            {"to its end", {99, {10, 8, 10, 8, 10, 8, 10, 8}}},
-            {"opened in the dark phase", {1, {10, 8}}},
-            {"opened in the light phase", {2, {10, 8, 8}}},
-            {"new load", {99, QList<int>(8, 4)}},
-        });
-    }
-
     void flashOfABackgroundTab()
     {
-        const auto [activatedAfter, icons] = row<int, QList<int>>();
-        const int last = activatedAfter;
-        DocumentFixture f;
-        frmDocument &a = f.open(u"a"_s);
-        f.open(u"b"_s);
-        DocumentFixture::browserOf(a).load(u"a"_s, u"A"_s);
-        if (icons.contains(4))
-            DocumentFixture::browserOf(a).events().WebBro_ProgressChange(60, 100);
-        a.Highlight.setInterval(1);
-        QList<int> seen;
-        connect(&a.Highlight, &QTimer::timeout, this, [&] {
-            seen += f.tab(1).IconIndex();
-            if (seen.size() == last)
-                f.mdi.activateForm(&a);
-        });
-        QTRY_VERIFY(!a.Highlight.Enabled());
-        QCOMPARE(seen, icons);
+        // To its end, opened in the dark and in the light phase, a new load.
+        const std::initializer_list<std::pair<int, QList<int>>> cases{
+            {99, {10, 8, 10, 8, 10, 8, 10, 8}}, {1, {10, 8}}, {2, {10, 8, 8}}, {99, QList<int>(8, 4)}};
+        for (const auto &[activatedAfter, icons] : cases) {
+            const int last = activatedAfter;
+            DocumentFixture f;
+            frmDocument &a = f.open(u"a"_s);
+            f.open(u"b"_s);
+            DocumentFixture::browserOf(a).load(u"a"_s, u"A"_s);
+            if (icons.contains(4))
+                DocumentFixture::browserOf(a).events().WebBro_ProgressChange(60, 100);
+            a.Highlight.setInterval(1);
+            QList<int> seen;
+            connect(&a.Highlight, &QTimer::timeout, this, [&] {
+                seen += f.tab(1).IconIndex();
+                if (seen.size() == last)
+                    f.mdi.activateForm(&a);
+            });
+            QTRY_VERIFY(!a.Highlight.Enabled());
+            QCOMPARE(seen, icons);
+        }
     }
 
     void titles()
@@ -196,6 +187,121 @@ private slots:
             DocumentFixture::deleteClosed();
             QCOMPARE(answers, (QList<bool>{!isQuestion, true, false}));
         }
+    }
+
+    void windows()
+    {
+        for (const QByteArray state : {"loading", "closing", "at rest", "loading ended", "loading clicked"}) {
+            const bool refused = state == "loading" || state == "closing";
+            DocumentFixture f;
+            frmDocument &document = openWithKiller(f);
+            ScriptedBrowser &browser = f.lastBrowser();
+            document.tmrSilent.setInterval(1);
+            browser.clicks = state.contains("clicked") ? 1 : 0;
+            if (state.contains("loading"))
+                browser.beforeNavigate(u"http://a/2"_s);
+            if (state.contains("ended"))
+                browser.events().WebBro_ProgressChange(0, 0);
+            browser.calls.clear();
+            if (state == "closing")
+                document.Unload();
+            const int before = f.count();
+
+            QCOMPARE(isKilled(document), refused);
+            QCOMPARE(f.sound.played, refused ? QStringList{u"popup.wav"_s} : QStringList());
+            QCOMPARE(f.count(), before + !refused);
+            QCOMPARE(f.disorder(), QString());
+            if (state == "closing")
+                continue;
+            // The next request of the same click is one too many, whatever became of this one.
+            QCOMPARE(isKilled(document), refused || state.contains("clicked"));
+            // The silence after a refusal ends the same whatever the settings say.
+            QCOMPARE(browser.silent, refused || state.contains("clicked"));
+            f.settings.SuppressScriptErrors = true;
+            QTRY_VERIFY(!browser.silent && !document.tmrSilent.Enabled());
+        }
+    }
+
+    void blink()
+    {
+        // What happens at the third tick.
+        const std::initializer_list<std::pair<QByteArray, QList<int>>> cases{
+            {"nothing", {5, 3, 5, 3, 5, 3}},
+            {"second kill", {5, 3, 5, 3, 5, 3, 5, 3, 3}},
+            {"switched off", {5, 3, 5, 5, 3, 1}},
+            {"closed", {5, 3, 5}}};
+        for (const auto &[what, icons] : cases) {
+            const QByteArray during = what;
+            DocumentFixture f;
+            frmDocument &document = openWithKiller(f);
+            document.tmrKillPopup.setInterval(1);
+            f.lastBrowser().beforeNavigate(u"http://a/"_s);
+            QVERIFY(isKilled(document));
+            QList<int> seen;
+            connect(&document.tmrKillPopup, &QTimer::timeout, this, [&] {
+                seen += f.statusBar.PanelIcon(u"Item4"_s);
+                if (seen.size() != 3)
+                    return;
+                if (during == "second kill")
+                    QVERIFY(isKilled(document));
+                if (during == "closed")
+                    document.Unload();
+                f.settings.PopupKillerEnable = during != "switched off";
+                if (during == "switched off")
+                    f.statusBar.setPanelIcon(u"Item4"_s, 1);
+            });
+            const QPointer<frmDocument> alive(&document);
+            QTRY_VERIFY(!alive || !alive->tmrKillPopup.Enabled());
+            DocumentFixture::deleteClosed();
+            QCOMPARE(seen, icons);
+            QCOMPARE(f.statusBar.PanelIcon(u"Item4"_s), icons.last());
+        }
+    }
+
+    void sites()
+    {
+        for (const QByteArray how : {"first address", "window of a page", "killer off", "second address"}) {
+            const bool refused = how == "first address" || how == "window of a page";
+            DocumentFixture f;
+            openWithKiller(f);
+            f.settings.PopupKillerEnable = how != "killer off";
+            f.settings.BlackList += {u"HTTP://b/"_s, u"ads."_s};
+            f.settings.BlackListCount = 2;
+            if (how != "first address")
+                f.lastBrowser().load(u"http://a/"_s, u"A"_s);
+            if (how == "window of a page")
+                QVERIFY(!isKilled(f.document(1)));
+            const int position = f.count();
+            f.addressBar.setText(u"before"_s);
+
+            // The command in the address is carried out where the address itself is refused, too.
+            const QString url = u"http://www.ADS.example/EnableFlash"_s;
+            QVERIFY(f.lastBrowser().beforeNavigate(url));
+            QVERIFY(f.main.calls.contains(u"mnuContentFlash"_s));
+            QCOMPARE(f.document(position).isLoading(), !refused);
+            QCOMPARE(f.addressBar.Text(), refused ? u"before"_s : url);
+            QTRY_COMPARE(f.count(), position - refused);
+            QCOMPARE(f.sound.played, refused ? QStringList{u"popup.wav"_s} : QStringList());
+        }
+    }
+
+private:
+    /// A document, and the killer as it is delivered.
+    static frmDocument &openWithKiller(DocumentFixture &f)
+    {
+        f.settings.PopupKillerEnable = f.settings.PopupCtrlEnable = f.settings.PopupPlaySound = true;
+        f.settings.PopupSoundFile = u"popup.wav"_s;
+        f.statusBar.setPanelIcon(u"Item4"_s, 3);
+        return f.open(u"http://a/"_s);
+    }
+
+    /// A request for a window; true when it was refused.
+    static bool isKilled(frmDocument &document)
+    {
+        engine::WebBrowser *ppDisp = nullptr;
+        bool cancel = false;
+        document.WebBro_NewWindow2(ppDisp, cancel);
+        return cancel && !ppDisp;
     }
 };
 

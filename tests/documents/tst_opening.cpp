@@ -4,7 +4,6 @@
 #include "base/step.h"
 #include "documents/frmLoad.h"
 #include "engine/WBCustomizer.h"
-#include "support/Rows.h"
 
 #include <QCheckBox>
 #include <QRadioButton>
@@ -51,29 +50,26 @@ private slots:
         QCOMPARE(f.addressBar.List(0), u"x"_s);
     }
 
-    void shortcutFilesOpenTheAddressInside_data()
-    {
-        const QString inside = u"http://inside.example/"_s;
-        rows<QString, QString, QString>({
-            {"path", {QString(), u"site.url"_s, inside}},
-            {"file address", {u"FILE://"_s, u"site.Url"_s, inside}},
-            {"encoded blank", {u"file://"_s, u"two%20words.url"_s, inside}},
-            {"missing file", {QString(), u"none.url"_s, QString()}},
-            {"other file", {u"file://"_s, u"page.html"_s, u"file://%1/page.html"_s}},
-        });
-    }
-
     void shortcutFilesOpenTheAddressInside()
     {
-        const auto [prefix, name, opened] = row<QString, QString, QString>();
-        DocumentFixture f;
-        for (const QString &file : {u"site.url"_s, u"two words.url"_s})
-            QVERIFY(writeFileWhole(f.folder.filePath(file), "[InternetShortcut]\r\nURL=http://inside.example/\r\n"));
-        QString url = prefix + f.folder.path() + u'/' + name;
-        f.main.LoadNewDoc(url);
-        const QString expected = opened.contains(u"%1") ? opened.arg(f.folder.path()) : opened;
-        QVERIFY(f.lastBrowser().calls.contains(u"Navigate2 "_s + expected) || expected.isEmpty());
-        QCOMPARE(f.addressBar.List(0), expected);
+        const QString inside = u"http://inside.example/"_s;
+        const std::initializer_list<std::tuple<QString, QString, QString>> cases{
+            {QString(), u"site.url"_s, inside},                        // path
+            {u"FILE://"_s, u"site.Url"_s, inside},                     // file address
+            {u"file://"_s, u"two%20words.url"_s, inside},              // encoded blank
+            {QString(), u"none.url"_s, QString()},                     // missing file
+            {u"file://"_s, u"page.html"_s, u"file://%1/page.html"_s}}; // other file
+        for (const auto &[prefix, name, opened] : cases) {
+            DocumentFixture f;
+            for (const QString &file : {u"site.url"_s, u"two words.url"_s})
+                QVERIFY(
+                    writeFileWhole(f.folder.filePath(file), "[InternetShortcut]\r\nURL=http://inside.example/\r\n"));
+            QString url = prefix + f.folder.path() + u'/' + name;
+            f.main.LoadNewDoc(url);
+            const QString expected = opened.contains(u"%1") ? opened.arg(f.folder.path()) : opened;
+            QVERIFY(f.lastBrowser().calls.contains(u"Navigate2 "_s + expected) || expected.isEmpty());
+            QCOMPARE(f.addressBar.List(0), expected);
+        }
     }
 
     void closingKeepsPositionsInStep_data()
