@@ -185,5 +185,7 @@ void FormsPage::askPassword()
         if (m_context.flags.CreditUnlocked)
             SSTab1->setCurrentIndex(kCardTab);
     });
+    // The question gives the shortcuts back when it goes, but the options are still up.
+    connect(m_question, &QObject::destroyed, this, [this] { m_context.flags.ShortcutsEnabled = false; });
     m_question->open();
 }

@@ -155,7 +155,7 @@ private slots:
         page.SSTab1->setCurrentIndex(2);
         f.answer(u"Secret"_s);
         QCOMPARE(page.SSTab1->currentIndex(), 2);
-        QVERIFY(f.flags.CreditUnlocked && f.flags.ShortcutsEnabled);
+        QVERIFY(f.flags.CreditUnlocked && !f.flags.ShortcutsEnabled);
         // The rest of the run needs no password, also in the next dialog.
         FormsPage &again = f.open();
         again.SSTab1->setCurrentIndex(2);
