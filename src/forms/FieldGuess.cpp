@@ -128,7 +128,7 @@ void heedProse(const Readings &readings, FieldGuess &guess)
         return;
     for (const Readings::Place place : {Readings::Label, Readings::AriaLabel, Readings::Placeholder}) {
         const TextReading &reading = readings.all[place];
-        if (reading.isForeign)
+        if (reading.isForeign || (guess.isWeak && reading.kind == Other))
             guess.kind = Other;
         else if (guess.kind == Address1 && reading.kind == Address2 && reading.isSecond)
             guess.kind = Address2;
@@ -329,6 +329,8 @@ FieldGuess guessOf(const FormEntry &entry, const OwnKeys &ownKeys)
     const Readings readings(entry);
     guess.said = readings.said();
     guess.isWholeName = readings.asksForWholeName();
+    for (const TextReading &reading : readings.all)
+        guess.person = guess.person < 0 ? reading.person : guess.person;
 
     const TokenReading token = readToken(input.autocomplete);
     if (tokenDecides(token, readings)) {

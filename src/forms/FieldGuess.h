@@ -19,6 +19,8 @@ struct FieldGuess
     bool isWeak = false;
     /// A text beside it asks for first and last name in one.
     bool isWholeName = false;
+    /// Which one of several people it is about, -1 when that is not said.
+    int person = -1;
     /// Everything that is said about it.
     FieldKinds said;
     /// Number of the user's own field when it is one.

@@ -55,6 +55,8 @@ enum class FieldKind : quint8 {
     /// Words for who sends something and who gets it. Where a page has both, the user is the one who sends.
     Sender,
     Recipient,
+    /// A word for one of several people; a number beside it tells which one.
+    Companion,
     /// Something that the record does not hold.
     Other,
     /// Never to be filled, whatever else is said about it.

@@ -48,6 +48,12 @@ auto is(FieldKind wanted)
     return [wanted](FieldKind kind) { return kind == wanted; };
 }
 
+bool isShortBox(const FormEntry &entry)
+{
+    constexpr int kLongestPiece = 8;
+    return !entry.isList() && entry.maxLength() > 0 && entry.maxLength() <= kLongestPiece;
+}
+
 /// A day, month or year of what: the nearest date or card tells; two parts beside each other are a date of birth when
 /// no card is near, and a part by itself is one only where its name is nothing but that word.
 void settleDatePart(Entries &entries, int at)
@@ -55,13 +61,16 @@ void settleDatePart(Entries &entries, int at)
     constexpr qsizetype kOneWord = 5;
     FormEntry &entry = entryAt(entries, at);
     FieldGuess &guess = entry.guess;
-    const auto isPart = [&](FieldKind kind) {
-        return kind != guess.kind &&
+    const auto isOtherPart = [&](FieldKind kind) {
+        const bool isSame = guess.kind == Day     ? kind == BirthDay
+                            : guess.kind == Month ? kind == BirthMonth || kind == CardMonth
+                                                  : kind == BirthYear || kind == CardYear;
+        return kind != guess.kind && !isSame &&
                (isDatePart(kind) || isBirth(kind) || kind == CardMonth || kind == CardYear || kind == CardDate);
     };
     // Numbers from 1 to 12 that no word calls months count anything.
     if (entry.isList() && !guess.said.hasAny(Day, Month, Year, CardDate, CardMonth, CardYear, BirthDate) &&
-        !isNear(entries, at, 2, isPart)) {
+        !isNear(entries, at, 1, isOtherPart)) {
         guess.kind = None;
         return;
     }
@@ -97,10 +106,12 @@ bool mayBePart(const FormEntry &entry)
     return entry.isList() || (entry.maxLength() < kShortestDate && !DatePattern::in(entry.input->placeholder));
 }
 
-/// A choice list that nothing is said about: one that has the year of the card is for it where that is due.
-bool isBareList(const FormEntry &entry)
+/// A list or a short box that nothing is said about: behind the month of a card it is for the year.
+bool isBare(const FormEntry &entry)
 {
-    return entry.isList() && entry.buttons.empty() && entry.guess.kind == None && entry.input->label.isEmpty();
+    constexpr int kYearDigits = 4;
+    const bool isPart = entry.isList() ? entry.buttons.empty() : isShortBox(entry) && entry.maxLength() <= kYearDigits;
+    return isPart && entry.guess.kind == None && entry.input->label.isEmpty();
 }
 
 /// "Valid thru" above two inputs is their month and their year.
@@ -110,12 +121,13 @@ void settleCardDates(Entries &entries)
         FormEntry &first = entryAt(entries, i);
         FormEntry &second = entryAt(entries, i + 1);
         const bool isOneLabel = second.input->label.isEmpty() || second.input->label == first.input->label;
-        if (mayBePart(first) && mayBePart(second) && isOneLabel) {
+        const bool isPair = mayBePart(second) || (isBare(second) && first.maxLength() <= 2);
+        if (mayBePart(first) && isPair && isOneLabel) {
             first.guess.kind = CardMonth;
             second.guess.kind = CardYear;
         } else if (mayBePart(first) && second.guess.kind == CardYear) {
             first.guess.kind = CardMonth;
-        } else if (first.guess.kind == CardMonth && (mayBePart(second) || isBareList(second))) {
+        } else if (first.guess.kind == CardMonth && (mayBePart(second) || isBare(second))) {
             second.guess.kind = CardYear;
         }
     }
@@ -169,12 +181,6 @@ void settleNames(Entries &entries)
         if (guess.kind == FullName && guess.isWeak && first != last)
             guess.kind = first ? LastName : FirstName;
     }
-}
-
-bool isShortBox(const FormEntry &entry)
-{
-    constexpr int kLongestPiece = 8;
-    return !entry.isList() && entry.maxLength() > 0 && entry.maxLength() <= kLongestPiece;
 }
 
 /// The limits of the inputs from `at` on that take `digits` digits together, each full to its limit; none when none do.
@@ -264,8 +270,11 @@ void settleCountryCode(Entries &entries, int at, const RecordValues &record)
     const FormEntry &entry = entryAt(entries, at);
     if (entry.isList() && fittingOption(*entry.options, PhoneCountry, record) < 0)
         return;
-    for (int i = at + 1; i < count(entries) && i <= at + 2; ++i)
+    for (int i = at + 1; i < count(entries) && i <= at + 2; ++i) {
         entryAt(entries, i).withoutCountry = true;
+        if (kindAt(entries, i) == Phone)
+            return;
+    }
 }
 
 void settlePhones(Entries &entries, const RecordValues &record)
@@ -374,6 +383,21 @@ void settleRecipients(Entries &entries)
     }
 }
 
+/// Of several people with numbers the user is the first one.
+void settleCompanions(Entries &entries)
+{
+    int first = -1;
+    for (const FormEntry &entry : entries) {
+        if (entry.guess.person >= 0 && (first < 0 || entry.guess.person < first))
+            first = entry.guess.person;
+    }
+    for (FormEntry &entry : entries) {
+        // Some count from 0. A second one without a first is nobody that the record knows, either.
+        if (entry.guess.person > std::min(first, 1))
+            entry.guess.kind = Other;
+    }
+}
+
 /// A county is asked for only where no state is, and a suburb where no city is.
 void settleWeak(Entries &entries, FieldKind kind)
 {
@@ -404,6 +428,7 @@ void settleNeighbours(std::vector<FormEntry> &entries, const RecordValues &recor
     settleAddresses(entries);
     settlePlaces(entries);
     settleRecipients(entries);
+    settleCompanions(entries);
     settleWeak(entries, State);
     settleWeak(entries, City);
 }

@@ -56,7 +56,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"=ssn|social security|=sin number|taxid|tax id|tax number|taxnumber|=tin|=vat|vatid|vat number|vat no|ust id|"
      u"ustid|steuernummer|=uid nr|siret|siren|=nif|=cif|=dni|=nie|=cpf|=cnpj|=rfc|codice fiscale|partita iva|=piva|"
      u"passport number|passportno|passport expiry|passport exp|driver license|drivers license|driving licence|"
-     u"licence number|license number|id number|idnumber|national id|personalausweis|ausweisnummer|=iban|=bic|"
+     u"licence number|license number|=id number|national id|personalausweis|ausweisnummer|=iban|=bic|"
      u"swift code|routing number|sort code|bankleitzahl|=blz|kontonummer|numero de compte"},
     {Never, kStrong,
      u"birthplace|place of birth|birth place|city of birth|birth city|country of birth|birth country|town of birth|"
@@ -81,7 +81,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"'s full name|'s surname|'s phone|'s email|'s e mail|'s address|'name of|'name des|'name der|'nom du|'nom de la|"
      u"'nom de l|'nombre del|'nombre de la|'nome del|'nome della|'nome dell|'naam van"},
     {Other, kStrong,
-     u"phone ext|phone extension|=ext|extension|durchwahl|=anexo|=poste|=interno tel|phone type|phonetype|"
+     u"phone ext|phone extension|=ext|extension|durchwahl|=anexo|numero de poste|=interno tel|phone type|phonetype|"
      u"type of phone|phone carrier|phone model|telephone type|mobile carrier|phone verification"},
     {Other, kStrong,
      u"address type|addresstype|type of address|address name|addressname|address label|address nickname|"
@@ -91,7 +91,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"urbanization|country id number|packstation|foreign|numero interior|num interior|numint|num int|"
      u"postcode lookup|address lookup|find your address|find address|address finder|address search|"
      u"huisnummer toevoeging|hnr toev|house number addition|hausnummerzusatz|hausnr zusatz|property zip|property city|"
-     u"property postcode|property address|years at|months at|time at|how long|ort datum|ort und datum|place and date|lieu et date|lugar y fecha|employer|"
+     u"property postcode|property address|work address|store city|store state|store zip|store address|years at|months at|time at|how long|ort datum|ort und datum|place and date|lieu et date|lugar y fecha|employer|"
      u"arbeitgeber|employeur|=empleador|werkgever|subdivision|cross street|nearest|landmark|doorcode|door code|"
      u"entry code|gate code|ip address|web address|wallet address|delivery instructions|instructions|neighborhood|"
      u"neighbourhood|bairro|colonia"},
@@ -143,11 +143,11 @@ constexpr FieldPhrases kPhrases[] = {
      u"vor zuname|vor und zuname|vor u nachname|vor u zuname|name vorname|name und vorname|nachname vorname|"
      u"nombre apellidos|nombre apellido|apellidos y nombre|imie i nazwisko|imie nazwisko|фио|полное имя|your name|contact name|contactname|ansprechpartner|氏名|フルネーム|姓名|성명"},
     {FirstName, kStrong,
-     u"first name|firstname|=fname|f name|forename|given name|givenname|vorname|vornamen|prenom|nombre de pila|"
+     u"first name|firstname|=fname|forename|given name|givenname|vorname|vornamen|prenom|nombre de pila|"
      u"primer nombre|voornaam|primeiro nome|christian name|namefirst|name first|first nm|firstnm|firstn|=имя|"
      u"nombres|名字|=mei|name mei|full name first|fullnamefirst|fornamn|fornavn|=imie|jmeno|firstnames"},
     {LastName, kStrong,
-     u"last name|lastname|=lname|l name|surname|family name|familyname|nachname|votre nom de famille|familienname|"
+     u"last name|lastname|=lname|surname|family name|familyname|nachname|votre nom de famille|familienname|"
      u"zuname|nom de famille|apellido|apellidos|primer apellido|cognome|achternaam|sobrenome|apelido|second name|"
      u"secondname|namelast|name last|last nm|lastnm|lastn|фамилия|=姓|姓氏|=성|=sei|name sei|full name last|"
      u"fullnamelast|efternamn|efternavn|etternavn|nazwisko|prijmeni|soyad|soyadi|nom famille|=ape1"},
@@ -193,13 +193,13 @@ constexpr FieldPhrases kPhrases[] = {
      u"fechanac|fec nac|data urodzenia|fodelsedatum|fodselsdato|datum narozeni|dogum tarihi|syntymaaika"},
     {CardMonth, kStrong,
      u"exp month|expmonth|expir month|expire month|expires month|expiry month|expiration month|expmo|exp mo|exp mm|"
-     u"expmm|card month|cardmonth|ccmonth|cc month|cc mm|ablaufmonat|verfallsmonat|mois expiration|"
+     u"expmm|card month|cardmonth|ccmonth|cc month|cc mm|ablaufmonat|verfallsmonat|gueltigmonat|gultig monat|mois expiration|"
      u"mois d expiration|mes de caducidad|mes vencimiento|mese scadenza|exp date month|exp date mm|expdatemonth|"
      u"expiration date month|exp m|expm|ccexpm|ccexpmonth|ccexp month|cc exp month|valid month|validmonth|"
      u"valid to month|valid until month|card exp month|cardexpmonth|mes expiracion|expiracion mes|expire mm"},
     {CardYear, kStrong,
      u"exp year|expyear|expir year|expire year|expires year|expiry year|expiration year|expyr|exp yr|exp yy|expyy|"
-     u"exp yyyy|card year|cardyear|ccyear|cc year|cc yy|cc yr|ablaufjahr|verfallsjahr|annee expiration|"
+     u"exp yyyy|card year|cardyear|ccyear|cc year|cc yy|cc yr|ablaufjahr|verfallsjahr|gueltigjahr|gultig jahr|annee expiration|"
      u"annee d expiration|ano de caducidad|ano vencimiento|anno scadenza|exp date year|exp date yy|expdateyear|"
      u"expiration date year|exp y|expy|ccexpy|ccexpyear|ccexp year|cc exp year|valid year|validyear|valid to year|"
      u"valid until year|cardexpyear|ano expiracion|expiracion ano|expire yy"},
@@ -234,7 +234,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"numero de la carte bancaire|nr karty|number of card|number of your card|creditcard account number|"
      u"creditcardaccountnumber|card account number|cardaccountnumber"},
     {Job, kStrong,
-     u"~job|job title|jobtitle|occup|occupation|profession|beruf|berufsbezeichnung|=position|position title|metier|"
+     u"~job|work title|poste actuel|poste occupe|job title|jobtitle|occup|occupation|profession|beruf|berufsbezeichnung|=position|position title|metier|"
      u"profesion|=puesto|professione|beroep|profissao|ocupacion|fonction|funktion|=cargo|職業|职业|직업"},
     {Other, kStrong,
      u"company|=firm|=firma|firmenname|=unternehmen|organisation|organization|organizacion|organizzazione|"
@@ -315,8 +315,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"name des antragstellers|name des empfangers|name des ansprechpartners|name des bestellers|name des teilnehmers|"
      u"name of cardholder|name of card holder|name of applicant|name of passenger|name of contact|name of customer|"
      u"name of guest|name of owner|name of account holder|名前|お名前|이름|收货人"},
-    {FirstName, kWeak, u"=first|firstid|=名"},
-    {LastName, kWeak, u"=last|lastid"},
+    {FirstName, kWeak, u"=first|firstid|=名|fname"},
+    {LastName, kWeak, u"=last|lastid|lname"},
     {User, kWeak, u"user|login|nickname|=nick|user nick|ニックネーム|=acct|benutzer"},
     {CardCode, kWeak,
      u"validation|valid num|valid code|validnum|validcode|v num|v code|vnum|vcode|security code|securitycode|"
@@ -328,6 +328,11 @@ constexpr FieldPhrases kPhrases[] = {
     {Day, kWeak, u"=day|=dd|=tag|=jour|=dia|giorno|=dag|=日|=den"},
     {Month, kWeak, u"=month|=mm|=mon|=monat|=mois|=mes|mese|=maand|=month mm|=月|=mth|месяц"},
     {Year, kWeak, u"=year|=yyyy|=yy|=yr|=jahr|=annee|=ano|=anno|=jaar|=jjjj|=aaaa|=年|=год"},
+    {Companion, kWeak,
+     u"passenger|passengers|traveler|travelers|traveller|travellers|=pax|guest|guests|participant|participants|attendee|"
+     u"attendees|=adult|=adults|driver|drivers|applicant|applicants|teilnehmer|reisender|reisende|mitreisender|"
+     u"passagier|passagiere|passager|passagers|voyageur|voyageurs|pasajero|pasajeros|viajero|viajeros|passeggero|"
+     u"passeggeri"},
     {Sender, kWeak,
      u"sender|'your first|'your last|'your name|'your full|absender|'ihr vorname|'ihr name|expediteur|'votre nom|"
      u"'votre prenom|remitente|'tu nombre|mittente"},

@@ -105,6 +105,8 @@ std::optional<Fit> fitOf(const Phrase &phrase, const FieldWords &words, qsizetyp
     const qsizetype end = at + phrase.letters.size();
     if (phrase.proseOnly && from == FieldWords::From::Name)
         return {};
+    if (phrase.aloneOnly && from == FieldWords::From::Name && phrase.letters.size() < 2)
+        return {};
     if (phrase.aloneOnly && !(words.isStartOfPart(at) && words.isStartOfPart(end)))
         return {};
     const bool starts = words.isEdge(at);
@@ -152,12 +154,14 @@ void forEachMatch(const FieldWords &words, FieldWords::From from, Use use)
             continue;
         for (const Phrase &phrase : *list) {
             const qsizetype end = at + phrase.letters.size();
-            if (end <= covered || !letters.sliced(at).startsWith(phrase.letters))
+            // One of several people may be part of what stands for a number of them.
+            const bool isHidden = end <= covered && phrase.kind != FieldKind::Companion;
+            if (isHidden || !letters.sliced(at).startsWith(phrase.letters))
                 continue;
             const std::optional<Fit> fit = fitOf(phrase, words, at, from);
             if (!fit)
                 continue;
-            covered = end;
+            covered = std::max(covered, end);
             if (phrase.kind == FieldKind::Trap)
                 trapped = end;
             use(Match{&phrase, at, *fit});
@@ -203,6 +207,17 @@ int sayingPart(const FieldWords &words)
     return 0;
 }
 
+/// The one digit beside a word, -1 for none.
+int numberBeside(const FieldWords &words, const Match &match)
+{
+    const QString &letters = words.letters();
+    for (const qsizetype at : {match.end(), match.at - 1}) {
+        if (at >= 0 && at < letters.size() && letters[at].isDigit() && words.isEdge(at) && words.isEdge(at + 1))
+            return letters[at].digitValue();
+    }
+    return -1;
+}
+
 /// Keeps the match of the least rank.
 template <typename Rank>
 TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
@@ -221,6 +236,8 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         if (kind == FieldKind::Never && (match.fit == Fit::Inside || words.isRemark(match.at)))
             return;
         reading.said.add(kind);
+        if (kind == FieldKind::Companion && reading.person < 0)
+            reading.person = numberBeside(words, match);
         if (!decides(kind))
             return;
         if (!isWeak(match))

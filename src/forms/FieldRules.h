@@ -20,6 +20,8 @@ struct TextReading
     bool isSecond = false;
     /// Its word is all there is in a name.
     bool isAlone = false;
+    /// The number beside a word for one of several people, -1 for none.
+    int person = -1;
     /// It speaks of a name of first and last name.
     bool isWholeName = false;
     /// There are letters in it at all.

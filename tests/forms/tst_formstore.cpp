@@ -91,11 +91,7 @@ constexpr auto kOwnerOnly =
 FormValues gregor()
 {
     QTemporaryDir folder;
-    return ReadFormJson(R"({"title": "Mr.", "sex": "Male", "firstname": "Gregor", "lastname": "Tamblyn", "phone": "416",
-        "fax": "417", "bday": 3, "bmonth": "Mar", "byear": 1970, "mail": "g@t", "job": "Surveyor", "address1": "77 H",
-        "address2": "U 12", "country": "AF", "city": "Toronto", "state": "Ontario", "zip": "M5V", "cardtype": "Delta",
-        "cardnumber": "4111", "validcode": "737", "expmonth": 9, "expyear": "2029", "username": "gt", "bank": "N T",
-        "custom": {"": "dropped", "pet": "", "phone": "own"}})",
+    return ReadFormJson(readFile(QStringLiteral(FORMS_DATA "/gregor.json")).value(),
                         SettingsStore(folder.filePath(u"settings.ini"_s)));
 }
 
@@ -295,7 +291,7 @@ private slots:
         last.lastname = u"Lee"_s;
         last.sex = 2;
         last.title = last.bday = -1; // lists without a row
-        const QString all = QString::fromUtf8(readFile(QStringLiteral(ALL_FIELDS)).value()).chopped(1);
+        const QString all = QString::fromUtf8(readFile(QStringLiteral(FORMS_DATA "/fields.txt")).value()).chopped(1);
         rows<FormValues, QString>({
             {"empty page", {FormValues(), u"mail=; Job=; occup="_s}},
             {"first name",
