@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kLongest = 100;
 constexpr int kMostOptions = 300;
-constexpr int kMostInputs = 200;
+constexpr int kMostInputs = 500;
 constexpr int kMostFrames = 1000;
 
 QString text(const QJsonValue &value)
@@ -58,10 +58,10 @@ std::optional<FrameReport> FrameReport::parse(const QByteArray &json)
     if (!document.isObject())
         return {};
     FrameReport report;
-    for (const QJsonValue told : document["inputs"_L1].toArray()) {
-        if (report.inputs.size() == kMostInputs)
-            break;
-        report.inputs.push_back(input(told.toObject()));
+    const QJsonArray inputs = document["inputs"_L1].toArray();
+    for (qsizetype i = 0; i < std::min<qsizetype>(inputs.size(), kMostInputs); ++i) {
+        const QJsonObject told = inputs[i].toObject();
+        report.inputs[told["doc"_L1].toInt()].push_back(input(told));
     }
     report.isLast = document["last"_L1].toBool();
     report.path = document["path"_L1].toString();

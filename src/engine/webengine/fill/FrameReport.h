@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QStringList>
+#include <map>
 #include <optional>
 
 namespace engine {
@@ -11,7 +12,8 @@ namespace engine {
 /// What the script of a frame says in one of its requests.
 struct FrameReport
 {
-    std::vector<FormInput> inputs;
+    /// By document: 0 is that of the frame itself, and those of its own frames have other numbers.
+    std::map<int, std::vector<FormInput>> inputs;
     /// The last request of a look at the frame; only that one has the rest.
     bool isLast = false;
     /// The way from the page to this frame: empty for the page itself, "0.2" for the third frame of its first one, "?"

@@ -50,7 +50,7 @@ const chosenGroups = root => {
 
 /** Whether the user could read what stands in it. */
 const isInked = (input, looks) => {
-    const style = look(input, looks).style;
+    const style = glance(input, looks).style;
     return Math.min(alphaOf(style.color), alphaOf(style.webkitTextFillColor)) >= kFaint;
 };
 
@@ -144,9 +144,10 @@ const labelOf = (input, labels) => {
     return short(named(input)) || (isMark && beside(input, nextSibling)) || beside(input, previousSibling);
 };
 
-const describe = (input, number, labels) => {
+const describe = (input, number, documentNumber, labels) => {
     const told = {
         n: number,
+        doc: documentNumber || undefined,
         type: input.type,
         name: brief(input.name),
         id: brief(input.id),

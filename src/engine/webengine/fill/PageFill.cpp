@@ -23,10 +23,7 @@ namespace {
 constexpr int kFillMs = 3500;
 /// After so long without news the user is told how many inputs were filled.
 constexpr int kQuietMs = 300;
-/// How long the page has to take part by itself before it is driven.
-constexpr int kDirectAfterMs = 150;
-constexpr int kFetchEveryMs = 30;
-/// Inputs that one frame may ask about in one fill.
+/// Inputs that one frame may ask about in one fill, with those of the frames that it looks after.
 constexpr int kMostInputs = 2000;
 /// Frames that take part in one fill.
 constexpr qsizetype kMostFrames = 300;
@@ -53,21 +50,15 @@ PageFill::PageFill(PageChannel &channel, QWebEnginePage &page, Surroundings surr
     , m_surroundings(std::move(surroundings))
     , m_token(channel.listen([this](QWebEngineUrlRequestJob *job) { requested(*job); }))
 {
-    PageChannel::setScript(page, u"fill"_s, QString(fillScript()).replace("%TOKEN%"_L1, m_token), PageChannel::kWorld);
+    // The page itself gets it when it is filled.
+    PageChannel::setScript(page, u"fill"_s, "if (window !== window.top) "_L1 + script(), PageChannel::kWorld);
     m_end.setSingleShot(true);
     m_quiet.setSingleShot(true);
-    m_direct.setSingleShot(true);
     connect(&m_end, &QTimer::timeout, this, [this] {
         tell();
         end();
     });
     connect(&m_quiet, &QTimer::timeout, this, &PageFill::tell);
-    connect(&m_direct, &QTimer::timeout, this, [this] {
-        if (m_directKey.isEmpty())
-            beginDirectly();
-        else
-            fetchRequests();
-    });
     // What comes after the page was not meant by the command.
     connect(&page, &QWebEnginePage::navigationRequested, this, [this](const QWebEngineNavigationRequest &request) {
         if (request.isMainFrame())
@@ -75,6 +66,11 @@ PageFill::PageFill(PageChannel &channel, QWebEnginePage &page, Surroundings surr
     });
     connect(&page, &QWebEnginePage::loadStarted, this, &PageFill::end);
     connect(&page, &QWebEnginePage::renderProcessTerminated, this, &PageFill::end);
+}
+
+QString PageFill::script() const
+{
+    return QString(fillScript()).replace("%TOKEN%"_L1, m_token);
 }
 
 PageFill::~PageFill()
@@ -94,11 +90,10 @@ void PageFill::fill(std::shared_ptr<const FormRecord> record, bool locked)
     m_reports = 0;
     m_filled = 0;
     m_told = -1;
-    m_pageBegan = false;
     m_end.start(kFillMs);
-    m_direct.start(kDirectAfterMs);
-    // The page itself comes first: it has to tell of its frames.
-    std::stable_partition(m_waiting.begin(), m_waiting.end(), [](const Waiting &waiting) { return waiting.isPage; });
+    m_pageKey = PageChannel::newToken();
+    m_frames[m_pageKey].origin = m_page.url();
+    drivePage(script() + u"corvaneFill.begin('%1')"_s.arg(m_pageKey));
     const auto last = m_waiting.begin() + std::min<qsizetype>(kMostFrames, std::ssize(m_waiting));
     std::for_each(m_waiting.begin(), last, [this](const Waiting &waiting) { begin(waiting); });
     m_waiting.erase(m_waiting.begin(), last);
@@ -109,8 +104,7 @@ void PageFill::end()
 {
     m_end.stop();
     m_quiet.stop();
-    m_direct.stop();
-    m_directKey.clear();
+    m_pageKey.clear();
     m_record.reset();
     m_shownAt.clear();
     for (const Frame &frame : std::exchange(m_frames, {})) {
@@ -157,7 +151,7 @@ void PageFill::requested(QWebEngineUrlRequestJob &job)
 void PageFill::wait(QWebEngineUrlRequestJob &job, const QUrlQuery &query)
 {
     std::erase_if(m_waiting, [](const Waiting &waiting) { return !waiting.job; });
-    const Waiting waiting{&job, job.initiator(), PageChannel::value(query, u"m"_s) == "1"_L1};
+    const Waiting waiting{&job, job.initiator()};
     // A frame that has its key waits for the next fill.
     if (isRunning() && m_frames.size() < kMostFrames && !m_frames.contains(PageChannel::value(query, u"k"_s)))
         begin(waiting);
@@ -169,7 +163,6 @@ void PageFill::begin(const Waiting &waiting)
 {
     if (!waiting.job)
         return;
-    m_pageBegan = m_pageBegan || waiting.isPage;
     const QString key = PageChannel::newToken();
     Frame frame;
     frame.origin = waiting.origin;
@@ -207,11 +200,10 @@ void PageFill::take(Frame &frame, const QByteArray &data, const Reply &reply)
         reply({});
         return;
     }
-    for (FormInput &input : report->inputs) {
-        if (frame.asked == kMostInputs)
-            break;
-        ++frame.asked;
-        frame.inputs.push_back(std::move(input));
+    for (auto &[document, inputs] : report->inputs) {
+        const auto last = inputs.begin() + std::min<qsizetype>(std::ssize(inputs), kMostInputs - frame.asked);
+        std::move(inputs.begin(), last, std::back_inserter(frame.inputs[document]));
+        frame.asked += static_cast<int>(last - inputs.begin());
     }
     if (!report->isLast) {
         reply(QByteArray());
@@ -237,9 +229,11 @@ void PageFill::answerIfSeen(Frame &frame)
 {
     if (!frame.reply || !isSeen(frame))
         return;
-    const FrameForm form = formOf(frame);
-    const std::vector<FormAnswer> answers =
-        form.inputs.empty() ? std::vector<FormAnswer>() : m_record->matchForm(form, m_locked);
+    std::vector<FormAnswer> answers;
+    for (const FrameForm &form : formsOf(frame)) {
+        const std::vector<FormAnswer> some = m_record->matchForm(form, m_locked);
+        answers.insert(answers.end(), some.begin(), some.end());
+    }
     frame.answered += static_cast<int>(answers.size());
     std::exchange(frame.reply, {})(toJson(answers));
     m_quiet.start(kQuietMs);
@@ -260,18 +254,20 @@ bool PageFill::isSeen(const Frame &frame) const
     }
 }
 
-FrameForm PageFill::formOf(Frame &frame) const
+/// What a frame asks about, by document: all of them have its origin.
+std::vector<FrameForm> PageFill::formsOf(Frame &frame) const
 {
-    FrameForm form;
-    form.origin = originText(frame.origin);
-    form.inputs = std::exchange(frame.inputs, {});
+    const QString origin = originText(frame.origin);
     // The address of a document without an origin of its own (sandboxed) still says how it came.
-    const QUrl source = form.origin.isEmpty() ? QUrl(frame.report.from) : frame.origin;
+    const QUrl source = origin.isEmpty() ? QUrl(frame.report.from) : frame.origin;
     const QStringList &around = frame.report.around;
-    form.secure =
+    const bool isSecure =
         frame.report.isSecureContext && isProtected(source) && isProtected(m_page.url()) &&
         std::all_of(around.begin(), around.end(), [this](const QString &one) { return isProtected(QUrl(one)); });
-    return form;
+    std::vector<FrameForm> forms;
+    for (auto &[document, inputs] : std::exchange(frame.inputs, {}))
+        forms.push_back({origin, isSecure, std::move(inputs)});
+    return forms;
 }
 
 /// Whether what is sent to an origin stays between it and the user.
@@ -283,54 +279,33 @@ bool PageFill::isProtected(const QUrl &origin) const
     return scheme == "file"_L1 || scheme == "corvane"_L1 || (scheme == "http"_L1 && isLocalMachine(origin.host()));
 }
 
-// --- pages that cannot ask ---
+// --- the page itself ---
 
-void PageFill::beginDirectly()
+/// Runs a script in the page that gives what the page asks for next. A page that has gone meanwhile has another one
+/// there, which knows nothing of this fill.
+void PageFill::drivePage(const QString &script)
 {
-    // Windows that a page has written itself have no script, and one that is put into them takes the engine down.
-    if (m_pageBegan || !m_page.url().isLocalFile())
-        return;
-    m_directKey = PageChannel::newToken();
-    m_directUrl = m_page.url();
-    Frame frame;
-    frame.origin = QUrl(u"file:///"_s);
-    m_frames.insert(m_directKey, frame);
-    runInPage(u"corvaneFill.begin('%1')"_s.arg(m_directKey), [this](const QVariant &) { fetchRequests(); });
-}
-
-void PageFill::fetchRequests()
-{
-    runInPage(u"corvaneFill.take()"_s, [this](const QVariant &told) {
-        const QString key = m_directKey;
-        for (const QJsonValue one : QJsonDocument::fromJson(told.toString().toUtf8()).array()) {
-            const int number = one[0].toInt();
-            const QString op = one[1].toString();
-            const QJsonValue values = one[2];
-            const QByteArray data =
-                op == "inputs"_L1 ? values["d"_L1].toString().toUtf8() : QByteArray::number(values["n"_L1].toInt());
-            const auto answer = [this, number](const std::optional<QByteArray> &content) {
-                const QByteArray text = content ? *content : QByteArray("null");
-                const QByteArray quoted =
-                    QJsonDocument(QJsonArray{QString::fromUtf8(text)}).toJson(QJsonDocument::Compact);
-                runInPage(u"corvaneFill.give(%1, %2[0])"_s.arg(number).arg(QString::fromUtf8(quoted)),
-                          [](const QVariant &) {});
-            };
-            if (values["k"_L1].toString() == key)
-                handle(op, key, data, m_frames.value(key).origin, answer);
-        }
-        m_direct.start(kFetchEveryMs);
+    const QPointer<PageFill> guard(this);
+    m_page.runJavaScript(script, PageChannel::kWorld, [guard, key = m_pageKey](const QVariant &asked) {
+        if (guard && guard->isRunning() && guard->m_pageKey == key)
+            guard->pageAsks(QJsonDocument::fromJson("[" + asked.toString().toUtf8() + "]").array()[0]);
     });
 }
 
-/// Runs a script in the world of the fill, and `done` with what it gives while the same fill is under way.
-void PageFill::runInPage(const QString &script, const std::function<void(const QVariant &)> &done)
+void PageFill::pageAsks(const QJsonValue &asked)
 {
-    if (m_page.url() != m_directUrl)
+    const QString op = asked[0].toString();
+    const QJsonValue values = asked[1];
+    const QByteArray data =
+        op == "inputs"_L1 ? values["d"_L1].toString().toUtf8() : QByteArray::number(values["n"_L1].toInt());
+    const QString key = m_pageKey;
+    if (op.isEmpty())
         return;
-    const QPointer<PageFill> guard(this);
-    m_page.runJavaScript(script, PageChannel::kWorld, [guard, key = m_directKey, done](const QVariant &result) {
-        if (guard && guard->isRunning() && guard->m_directKey == key)
-            done(result);
+    handle(op, key, data, m_frames.value(key).origin, [this, key](const std::optional<QByteArray> &answer) {
+        if (!answer || !isRunning() || m_pageKey != key)
+            return;
+        const QByteArray quoted = QJsonDocument(QJsonArray{QString::fromUtf8(*answer)}).toJson(QJsonDocument::Compact);
+        drivePage(u"corvaneFill.step('%1', %2[0])"_s.arg(key, QString::fromUtf8(quoted)));
     });
 }
 

@@ -10,6 +10,7 @@
 #include <QUrl>
 #include <functional>
 
+class QJsonValue;
 class QUrlQuery;
 class QWebEnginePage;
 class QWebEngineUrlRequestJob;
@@ -18,9 +19,10 @@ namespace engine {
 
 class PageChannel;
 
-/// Fills the forms of one page. In each of its documents runs a script, in a world of its own, that waits on the page
-/// channel. A fill answers the waiting requests with a key for each frame; with it, and only for a few seconds, the
-/// frame may ask for the values of the inputs that it shows. The matching is done here, so a frame learns nothing else.
+/// Fills the forms of one page. The page itself is driven from here, by a script in a world of its own that also looks
+/// after all frames of the same origin. In frames of others this script waits on the page channel; a fill answers
+/// the waiting requests with a key for each. With its key, and only for a few seconds, a frame may ask for the values
+/// of the inputs that it shows. The matching is done here, so a frame learns nothing else.
 class PageFill : public QObject, public FormFacet
 {
     Q_OBJECT
@@ -46,12 +48,11 @@ private:
     {
         QPointer<QWebEngineUrlRequestJob> job;
         QUrl origin;
-        bool isPage = false;
     };
     struct Frame
     {
         QUrl origin;
-        std::vector<FormInput> inputs;
+        std::map<int, std::vector<FormInput>> inputs;
         int asked = 0;
         /// Number of inputs that were answered and not yet reported as filled.
         int answered = 0;
@@ -65,19 +66,17 @@ private:
     void requested(QWebEngineUrlRequestJob &job);
     void wait(QWebEngineUrlRequestJob &job, const QUrlQuery &query);
     void begin(const Waiting &waiting);
+    QString script() const;
+    void drivePage(const QString &script);
+    void pageAsks(const QJsonValue &asked);
     void handle(const QString &op, const QString &key, const QByteArray &data, const QUrl &origin, const Reply &reply);
     void take(Frame &frame, const QByteArray &data, const Reply &reply);
     void answerIfSeen(Frame &frame);
     bool isSeen(const Frame &frame) const;
-    FrameForm formOf(Frame &frame) const;
+    std::vector<FrameForm> formsOf(Frame &frame) const;
     bool isProtected(const QUrl &origin) const;
     void tell();
     void end();
-
-    // A page whose documents may not send requests, such as a local file, is driven from here.
-    void beginDirectly();
-    void fetchRequests();
-    void runInPage(const QString &script, const std::function<void(const QVariant &)> &done);
 
     bool isRunning() const { return m_record != nullptr; }
 
@@ -98,12 +97,10 @@ private:
     QHash<QString, int> m_shownAt;
     int m_filled = 0;
     int m_told = -1;
-    bool m_pageBegan = false;
-    QString m_directKey;
-    QUrl m_directUrl;
+    /// The key of the page itself.
+    QString m_pageKey;
     QTimer m_end;
     QTimer m_quiet;
-    QTimer m_direct;
 };
 
 } // namespace engine

@@ -1,20 +1,28 @@
-// One fill of a document: it asks for the values of the inputs that it shows, and looks again for some time, since many
-// inputs come only after others have been filled.
+// One fill of a document and of those that it reaches in its frames: it asks for the values of the inputs that they show, and
+// looks again for some time, since many inputs come only after others have been filled.
+//
+// The functions with a star are the steps of a fill. What they yield is for the program: an operation and its values; they go
+// on when it has answered, and when it does not, they never do. So nothing may be held over a yield that has to be undone.
 
 // Milliseconds between the looks of one fill, which ends on the C++ side a little later.
 const kPauses = [0, 50, 200, 500, 800, 1000];
 // A page with more elements or inputs than this is not looked at any further.
 const kElements = 60000, kRoots = 1000, kExamined = 4000, kOffered = 2000;
 // Characters of one request: escaped, nine times as many at worst, and the engine takes two million.
-const kRequest = 60000, kInputsOfRequest = 200;
+const kRequest = 60000, kInputsOfRequest = 500;
 const kSliceMs = 40;
+// For an input that it is asked about, the engine may have to go through all elements of the page, so many in all.
+const kHits = 1e7;
 // A huge document is looked at from its beginning for so long, and what comes after that is left out.
 const kLookMs = 800;
 
 const kFrames = new Set(['iframe', 'frame', 'object', 'embed']);
 const frameWindows = new Map([['iframe', getter(HTMLIFrameElement, 'contentWindow')],
     ['frame', getter(HTMLFrameElement, 'contentWindow')], ['object', getter(HTMLObjectElement, 'contentWindow')]]);
-const frameDocument = getter(HTMLIFrameElement, 'contentDocument');
+// All elements but the most frequent ones that cannot have a shadow tree: naming more of them takes longer than looking at them.
+const kNotable = ':not(td,tr,option,label,a,li,br)';
+
+const pause = milliseconds => ['pause', { n: milliseconds }];
 
 // --- frames ---
 
@@ -33,6 +41,15 @@ const pathOf = view => {
     return path;
 };
 
+/** The document of a frame of this origin, whose inputs are looked at from here; null for others. */
+const innerOf = view => {
+    try {
+        return view && view.origin === window.origin ? view.document : null;
+    } catch {
+        return null;
+    }
+};
+
 let isStale = true, framesMoved = true;
 const note = records => {
     isStale = isStale || records.length > 0;
@@ -41,19 +58,20 @@ const note = records => {
             (kFrames.has(localName(node)) || findIn(node, 'iframe,frame,object,embed'))));
 };
 const watch = new MutationObserver(note);
-let watched = new WeakSet;
+let watched = new WeakSet, entered = [];
 
-/** The document of a frame in which this script does not run, as in empty and written ones. Only this one reaches it. */
-const orphan = (frame, view) => {
-    const inner = localName(frame) === 'iframe' ? frameDocument(frame) : null;
-    return inner && !(view.corvaneFill && view.corvaneFill.begin) ? inner : null;
+/** Notes what has changed since the last time, in documents and in what stands in their frames. */
+const catchUp = () => {
+    note(watch.takeRecords());
+    isStale = isStale || entered.some(([view, inner]) => innerOf(view) !== inner);
 };
 
-/** All inputs of the document and of what belongs to it, and the paths of the frames that the user can see. */
+/** All inputs of the document and of what belongs to it, and the ways to the frames of others, as the elements around them. */
 const scan = veil => {
-    const found = { inputs: [], shown: [], frames: 0, looks: newLooks(veil) };
-    let elements = 0, roots = 0;
-    const visit = (root, depth) => {
+    const found = { inputs: [], others: [], size: 0 };
+    let elements = 0, roots = 0, frames = 0;
+    entered = [];
+    const visit = (root, depth, way) => {
         if (depth > 30 || ++roots > kRoots)
             return;
         veil.add(root);
@@ -61,37 +79,54 @@ const scan = veil => {
             watched.add(root);
             watch.observe(root, { childList: true, subtree: true, attributes: true });
         }
-        for (const element of all(root, '*')) {
+        found.size += all(root, '*').length;
+        for (const element of all(root, kNotable)) {
             if (++elements > kElements)
                 return;
             const name = localName(element);
-            if ((name === 'input' || name === 'select' || name === 'textarea') && found.inputs.length < kExamined)
-                found.inputs.push(element);
-            else if (frameWindows.has(name) && ++found.frames <= 200 && frameShows(element, found.looks))
-                see(element, name, depth);
-            const shadow = shadowOf(element);
-            if (shadow)
-                visit(shadow, depth + 1);
+            if (name === 'input' || name === 'select' || name === 'textarea') {
+                if (found.inputs.length < kExamined)
+                    found.inputs.push(element);
+            } else if (frameWindows.has(name)) {
+                if (++frames <= 200)
+                    enter(element, frameWindows.get(name)(element), depth, [...way, element]);
+            } else {
+                const shadow = shadowOf(element);
+                if (shadow)
+                    visit(shadow, depth + 1, way);
+            }
         }
     };
-    const see = (frame, name, depth) => {
-        const view = frameWindows.get(name)(frame);
-        const path = view ? pathOf(view) : '?';
-        if (path !== '?')
-            found.shown.push(path);
-        const inner = orphan(frame, view);
+    const enter = (frame, view, depth, way) => {
+        const inner = innerOf(view);
+        entered.push([view, inner]);
         if (inner)
-            visit(inner, depth + 1);
+            visit(inner, depth + 1, way);
+        else if (view)
+            found.others.push({ view, way });
     };
-    visit(document, 0);
+    visit(document, 0, []);
     return found;
+};
+
+/** The paths of all frames on these ways, as far as the user can see them. */
+const shownOn = (ways, looks) => {
+    const paths = new Set, isShown = new Map;
+    for (const { view, way } of ways) {
+        for (const frame of way) {
+            if (!isShown.has(frame))
+                isShown.set(frame, frameShows(frame, looks));
+        }
+        const path = way.every(frame => isShown.get(frame)) ? pathOf(view) : '?';
+        for (let end = path.length; path !== '?' && end > 0; end = path.lastIndexOf('.', end - 1))
+            paths.add(path.slice(0, end));
+    }
+    return [...paths];
 };
 
 // --- one fill ---
 
-let current = '', offered = new WeakMap, given = new Map, offers = 0, frames = 0, lastShown = [];
-// The program keeps the time: documents without scripts have no timers.
-const pause = milliseconds => request('pause', { k: current, n: milliseconds });
+let offered = new WeakMap, given = new Map, offers = 0, others = 0, lastShown = [];
 
 /** A choice list is another one when its alternatives have changed. */
 const mark = input => {
@@ -101,20 +136,33 @@ const mark = input => {
     return options.length + '|' + (last < 0 ? '' : short(options[0].text) + '|' + short(options[last].text));
 };
 
+const isOpen = (input, groups) => input.isConnected && viewOf(ownerDocument(input)) && isWanted(input) &&
+    offered.get(input) !== mark(input) && isEmpty(input, groups);
+
 /** Of the inputs, those that may be filled and have not been asked about. */
-const choose = async (inputs, veil, isCurrent) => {
-    const chosen = [];
-    const end = performance.now() + kLookMs;
-    let groups = new Map, looks = newLooks(veil), until = performance.now() + kSliceMs;
+function* choose({ inputs, size }, path, veil) {
+    const groups = new Map;
+    const open = [], end = performance.now() + kLookMs;
     for (const input of inputs) {
-        if (performance.now() > end)
+        if (open.length + offers >= kOffered || performance.now() > end)
+            break;
+        if (isOpen(input, groups))
+            open.push(input);
+    }
+    if (!open.length)
+        return open;
+    // Where a frame stands nobody can tell who is in no list of frames, so only what the engine says counts.
+    const isProof = path === '?';
+    const margin = window === window.top ? marginOf(newLooks(veil)) : '0px';
+    const painted = yield* paintedOf(open.slice(0, Math.max(20, kHits / size)), margin);
+    const chosen = [], stop = performance.now() + kLookMs;
+    let looks = newLooks(veil), until = performance.now() + kSliceMs;
+    for (const input of open) {
+        if (performance.now() > stop)
             break;
         if (performance.now() > until) {
             veil.drop();
-            await pause(0);
-            if (!isCurrent())
-                return [];
-            groups = new Map;
+            yield pause(0);
             looks = newLooks(veil);
             // In a large document lifting the veil takes longer than looking at many inputs.
             const start = performance.now();
@@ -122,51 +170,45 @@ const choose = async (inputs, veil, isCurrent) => {
             reach(input, looks, 1);
             until = performance.now() + Math.max(kSliceMs, 5 * (performance.now() - start));
         }
-        if (offers + chosen.length >= kOffered)
-            break;
-        if (input.isConnected && isWanted(input) && offered.get(input) !== mark(input) && isEmpty(input, groups) &&
-            inputShows(input, looks) && isInked(input, looks))
+        const entry = painted.get(input);
+        if (((entry && isPainted(input, entry, looks)) || (!isProof && isFound(input, looks))) && isInked(input, looks))
             chosen.push(input);
     }
     return chosen;
-};
+}
 
 /**
  * Asks for the values of these inputs, in as many requests as it takes; the last one is answered with all of them, and has
  * what `report` gives then.
  */
-const ask = async (fill, inputs, report) => {
-    const labels = new Map;
+function* ask(inputs, report) {
+    const labels = new Map, documents = new Map([[document, 0]]);
     let part = [], size = 0;
-    const pass = isLast => {
-        const rest = isLast ? JSON.stringify(report()).replace('{', ',') : '}';
-        return request('inputs', { k: fill, d: '{"inputs":[' + part.join(',') + ']' + rest });
-    };
+    const requestFor = rest => ['inputs', { d: '{"inputs":[' + part.join(',') + ']' + rest }];
     for (const input of inputs) {
         offered.set(input, mark(input));
         given.set(++offers, input);
-        const told = JSON.stringify(describe(input, offers, labels));
+        const inner = ownerDocument(input);
+        if (!documents.has(inner))
+            documents.set(inner, documents.size);
+        const told = JSON.stringify(describe(input, offers, documents.get(inner), labels));
         if (size + told.length > kRequest || part.length >= kInputsOfRequest) {
-            if (await pass(false) === null)
-                return null;
+            yield requestFor('}');
             part = [];
             size = 0;
         }
         part.push(told);
         size += told.length;
     }
-    const answer = await pass(true);
-    return answer === null ? null : JSON.parse(answer);
-};
+    return JSON.parse(yield requestFor(JSON.stringify(report()).replace('{', ',')));
+}
 
-const putAll = async (answers, isCurrent) => {
+function* putAll(answers) {
     const groups = { get: root => chosenGroups(root), has: () => true };
     let count = 0, until = performance.now() + kSliceMs;
     for (const [number, value] of answers) {
         if (performance.now() > until) {
-            await pause(0);
-            if (!isCurrent())
-                break;
+            yield pause(0);
             until = performance.now() + kSliceMs;
         }
         const input = given.get(number);
@@ -175,73 +217,61 @@ const putAll = async (answers, isCurrent) => {
             count += put(input, value) ? 1 : 0;
     }
     return count;
-};
+}
 
-/** The paths of the frames that show, and the inputs to ask about. */
-const lookAround = async (isFirst, wasStale, isCurrent) => {
+/** The inputs to ask about; notes the frames of others that show. */
+function* lookAround(isFirst, wasStale, path) {
     // Where nothing has changed all frames are where they were.
     if (!isFirst && !wasStale)
         return [];
     const veil = makeVeil();
     try {
         const found = scan(veil);
-        lastShown = found.shown;
-        frames = found.frames;
-        return await choose(found.inputs, veil, isCurrent);
+        others = found.others.length;
+        lastShown = others ? shownOn(found.others, newLooks(veil)) : [];
+        veil.drop();
+        return yield* choose(found, path, veil);
     } finally {
         veil.drop();
     }
-};
+}
 
-const round = async (fill, isFirst) => {
-    const isCurrent = () => fill === current;
-    note(watch.takeRecords());
+function* round(isFirst) {
+    catchUp();
     // Where frames have come or gone since the last look, nobody can tell which is which.
     const isSettled = !isFirst && !framesMoved, wasStale = isStale;
     isStale = framesMoved = false;
-    let inputs = await lookAround(isFirst, wasStale, isCurrent), path = pathOf(window);
-    if (path === '?' && inputs.length) {
-        const painted = await paintedNow(inputs, () => pause(300));
-        inputs = inputs.filter(input => painted.has(input));
-    }
-    if (!isCurrent())
-        return false;
-    if (!isFirst && !inputs.length && !frames)
-        return true;
-    const isProved = path === '?';
-    const answers = await ask(fill, inputs, () => {
+    let path = pathOf(window);
+    const isProved = path === '?', inputs = yield* lookAround(isFirst, wasStale, path);
+    if (!isFirst && !inputs.length && !others)
+        return;
+    const answers = yield* ask(inputs, () => {
         note(watch.takeRecords());
         path = isProved ? '?' : pathOf(window);
         return { last: true, path: path === '?' && !isProved ? 'lost' : path, shown: isSettled && !framesMoved ? lastShown : [],
             secure: isSecureContext, from: location.origin, around: [...location.ancestorOrigins] };
     });
-    if (answers === null || !isCurrent())
-        return false;
-    const count = isProved || pathOf(window) === path ? await putAll(answers, isCurrent) : 0;
+    const count = isProved || pathOf(window) === path ? yield* putAll(answers) : 0;
     if (count > 0)
-        request('done', { k: fill, n: count });
-    return true;
-};
+        yield ['done', { n: count }];
+}
 
-const run = async fill => {
-    current = fill;
+return function* () {
     watched = new WeakSet;
     watch.disconnect();
     isStale = framesMoved = true;
     offered = new WeakMap;
     given = new Map;
+    entered = [];
     offers = 0;
     let isFirst = true;
     for (const length of kPauses) {
-        if ((length > 0 && await pause(length) === null) || fill !== current)
-            return;
-        note(watch.takeRecords());
-        if ((isFirst || isStale || frames > 0) && !await round(fill, isFirst))
-            break;
+        if (length > 0)
+            yield pause(length);
+        catchUp();
+        if (isFirst || isStale || others > 0)
+            yield* round(isFirst);
         isFirst = false;
     }
-    if (fill === current)
-        watch.disconnect();
+    watch.disconnect();
 };
-
-return run;

@@ -9,15 +9,13 @@ const kFaint = 0.1;
 const kDeepest = 400;
 const kFlows = { across: 'visible', down: 'visible', clips: false };
 const kAsked = 2000;
+// For so many milliseconds the engine may be busy with other things than painting; a covered page it does not paint at all.
+const kPatience = 300;
 
-const getter = (owner, name) => {
-    const get = Object.getOwnPropertyDescriptor(owner.prototype, name).get;
-    return object => Reflect.apply(get, object, []);
-};
-const method = (owner, name) => {
-    const call = owner.prototype[name];
-    return (object, ...values) => Reflect.apply(call, object, values);
-};
+// Functions that take the object first, without a list of arguments to make for each call.
+const freed = call => Function.prototype.call.bind(call);
+const getter = (owner, name) => freed(Object.getOwnPropertyDescriptor(owner.prototype, name).get);
+const method = (owner, name) => freed(owner.prototype[name]);
 
 const parentNode = getter(Node, 'parentNode'), contains = method(Node, 'contains'), nodeType = getter(Node, 'nodeType'), rootNode = method(Node, 'getRootNode'),
       ownerDocument = getter(Node, 'ownerDocument'), localName = getter(Element, 'localName'),
@@ -123,32 +121,36 @@ const newLooks = veil => {
     return looks;
 };
 
-const look = (element, looks) => {
+// Each question to a style has its price, so each is asked only where it counts.
+const glance = (element, looks) => {
     let known = looks.get(element);
-    if (known)
+    if (!known) {
+        known = { element, style: getComputedStyle(element), position: null, isPlain: null, isHolder: null, flow: null,
+                  within: null, shows: null };
+        looks.set(element, known);
+    }
+    return known;
+};
+
+const isMasked = style => style.webkitMaskImage !== 'none' || style.webkitMaskBoxImageSource !== 'none';
+
+const look = (element, looks) => {
+    const known = glance(element, looks);
+    if (known.position !== null)
         return known;
-    const style = getComputedStyle(element), filter = style.filter, position = style.position;
+    const style = known.style, filter = style.filter, position = style.position;
     const isOut = position === 'absolute' || position === 'fixed';
-    known = {
-        element,
-        style,
-        opacity: +style.opacity,
-        position,
-        isCut: style.clipPath !== 'none' || (isOut && style.clip !== 'auto'),
-        isGone: style.webkitMaskImage !== 'none' || style.contentVisibility === 'hidden',
-        isHolder: null,
-        flow: null,
-        within: null,
-    };
+    known.position = position;
+    known.opacity = +style.opacity;
+    known.isCut = style.clipPath !== 'none' || (isOut && style.clip !== 'auto');
+    known.isGone = isMasked(style) || style.contentVisibility === 'hidden';
     if (filter !== 'none') {
         const faded = /opacity\(([\d.]+)/.exec(filter);
         known.opacity = Math.min(known.opacity, faded ? +faded[1] : 1);
     }
-    looks.set(element, known);
     return known;
 };
 
-// Each question to a style has its price, so these are asked only where they count.
 const isVisible = known => known.style.visibility === 'visible';
 const isLeftward = known => known.style.direction === 'rtl';
 
@@ -190,29 +192,33 @@ const windowOf = (document, looks) => {
 const kOutside = { opacity: 1, isGone: false, mustHit: false, isShut: false, style: null, outer: null, clips: null,
                    stays: false };
 const kNowhere = { ...kOutside, isGone: true };
+const kPinned = { ...kOutside, stays: true };
 
-/** The place of a box by how it is positioned: the elements that clip it, from the inside out, and whether it scrolls. */
+/** The place of a box by how it is positioned, which says what clips it, from the inside out, and whether it stays there. */
 const placeIn = (outer, position) => {
     const isFixed = position === 'fixed';
     if (isFixed || position === 'absolute') {
         while (outer.style && !(!isFixed && outer.style.position !== 'static') && !holds(outer.style))
             outer = outer.outer;
     }
-    return [outer.clips, outer.stays || (isFixed && !outer.style)];
+    return isFixed && !outer.style ? kPinned : outer;
 };
 
 /** What holds for everything inside an element, from what holds around it. */
 const inside = (style, outer, looks) => {
-    const element = style.element, { root, body } = windowOf(ownerDocument(element), looks);
-    let [clips, stays] = placeIn(outer, style.position);
-    if (flowOf(style).clips && element !== root && element !== body)
-        clips = { style, next: clips };
+    const element = style.element, name = localName(element), place = placeIn(outer, style.position);
+    let clips = place.clips;
+    if (flowOf(style).clips) {
+        const { root, body } = windowOf(ownerDocument(element), looks);
+        if (element !== root && element !== body)
+            clips = { style, next: clips };
+    }
     return {
         opacity: outer.opacity * style.opacity,
-        isGone: outer.isGone || style.isGone || (outer.isShut && localName(element) !== 'summary'),
+        isGone: outer.isGone || style.isGone || (outer.isShut && name !== 'summary'),
         mustHit: outer.mustHit || style.isCut,
-        isShut: localName(element) === 'details' && attribute(element, 'open') === null,
-        style, outer, clips, stays,
+        isShut: name === 'details' && attribute(element, 'open') === null,
+        style, outer, clips, stays: place.stays,
     };
 };
 
@@ -280,9 +286,9 @@ const reach = (element, looks, share) => {
     const outer = within(around(element), looks);
     if (outer.isGone || outer.isShut || outer.opacity * style.opacity < kFaint)
         return null;
-    const at = { box: { left, top, right, bottom }, seen: { left, top, right, bottom }, mustHit: outer.mustHit || style.isCut };
-    let [clips, stays] = placeIn(outer, style.position);
-    for (; clips; clips = clips.next) {
+    const at = { width: right - left, box: { left, top, right, bottom }, seen: { left, top, right, bottom }, mustHit: outer.mustHit || style.isCut };
+    const { clips: first, stays } = placeIn(outer, style.position);
+    for (let clips = first; clips; clips = clips.next) {
         if (!clipBy(clips.style, at, share))
             return null;
     }
@@ -336,7 +342,7 @@ const isHit = (element, x, y, looks) => {
 
 const inputShows = (element, looks) => {
     const at = reach(element, looks, 0.5), isMark = element.type === 'radio' || element.type === 'checkbox';
-    if (!at || (!isMark && rectOf(element).width < kLeastText))
+    if (!at || (!isMark && at.width < kLeastText))
         return false;
     const { left, top, right, bottom } = at.seen;
     if (right - left < kLeast || bottom - top < kLeast)
@@ -364,18 +370,80 @@ const frameShows = (element, looks) => {
     return true;
 };
 
-/** Those of the inputs that the engine itself paints unhindered now, up through all frames, after `wait`. */
-const paintedNow = async (inputs, wait) => {
-    const painted = new Set, note = entries => {
+// --- what the engine itself says ---
+
+/** The frame element around a document that this script has come into; null for the outermost one, where it began. */
+const frameOf = inner => inner === document ? null : viewOf(inner).frameElement;
+
+/**
+ * Whether what the engine says of an element holds: it does not see masks and clip paths, nor what cannot be used, and takes
+ * what is fixed outside the window for something that scrolls into it.
+ */
+const isPlain = (element, looks) => {
+    const chain = [];
+    let node = element;
+    while (node && glance(node, looks).isPlain === null) {
+        if (chain.push(node) > kDeepest)
+            return false;
+        node = around(node) || frameOf(ownerDocument(node));
+    }
+    let plain = !node || glance(node, looks).isPlain;
+    while (chain.length) {
+        const known = glance(chain.pop(), looks), style = known.style;
+        plain = plain && attribute(known.element, 'inert') === null && style.clipPath === 'none' && !isMasked(style) &&
+            (style.position !== 'fixed' || ownerDocument(known.element) !== document);
+        known.isPlain = plain;
+    }
+    return plain;
+};
+
+/** How far the window can be scrolled to each side, as an observer takes it. */
+const marginOf = looks => {
+    const reaches = windowOf(document, looks).sides.map(({ size, stays, range: [low, high] }) =>
+        stays ? [0, 0] : [Math.max(0, -low), Math.max(0, high - size)]);
+    const [[left, right], [top, bottom]] = reaches;
+    return [top, right, bottom, left].map(length => Math.ceil(length) + 'px').join(' ');
+};
+
+/**
+ * Those of the inputs that the engine paints whole and with nothing over them or over the frames around them, for isPainted();
+ * those below the edge of the window as well where `margin` says so.
+ */
+function* paintedOf(inputs, margin) {
+    const painted = new Map, waiting = new Set(inputs), note = entries => {
         for (const entry of entries) {
-            if (entry.isVisible)
-                painted.add(entry.target);
+            waiting.delete(entry.target);
+            if (entry.isVisible && entry.intersectionRatio > 0.99)
+                painted.set(entry.target, entry);
+            else
+                painted.delete(entry.target);
         }
     };
-    const watch = new IntersectionObserver(note, { trackVisibility: true, delay: 100 });
-    inputs.forEach(input => watch.observe(input));
-    await wait();
-    note(watch.takeRecords());
+    const watch = new IntersectionObserver(note, { trackVisibility: true, delay: 100, rootMargin: margin });
+    for (const input of inputs)
+        watch.observe(input);
+    for (let waited = 0; waiting.size && waited < kPatience; waited += 30) {
+        yield pause(30);
+        note(watch.takeRecords());
+    }
     watch.disconnect();
     return painted;
+}
+
+/** Whether the user sees an input, by what the engine has said of it. */
+const isPainted = (input, entry, looks) => {
+    const { width, height } = entry.boundingClientRect, isMark = input.type === 'radio' || input.type === 'checkbox';
+    return width >= (isMark ? kLeast : kLeastText) && height >= kLeast && isPlain(input, looks);
+};
+
+/** Whether an input and the frames that it lies in show, by looking at all that is around it. */
+const isFound = (input, looks) => {
+    for (let frame = frameOf(ownerDocument(input)); frame; frame = frameOf(ownerDocument(frame))) {
+        const known = glance(frame, looks);
+        if (known.shows === null)
+            known.shows = frameShows(frame, looks);
+        if (!known.shows)
+            return false;
+    }
+    return inputShows(input, looks);
 };

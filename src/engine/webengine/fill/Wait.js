@@ -1,15 +1,37 @@
-// How a document waits for a fill and speaks with the program. Only this much runs in every document; makeFill() holds the
-// other parts, which nobody reads before the first fill.
+// How a document takes part in fills. Only this much runs in every document; makeFill() holds the other parts, which nobody
+// reads before the first fill.
 
-// Documents that may not send requests (local files) leave them here, and the program fetches them.
-const outbox = new Map;
-let isDirect = false, requests = 0;
+let makeSteps = null, steps = null, current = '';
 
-const request = (op, values) => new Promise(done => {
-    if (isDirect && op !== 'wait') {
-        outbox.set(++requests, { op, values, done });
-        return;
+/** What a fill asks of the program next, once that has answered what it asked before; null at its end. */
+const step = (fill, answer) => {
+    if (fill !== current)
+        return null;
+    try {
+        const { done, value } = steps.next(answer);
+        return done ? null : value;
+    } catch {
+        // What a page does to its documents meanwhile is no error of its scripts.
+        return null;
     }
+};
+
+/** Begins a fill in place of the one before; gives what it asks first. */
+const begin = fill => {
+    makeSteps = makeSteps || makeFill();
+    current = fill;
+    steps = makeSteps();
+    return step(fill);
+};
+
+// The page itself is driven by the program, which takes and gives texts.
+globalThis.corvaneFill = {
+    begin: fill => JSON.stringify(begin(fill)),
+    step: (fill, answer) => JSON.stringify(step(fill, answer)),
+};
+
+/** A request of a frame to the program; null when that refuses it. */
+const request = (op, values) => new Promise(done => {
     const call = new XMLHttpRequest;
     call.onload = () => done(call.responseText);
     call.onerror = () => done(null);
@@ -18,42 +40,45 @@ const request = (op, values) => new Promise(done => {
     call.send();
 });
 
-let fillIn = null;
-const run = fill => {
-    fillIn = fillIn || makeFill();
-    // What a page does to its documents meanwhile is no error of its scripts.
-    fillIn(fill).catch(() => {});
+const drive = async fill => {
+    for (let asked = begin(fill); asked;) {
+        const answer = await request(asked[0], { k: fill, ...asked[1] });
+        if (answer === null)
+            return;
+        asked = step(fill, answer);
+    }
 };
 
 /** Waits for the next fill; there is always one request open, so that a fill can begin while another one runs. */
 const wait = async fill => {
     for (;;) {
-        fill = await request('wait', { k: fill, m: window === window.top ? 1 : 0 });
+        fill = await request('wait', { k: fill });
         if (!fill)
             return;
-        isDirect = false;
-        run(fill);
+        drive(fill);
     }
 };
 
-globalThis.corvaneFill = {
-    begin: fill => {
-        isDirect = true;
-        run(fill);
-    },
-    take: () => JSON.stringify([...outbox].filter(([, call]) => !call.isTaken).map(([number, call]) => {
-        call.isTaken = true;
-        return [number, call.op, call.values];
-    })),
-    give: (number, answer) => {
-        const call = outbox.get(number);
-        outbox.delete(number);
-        if (call)
-            call.done(answer);
-    },
+/** Whether the document around this one looks after it: one of the same origin that finds this frame. */
+const isReached = () => {
+    try {
+        const frame = window.frameElement;
+        if (!frame || window.parent.origin !== window.origin || !['iframe', 'frame', 'object'].includes(frame.localName))
+            return false;
+        for (let root = frame.getRootNode(); root.nodeType === 11; root = root.host.getRootNode()) {
+            if (root.mode === 'closed')
+                return false;
+        }
+        return true;
+    } catch {
+        return false;
+    }
 };
 
-if (Reflect.apply(Object.getOwnPropertyDescriptor(Document.prototype, 'readyState').get, document, []) !== 'loading')
-    wait('');
-else
-    window.addEventListener('DOMContentLoaded', () => wait(''), { once: true });
+if (window !== window.top && !isReached()) {
+    // A page can give its elements the names of what a document has.
+    if (Reflect.apply(Object.getOwnPropertyDescriptor(Document.prototype, 'readyState').get, document, []) !== 'loading')
+        wait('');
+    else
+        window.addEventListener('DOMContentLoaded', () => wait(''), { once: true });
+}

@@ -1,0 +1,165 @@
+// What a fill costs on a page of 1,000 inputs in ten frames, beyond what putting the same values in costs by itself: a
+// script of the page that knows all values sets them and sends the same events. Both are taken in turn, as processor
+// time of the program's main thread and of those of the page processes, so it hardly counts what else the machine does.
+
+#include "core/state/SettingsStore.h"
+#include "engine/EngineFixture.h"
+#include "engine/PageFacets.h"
+#include "forms/FieldTable.h"
+#include "forms/FormStore.h"
+#include "support/Wait.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <ctime>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRuns = 5, kFrames = 10, kInputs = 100;
+
+QByteArray read(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Milliseconds that the main threads of this program and of its page processes have run.
+double processorTime()
+{
+    timespec own{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &own);
+    double total = static_cast<double>(own.tv_sec) * 1e3 + static_cast<double>(own.tv_nsec) / 1e6;
+    for (const QString &process : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+        const QString folder = u"/proc/%1/"_s.arg(process);
+        const QByteArray state = read(folder + u"stat"_s);
+        const bool isOurs = state.mid(state.lastIndexOf(')') + 2).split(' ').value(2).toInt() == getpgrp();
+        if (isOurs && read(folder + u"cmdline"_s).contains("QtWebEngineProcess"))
+            total += read(folder + u"schedstat"_s).split(' ').value(0).toDouble() / 1e6;
+    }
+    return total;
+}
+
+/// Every input has something that belongs into it; every tenth one is a list of months.
+QByteArray form()
+{
+    const QByteArrayList names{"billing_first_name", "billing_last_name", "customer[email]",
+                               "billing_address_1",  "billing_city",      "postcode",
+                               "txtHomePhone",       "card_number",       "shipping_last_name"};
+    QByteArray rows;
+    for (int i = 0; i < kInputs; ++i) {
+        const QByteArray id = "f" + QByteArray::number(i);
+        rows += "<tr><td><label for=" + id + ">Enter it here, please</label></td><td>";
+        if (i % 10 == 9)
+            rows += "<select name=card_exp_month id=" + id + "><option>Month<option>" +
+                    QByteArrayList{"01", "02", "03", "04", "05", "06", "07", "08", "09", "10", "11", "12"}.join(
+                        "<option>") +
+                    "</select>";
+        else
+            rows += "<input name='" + names[i % 10] + "' id=" + id + " placeholder='something'>";
+        rows += "</td></tr>";
+    }
+    return "<form><table>" + rows + "</table></form>";
+}
+
+const QByteArray kBareFill = R"(<script>
+    addEventListener('hashchange', () => {
+        let count = 0;
+        for (let i = 0; i < frames.length; ++i) {
+            for (const input of frames[i].document.querySelectorAll('input,select')) {
+                const send = event => input.dispatchEvent(event);
+                const key = { key: 'Unidentified', bubbles: true, composed: true, cancelable: true };
+                const changed = () => {
+                    send(new InputEvent('input', { bubbles: true, composed: true, inputType: 'insertReplacementText' }));
+                    send(new Event('change', { bubbles: true }));
+                };
+                ++count;
+                if (input.type === 'select-one') {
+                    input.selectedIndex = 3;
+                    changed();
+                    continue;
+                }
+                send(new KeyboardEvent('keydown', key));
+                input.value = 'a text of its own';
+                changed();
+                send(new KeyboardEvent('keyup', key));
+                send(new FocusEvent('blur', { composed: true }));
+                send(new FocusEvent('focusout', { bubbles: true, composed: true }));
+            }
+        }
+        document.title = count + ' fields filled';
+    });
+</script>)";
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    setpgid(0, 0);
+    engine::registerSchemes();
+    QApplication app(argc, argv);
+    QTemporaryDir folder;
+    SettingsStore settings(folder.filePath(u"settings.ini"_s));
+    FormKeys keys(folder.path());
+    const auto record = std::make_shared<FormStore>(keys);
+    FormValues values;
+    values.firstname = u"Ada"_s;
+    values.lastname = u"Lovelace"_s;
+    values.mail = u"ada@example.org"_s;
+    values.address1 = u"12 Main Street"_s;
+    values.City = u"London"_s;
+    values.ZipCode = u"12345"_s;
+    values.phone = u"+44 20 7946 0000"_s;
+    values.CardNumber = u"4111111111111111"_s;
+    values.ExpMonth = 3;
+    BuildFormFields(values, *record, settings, folder.filePath(u"form.bin"_s));
+
+    TestEngine test;
+    LoopbackSite site;
+    site.page("/form", "Form", form());
+    site.page("/ten", "Ten",
+              kBareFill + QByteArray("<iframe src=/form width=500 height=3000></iframe>").repeated(kFrames));
+    RecordedBrowser browser(*test.engine, site);
+    const QString all = u"%1 fields filled"_s.arg(kFrames * kInputs);
+    std::vector<double> own, bare, told;
+    for (int i = 0; i < 2 * kRuns; ++i) {
+        if (!browser.open(site.address(u"/ten"_s)))
+            return 1;
+        waitUntil([] { return false; }, 1500);
+        browser.statuses.clear();
+        const bool isBare = i % 2 == 0;
+        const double before = processorTime();
+        QElapsedTimer clock;
+        clock.start();
+        if (isBare)
+            browser->Navigate2(site.address(u"/ten#fill"_s));
+        else
+            browser->formFacet()->fill(record, false);
+        if (!waitUntil(
+                [&] { return isBare ? browser.events.contains("title "_L1 + all) : browser.statuses.contains(all); },
+                15'000)) {
+            qWarning("not filled: %s", qPrintable(browser.statuses.join(u'|')));
+            return 1;
+        }
+        if (!isBare)
+            told.push_back(static_cast<double>(clock.elapsed()));
+        // Until after the last look of the fill.
+        waitUntil([&] { return clock.elapsed() > 4000; }, 5000);
+        (isBare ? bare : own).push_back(processorTime() - before);
+        browser.events.clear();
+        qInfo("%s %.0f ms", isBare ? "bare" : "fill", (isBare ? bare : own).back());
+    }
+    qInfo("median of %d: fill %.0f ms, bare %.0f ms, own %.0f ms; told after %.0f ms", kRuns, median(own), median(bare),
+          median(own) - median(bare), median(told));
+    return 0;
+}
