@@ -280,6 +280,8 @@ private slots:
             QVERIFY(f.main.calls.contains(u"mnuContentFlash"_s));
             QCOMPARE(f.document(position).isLoading(), !refused);
             QCOMPARE(f.addressBar.Text(), refused ? u"before"_s : url);
+            // What is refused was no first address: the next one is looked at again, until the document closes.
+            QCOMPARE(f.lastBrowser().beforeNavigate(u"http://b/"_s), refused);
             QTRY_COMPARE(f.count(), position - refused);
             QCOMPARE(f.sound.played, refused ? QStringList{u"popup.wav"_s} : QStringList());
         }
