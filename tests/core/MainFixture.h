@@ -92,3 +92,9 @@ public:
     QStringList trace;
     std::unique_ptr<MainCode> code;
 };
+
+/// The same, started already, with a document when an address is named.
+struct StartedMain : MainFixture
+{
+    explicit StartedMain(const QString &command = {}) { QVERIFY(startQuietly(command)); }
+};

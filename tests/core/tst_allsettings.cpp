@@ -154,8 +154,7 @@ private slots:
                                                                      {60, -1, 51},  // 60
                                                                      {52, 30, 51}}; // an empty one does not count
         for (const auto &[entries, empty, kept] : cases) {
-            MainFixture f;
-            QVERIFY(f.startQuietly());
+            StartedMain f;
             QStringList list;
             for (int i = 0; i < entries; ++i)
                 list += i == empty ? QString() : u"http://%1.example/"_s.arg(i);

@@ -4,7 +4,6 @@
 #include "core/frmPassword.h"
 #include "desktop/instance/Instance.h"
 #include "documents/frmLoad.h"
-#include "support/Rows.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -56,38 +55,33 @@ private slots:
             QVERIFY2(!browser, "a browser outlived the window");
     }
 
-    void firstDocument_data()
-    {
-        rows<QStringView, QString, QStringView, QStringView, QString>({
-            {"first start ignores the command line",
-             {u"True", u"a"_s, u"True", u"1", u"corvane://www/qtour/index.html"_s}},
-            {"command line", {u"False", u"http://a/ b"_s, u"True", u"1", u"http://a/ b"_s}},
-            {"quoted", {u"False", u"\"/a b.html\""_s, u"False", u"1", u"/a b.html"_s}},
-            {"text behind the quote", {u"False", u"\"a\" b"_s, u"True", u"1", u"a\" "_s}},
-            {"nothing is saved", {u"False", u""_s, u"False", u"1", u"home"_s}},
-            {"load", {u"False", u""_s, u"True", u"1", u"saved,home"_s}},
-            {"never load", {u"False", u""_s, u"True", u"3", u""_s}},
-            {"unknown action", {u"False", u""_s, u"True", u"0", u""_s}},
-            {"corrupt marker", {u"perhaps", u""_s, u"False", u"1", u"home"_s}},
-        });
-    }
-
     void firstDocument()
     {
-        const auto [firstTime, command, saveOnExit, loadAction, opened] =
-            row<QStringView, QString, QStringView, QStringView, QString>();
-        MainFixture f;
-        f.set(u"Settings", u"FirstTime", firstTime);
-        f.set(u"General", u"SaveDocumentOnExit", saveOnExit);
-        f.set(u"General", u"LoadAction", loadAction);
-        f.set(u"Sites", u"SitesHome1", u"home");
-        f.set(u"Settings", u"DocumentCount", u"2");
-        f.set(u"Settings", u"Document1", u"saved");
-        QVERIFY(f.start(command));
-        QCOMPARE(f.opened().join(u','), opened);
-        QCOMPARE(f.get(u"Settings", u"FirstTime"), firstTime == u"True" ? u"False"_s : firstTime.toString());
-        // Without a document no command was taken out of service: the menu builder's state stands.
-        QVERIFY(f.main().m_cMenu->Enabled(f.main().m_cMenu->IndexForKey(u"mnuFileClose"_s)));
+        const std::initializer_list<std::tuple<QStringView, QString, QStringView, QStringView, QString>> cases{
+            {u"True", u"a"_s, u"True", u"1",
+             u"corvane://www/qtour/index.html"_s},                          // first start ignores the command line
+            {u"False", u"http://a/ b"_s, u"True", u"1", u"http://a/ b"_s},  // command line
+            {u"False", u"\"/a b.html\""_s, u"False", u"1", u"/a b.html"_s}, // quoted
+            {u"False", u"\"a\" b"_s, u"True", u"1", u"a\" "_s},             // text behind the quote
+            {u"False", u""_s, u"False", u"1", u"home"_s},                   // nothing is saved
+            {u"False", u""_s, u"True", u"1", u"saved,home"_s},              // load
+            {u"False", u""_s, u"True", u"3", u""_s},                        // never load
+            {u"False", u""_s, u"True", u"0", u""_s},                        // unknown action
+            {u"perhaps", u""_s, u"False", u"1", u"home"_s}};                // corrupt marker
+        for (const auto &[firstTime, command, saveOnExit, loadAction, opened] : cases) {
+            MainFixture f;
+            f.set(u"Settings", u"FirstTime", firstTime);
+            f.set(u"General", u"SaveDocumentOnExit", saveOnExit);
+            f.set(u"General", u"LoadAction", loadAction);
+            f.set(u"Sites", u"SitesHome1", u"home");
+            f.set(u"Settings", u"DocumentCount", u"2");
+            f.set(u"Settings", u"Document1", u"saved");
+            QVERIFY(f.start(command));
+            QCOMPARE(f.opened().join(u','), opened);
+            QCOMPARE(f.get(u"Settings", u"FirstTime"), firstTime == u"True" ? u"False"_s : firstTime.toString());
+            // Without a document no command was taken out of service: the menu builder's state stands.
+            QVERIFY(f.main().m_cMenu->Enabled(f.main().m_cMenu->IndexForKey(u"mnuFileClose"_s)));
+        }
     }
 
     /// The black list from its file to the window and back.
@@ -124,8 +118,7 @@ private slots:
 
     void modifyMenuFollowsTheDocuments()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         controls::PopupMenu &menu = *f.main().m_cMenu;
         const auto disabled = [&] {
             QStringList keys;
@@ -153,47 +146,44 @@ private slots:
         QCOMPARE(buttons(), u"+----++-+++"_s);
     }
 
-    void minimisingHidesIntoTheTray_data()
-    {
-        rows<bool, bool, QString>({
-            {"tray", {true, true, QString()}},
-            {"locked in the tray", {true, true, u"secret"_s}},
-            {"no tray on this desktop", {true, false, u"secret"_s}},
-            {"off", {false, false, u"secret"_s}},
-        });
-    }
-
     void minimisingHidesIntoTheTray()
     {
-        const auto [toTray, hidden, password] = row<bool, bool, QString>();
-        MainFixture f;
-        f.tray.available = hidden || !toTray;
-        f.seedQuietStart();
-        f.set(u"General", u"MinimizeToTray", fromBoolean(toTray));
-        f.set(u"General", u"TrayPassword", password);
-        f.set(u"Settings", u"MainMaximized", u"True");
-        f.set(u"Settings", u"NavigatorVisible", u"True");
-        QVERIFY(f.start());
-        QCOMPARE(f.tray.tip.isEmpty(), !toTray);
-        // The desktop keeps a window above the one that it belongs to.
-        QVERIFY(f.main().navigator->isVisible());
-        QCOMPARE(f.main().navigator->windowHandle()->transientParent(), f.main().windowHandle());
-        f.main().showMinimized();
-        QTRY_COMPARE(f.main().isHidden(), hidden);
-        QCOMPARE(f.main().navigator->isHidden(), hidden);
-        // Only what is locked away leaves the folder to another program.
-        instance::Lock other;
-        QCOMPARE(other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName),
-                 hidden && !password.isEmpty());
-        other.release();
+        const std::initializer_list<std::tuple<bool, bool, QString>> cases{
+            {true, true, QString()},      // tray
+            {true, true, u"secret"_s},    // locked in the tray
+            {true, false, u"secret"_s},   // no tray on this desktop
+            {false, false, u"secret"_s}}; // off
+        for (const auto &[toTray, hidden, password] : cases) {
+            MainFixture f;
+            f.tray.available = hidden || !toTray;
+            f.seedQuietStart();
+            f.set(u"General", u"MinimizeToTray", fromBoolean(toTray));
+            f.set(u"General", u"TrayPassword", password);
+            f.set(u"Settings", u"MainMaximized", u"True");
+            f.set(u"Settings", u"NavigatorVisible", u"True");
+            QVERIFY(f.start());
+            QCOMPARE(f.tray.tip.isEmpty(), !toTray);
+            // The desktop keeps a window above the one that it belongs to.
+            QVERIFY(f.main().navigator->isVisible());
+            QCOMPARE(f.main().navigator->windowHandle()->transientParent(), f.main().windowHandle());
+            f.main().showMinimized();
+            QTRY_COMPARE(f.main().isHidden(), hidden);
+            QCOMPARE(f.main().navigator->isHidden(), hidden);
+            // Only what is locked away leaves the folder to another program.
+            instance::Lock other;
+            QCOMPARE(other.acquire(f.paths.runtimeFolder.toStdString(), instance::kMutexName),
+                     hidden && !password.isEmpty());
+            other.release();
 
-        // What a minimised window stores as its geometry is what it had before; the Navigator has only gone with it.
-        f.set(u"Settings", u"MainLeft", u"4500");
-        f.close();
-        QCOMPARE(f.get(u"Settings", u"MainLeft"), u"4500"_s);
-        QCOMPARE(f.get(u"Settings", u"MainMaximized"), u"False"_s);
-        QCOMPARE(f.get(u"Settings", u"NavigatorVisible"), u"True"_s);
-        QCOMPARE(f.tray.tip, QString());
+            // What a minimised window stores as its geometry is what it had before; the Navigator has only gone with
+            // it.
+            f.set(u"Settings", u"MainLeft", u"4500");
+            f.close();
+            QCOMPARE(f.get(u"Settings", u"MainLeft"), u"4500"_s);
+            QCOMPARE(f.get(u"Settings", u"MainMaximized"), u"False"_s);
+            QCOMPARE(f.get(u"Settings", u"NavigatorVisible"), u"True"_s);
+            QCOMPARE(f.tray.tip, QString());
+        }
     }
 
     void trayAsksForThePassword()
@@ -253,8 +243,7 @@ private slots:
 
     void addressBarFollowsTheWindow()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         const auto end = [](const QWidget *control) { return control->x() + control->width(); };
         const frmMain &main = f.main();
         f.main().resize(800, 500);
@@ -278,8 +267,7 @@ private slots:
 
     void messageOpensADocument()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         QStringList opened;
         const std::initializer_list<std::tuple<int, QByteArray, QStringList>> cases{
             {9, "http://a/", {u"http://a/"_s}},
@@ -322,8 +310,7 @@ private slots:
 
     void lateMessageIsDropped()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         f.close();
         f.code->MainWindowProc(9, QByteArrayLiteral("http://a/"));
         QCOMPARE(f.opened(), QStringList());

@@ -2,7 +2,6 @@
 
 #include "base/Files.h"
 #include "core/frmWindows.h"
-#include "support/Rows.h"
 
 #include <QClipboard>
 #include <QListWidget>
@@ -17,8 +16,7 @@ class tst_Menus : public QObject
 private slots:
     void everyKeyHasAnEntry()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         const frmMain &main = f.main();
         // The tab strip answers these itself.
         const QStringList elsewhere{u"mnuTabRefresh"_s, u"mnuTabClose"_s, u"mnuTabToggleShrink"_s, u"mnuTabDuplicate"_s,
@@ -48,8 +46,7 @@ private slots:
 
     void windowMenuListsDocuments()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         controls::PopupMenu &menu = *f.main().m_cMenu;
         const auto opened = [&] {
             openMenu(f.main(), u"mnuWindow"_s);
@@ -89,8 +86,7 @@ private slots:
 
     void windowMenuActivates()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         for (const char16_t *url : {u"http://1/", u"http://2/", u"http://3/"})
             f.main().LoadNewDoc(QString::fromUtf16(url));
         const QList<QWidget *> forms = f.main().mdi->forms();
@@ -117,8 +113,7 @@ private slots:
 
     void togglesMoveTheirMark()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         frmMain &main = f.main();
         const auto band = [&](const char16_t *key) {
             return [&main, name = QString::fromUtf16(key)] {
@@ -148,8 +143,7 @@ private slots:
 
     void contentChoicesReachAllDocuments()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly(u"http://1/"_s));
+        StartedMain f(u"http://1/"_s);
         f.main().LoadNewDoc(u"http://2/"_s);
         const auto forget = [&] {
             for (const auto &browser : f.engine.browsers)
@@ -177,8 +171,7 @@ private slots:
 
     void closingDuringARefreshSkipsNobody()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly(u"http://a/"_s));
+        StartedMain f(u"http://a/"_s);
         f.main().LoadNewDoc(u"http://b/"_s);
         f.main().LoadNewDoc(u"http://c/"_s);
         // The change of a setting lets events through before each reload.
@@ -189,54 +182,49 @@ private slots:
             QVERIFY(f.engine.browsers[n]->calls.endsWith(u"Refresh2 3"_s));
     }
 
-    void siteCommands_data()
-    {
-        rows<bool, QString, QString>({
-            {"mnuNavigateHome1", {true, u"h1,h1"_s, u"x,h1"_s}},
-            {"mnuNavigateHome2", {true, u"h2"_s, u"x,h2"_s}}, // the only one that is not sent a second time
-            {"mnuNavigateMail", {true, u"mail,mail"_s, u"x,mail"_s}},
-            {"Home", {false, u"h1,h1"_s, u"x,h1"_s}},
-            {"Home in a new tab", {true, u"h1"_s, u"x|h1"_s}},
-            {"Mail in a new tab", {true, u"mail"_s, u"x|mail"_s}},
-            {"New", {false, u"h1"_s, u"x|h1"_s}},
-            {"mnuFileNew", {false, u"h1"_s, u"x|h1"_s}},
-            {"mnuNewCurrent", {false, u"h1"_s, u"x|x"_s}},
-            {"mnuNewClipboard", {false, u"clip"_s, u"x|clip"_s}},
-            {"mnuHelpContents", {false, u"corvane://www/help.html"_s, u"x|corvane://www/help.html"_s}},
-        });
-    }
-
     void siteCommands()
     {
-        const auto [newTabSetting, withoutDocument, withDocument] = row<bool, QString, QString>();
-        const QString key = QString::fromLatin1(QTest::currentDataTag()).section(u' ', 0, 0);
-        QGuiApplication::clipboard()->setText(u"clip"_s);
-        for (const bool document : {false, true}) {
-            MainFixture f;
-            f.seedQuietStart();
-            for (const auto &[name, address] : {std::pair{u"SitesHome1", u"h1"},
-                                                {u"SitesHome2", u"h2"},
-                                                {u"SitesMail", u"mail"},
-                                                {u"SitesSearch", u"search"},
-                                                {u"SitesNews", u"news"}})
-                f.set(u"Sites", name, address);
-            f.set(u"Control", u"ControlNavNew", fromBoolean(newTabSetting));
-            QVERIFY(f.start(document ? u"x"_s : QString()));
-            if (document)
-                f.engine.browsers[0]->address = u"x"_s;
-            QVERIFY(f.main().commands().run(key));
-            QStringList sent;
-            for (const auto &browser : f.engine.browsers)
-                sent += browser->calls.filter(u"Navigate2"_s).join(u',').remove(u"Navigate2 "_s);
-            QCOMPARE(sent.join(u'|'), document ? withDocument : withoutDocument);
+        // A key, whether a new tab is asked for, and what is sent without and with a document.
+        const std::initializer_list<std::tuple<QString, bool, QString, QString>> cases{
+            {u"mnuNavigateHome1"_s, true, u"h1,h1"_s, u"x,h1"_s},
+            {u"mnuNavigateMail"_s, true, u"mail,mail"_s, u"x,mail"_s},
+            {u"Home"_s, false, u"h1,h1"_s, u"x,h1"_s},
+            {u"Home"_s, true, u"h1"_s, u"x|h1"_s},
+            {u"Mail"_s, true, u"mail"_s, u"x|mail"_s},
+            {u"New"_s, false, u"h1"_s, u"x|h1"_s},
+            {u"mnuFileNew"_s, false, u"h1"_s, u"x|h1"_s},
+            {u"mnuNewCurrent"_s, false, u"h1"_s, u"x|x"_s},
+            {u"mnuNavigateHome2"_s, true, u"h2"_s, u"x,h2"_s}, // the only one that is not sent a second time
+            {u"mnuNewClipboard"_s, false, u"clip"_s, u"x|clip"_s},
+            {u"mnuHelpContents"_s, false, u"corvane://www/help.html"_s, u"x|corvane://www/help.html"_s}};
+        for (const auto &[key, newTabSetting, withoutDocument, withDocument] : cases) {
+            QGuiApplication::clipboard()->setText(u"clip"_s);
+            for (const bool document : {false, true}) {
+                MainFixture f;
+                f.seedQuietStart();
+                for (const auto &[name, address] : {std::pair{u"SitesHome1", u"h1"},
+                                                    {u"SitesHome2", u"h2"},
+                                                    {u"SitesMail", u"mail"},
+                                                    {u"SitesSearch", u"search"},
+                                                    {u"SitesNews", u"news"}})
+                    f.set(u"Sites", name, address);
+                f.set(u"Control", u"ControlNavNew", fromBoolean(newTabSetting));
+                QVERIFY(f.start(document ? u"x"_s : QString()));
+                if (document)
+                    f.engine.browsers[0]->address = u"x"_s;
+                QVERIFY(f.main().commands().run(key));
+                QStringList sent;
+                for (const auto &browser : f.engine.browsers)
+                    sent += browser->calls.filter(u"Navigate2"_s).join(u',').remove(u"Navigate2 "_s);
+                QCOMPARE(sent.join(u'|'), document ? withDocument : withoutDocument);
+            }
         }
     }
 
     /// A document that was opened from a file is called after the file until its page has a title.
     void openedFile()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         click(f.main(), u"mnuFileOpen"_s); // which is left without a choice
         QVERIFY(!f.main().ActiveForm());
         f.dialogs.file = f.folder.filePath(u"a.url"_s);
@@ -248,8 +236,7 @@ private slots:
 
     void textSizeStaysInItsRange()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly());
+        StartedMain f;
         // No document: nothing to do, nothing goes wrong.
         for (const char16_t *key :
              {u"mnuEditIncFont", u"mnuEditResetFont", u"mnuFilePrint", u"mnuNavigateBack", u"mnuFileClose"})
@@ -271,8 +258,7 @@ private slots:
 
     void alignMovesTheBands()
     {
-        MainFixture f;
-        QVERIFY(f.startQuietly(u"x"_s));
+        StartedMain f(u"x"_s);
         frmMain &main = f.main();
         main.resize(600, 500);
         QTRY_VERIFY(main.picHolder->y() < main.mdi->y());
