@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-RecordedBrowser::RecordedBrowser(engine::Engine &engine, const LoopbackSite &site)
+RecordedBrowser::RecordedBrowser(engine::Engine &engine, const LoopbackSite &site, const QString &path)
     : m_host(site.address(QString()))
     , m_browser(engine.createBrowser(&m_window))
 {
@@ -20,6 +20,8 @@ RecordedBrowser::RecordedBrowser(engine::Engine &engine, const LoopbackSite &sit
     m_window.show();
     m_browser->setEventSink(this);
     m_browser->setMessageSink(this);
+    if (!path.isEmpty())
+        QVERIFY2(open(site.address(path)), qPrintable(path));
 }
 
 bool RecordedBrowser::waitForEnd(int times) const
@@ -92,25 +94,15 @@ engine::EngineConfig TestEngine::config() const
 
 namespace {
 
-struct Process
+QByteArray read(int process, const char *file)
 {
-    int parent = 0;
-    bool isZygote = false;
-};
+    QFile source(u"/proc/%1/%2"_s.arg(process).arg(QLatin1StringView(file)));
+    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+}
 
-Process process(int id)
+int parentOf(int process)
 {
-    QFile status(u"/proc/%1/status"_s.arg(id));
-    QFile arguments(u"/proc/%1/cmdline"_s.arg(id));
-    if (!status.open(QIODevice::ReadOnly) || !arguments.open(QIODevice::ReadOnly))
-        return {};
-    Process found;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith("PPid:"))
-            found.parent = line.mid(5).trimmed().toInt();
-    }
-    found.isZygote = arguments.readAll().contains("--type=zygote");
-    return found;
+    return read(process, "stat").split(' ').value(3).toInt();
 }
 
 } // namespace
@@ -120,12 +112,9 @@ int killRenderers()
 {
     int killed = 0;
     for (const QString &name : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
-        const int id = name.toInt();
-        if (id == 0)
-            continue;
-        const Process parent = process(process(id).parent);
-        if (parent.isZygote && parent.parent == QCoreApplication::applicationPid())
-            killed += ::kill(id, SIGKILL) == 0;
+        const int parent = parentOf(name.toInt());
+        if (parentOf(parent) == QCoreApplication::applicationPid() && read(parent, "cmdline").contains("--type=zygote"))
+            killed += ::kill(name.toInt(), SIGKILL) == 0;
     }
     return killed;
 }

@@ -14,7 +14,8 @@
 class RecordedBrowser : public engine::BrowserEvents, public engine::WBMessages
 {
 public:
-    RecordedBrowser(engine::Engine &engine, const LoopbackSite &site);
+    /// Opens a page of the site at once, when one is named.
+    RecordedBrowser(engine::Engine &engine, const LoopbackSite &site, const QString &path = {});
 
     /// One line an event: "navigate /a", "frame /b", "progress" (any number of them in a row), "end", "title T",
     /// "lock 6", "location /a#b", "window", "closing". The site's own addresses stand without their host.

@@ -7,7 +7,6 @@
 #include "base/step.h"
 #include "engine/PageFacets.h"
 #include "engine/PropertiesDialog.h"
-#include "support/Rows.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -81,44 +80,39 @@ private slots:
                     "<p style='break-before: page'>Third apple</p>");
     }
 
-    void savesAndOpensAgain_data()
-    {
-        rows<SaveFormat, QString, QString>({
-            {"complete", {SaveFormat::Complete, u"a page.html"_s, u"Long 40"_s}},
-            {"single file", {SaveFormat::SingleFile, u"a page.mhtml"_s, u"Long 40"_s}},
-            {"HTML only", {SaveFormat::HtmlOnly, u"a page.html"_s, u"Long"_s}},
-        });
-    }
-
     void savesAndOpensAgain()
     {
-        const auto [format, name, title] = row<SaveFormat, QString, QString>();
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(name);
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(m_site.address(u"/long"_s)));
-        WAIT_COMPARE(browser->LocationName(), u"Long 40"_s);
-        // The second time there is something to replace, with a part that the page no longer has.
-        for (int time = 0; time < 2; ++time) {
-            QVERIFY(save(browser, path, format));
-            QStringList expected{name};
-            if (format == SaveFormat::Complete)
-                expected << u"a page_files"_s;
-            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), expected);
-            QFile(folder.filePath(u"a page_files/old.js"_s)).open(QIODevice::WriteOnly);
+        const std::initializer_list<std::tuple<SaveFormat, QString, QString>> cases{
+            {SaveFormat::Complete, u"a page.html"_s, u"Long 40"_s},    // complete
+            {SaveFormat::SingleFile, u"a page.mhtml"_s, u"Long 40"_s}, // single file
+            {SaveFormat::HtmlOnly, u"a page.html"_s, u"Long"_s}};      // HTML only
+        for (const auto &[format, name, title] : cases) {
+            const QTemporaryDir folder;
+            const QString path = folder.filePath(name);
+            RecordedBrowser browser(*m_test.engine, m_site, u"/long"_s);
+            WAIT_COMPARE(browser->LocationName(), u"Long 40"_s);
+            // The second time there is something to replace, with a part that the page no longer has.
+            for (int time = 0; time < 2; ++time) {
+                QVERIFY(save(browser, path, format));
+                QStringList expected{name};
+                if (format == SaveFormat::Complete)
+                    expected << u"a page_files"_s;
+                QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                         expected);
+                QFile(folder.filePath(u"a page_files/old.js"_s)).open(QIODevice::WriteOnly);
+            }
+            m_site.clearRequests();
+            QVERIFY(browser.open(path));
+            WAIT_VERIFY(browser->LocationName().startsWith(title));
+            QVERIFY(m_site.requests().empty() || format == SaveFormat::HtmlOnly);
+            QCOMPARE(find(browser, u"apple"_s).count, 3);
         }
-        m_site.clearRequests();
-        QVERIFY(browser.open(path));
-        WAIT_VERIFY(browser->LocationName().startsWith(title));
-        QVERIFY(m_site.requests().empty() || format == SaveFormat::HtmlOnly);
-        QCOMPARE(find(browser, u"apple"_s).count, 3);
     }
 
     void keepsWhatCannotBeReplaced()
     {
         const QTemporaryDir folder;
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(m_site.address(u"/long"_s)));
+        RecordedBrowser browser(*m_test.engine, m_site, u"/long"_s);
         QVERIFY(!save(browser, folder.filePath(u"missing/a.html"_s), SaveFormat::SingleFile));
         QVERIFY(!save(browser, u"/proc/a.mhtml"_s, SaveFormat::SingleFile));
         QDir(folder.path()).mkdir(u"taken.html"_s);
@@ -134,8 +128,7 @@ private slots:
     void savesPicturesAsTheyAre()
     {
         const QTemporaryDir folder;
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(m_site.address(u"/red.png"_s)));
+        RecordedBrowser browser(*m_test.engine, m_site, u"/red.png"_s);
         QVERIFY(!info(browser).isHtml());
         QVERIFY(save(browser, folder.filePath(u"kept.png"_s), SaveFormat::Original));
         QCOMPARE(QImage(folder.filePath(u"kept.png"_s)).size(), QSize(40, 30));
@@ -144,8 +137,7 @@ private slots:
 
     void printsToPdf()
     {
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(m_site.address(u"/long"_s)));
+        RecordedBrowser browser(*m_test.engine, m_site, u"/long"_s);
         PageSetup wide;
         wide.layout.setOrientation(QPageLayout::Landscape);
         QPageRanges second;
@@ -168,8 +160,7 @@ private slots:
     void printsBackgroundsAsSetUp()
     {
         m_site.page("/red", "Red", "<body style='background: red; height: 90vh'>");
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(m_site.address(u"/red"_s)));
+        RecordedBrowser browser(*m_test.engine, m_site, u"/red"_s);
         for (const bool isPrinted : {false, true, false}) {
             PageSetup setup;
             setup.background = isPrinted;
@@ -187,8 +178,7 @@ private slots:
 
     void finds()
     {
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(m_site.address(u"/long"_s)));
+        RecordedBrowser browser(*m_test.engine, m_site, u"/long"_s);
         QCOMPARE(find(browser, u"apple"_s, {.matchCase = true}).count, 2);
         QCOMPARE(find(browser, u"pear"_s).count, 0);
         for (const int expected : {1, 3, 2})
@@ -210,8 +200,7 @@ private slots:
                               "text/html;charset=iso-8859-2",
                               200,
                               {{"Last-Modified", "Wed, 05 Jun 2019 10:20:30 GMT"}}});
-        RecordedBrowser browser(*m_test.engine, m_site);
-        QVERIFY(browser.open(m_site.address(u"/dated"_s)));
+        RecordedBrowser browser(*m_test.engine, m_site, u"/dated"_s);
         const PageInfo told = info(browser);
         QCOMPARE(
             (QStringList{told.title, told.address, told.contentType, told.encoding, told.protocol}),

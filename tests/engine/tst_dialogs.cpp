@@ -1,6 +1,7 @@
 #include "base/Files.h"
 #include "base/Strings.h"
 #include "engine/FindBar.h"
+#include "engine/InternetOptions.h"
 #include "engine/PageCommands.h"
 #include "engine/PageSetupDialog.h"
 #include "engine/PdfPages.h"
@@ -10,7 +11,6 @@
 #include "engine/SaveDialog.h"
 #include "engine/WebBrowser.h"
 #include "support/Parts.h"
-#include "support/Rows.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -19,10 +19,13 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -94,13 +97,63 @@ struct FakePage : PrintFacet, SaveFacet, InfoFacet, FindFacet
     }
 };
 
+struct FakeHost : OptionsHost
+{
+    EngineSettings present;
+    int applied = 0;
+    bool stores = true;
+    const EngineSettings &settings() const override { return present; }
+    bool apply(const EngineSettings &settings) override
+    {
+        present = settings;
+        ++applied;
+        return stores;
+    }
+    void clear(Traces) override {}
+    QString ownAgent() const override { return u"Engine/1"_s; }
+    QString systemDownloadFolder() const override { return QDir::tempPath(); }
+};
+
 } // namespace
 
-class TestPageDialogs : public QObject
+/// The dialogs of the engine's commands and settings, over pages and hosts that answer when they are told to.
+class TestDialogs : public QObject
 {
     Q_OBJECT
+
+    FakeHost m_host;
+    QPointer<InternetOptions> m_dialog;
+
+    template <typename T>
+    T &child(const char *name)
+    {
+        return part<T>(*m_dialog, name);
+    }
+    void click(const char *name) { clickPart(*m_dialog, name); }
+    bool isEnabled(const char *name) { return child<QWidget>(name).isEnabled(); }
+    QString problem() { return child<QLabel>("lblProblem").text(); }
+    QStringList languages()
+    {
+        QStringList codes;
+        const auto &list = child<QListWidget>("lstLanguages");
+        for (int row = 0; row < list.count(); ++row)
+            codes << list.item(row)->text().section(u'[', -1).remove(u']');
+        return codes;
+    }
+    void openDialog()
+    {
+        delete m_dialog;
+        m_dialog = new InternetOptions(m_host, nullptr);
+        m_dialog->open();
+    }
+
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
+    void cleanup()
+    {
+        delete m_dialog;
+        m_host = {};
+    }
 
     void pageSetupInAFile()
     {
@@ -142,39 +195,35 @@ private slots:
         }
     }
 
-    void saveDialog_data()
-    {
-        rows<int, QString, QString>({
-            {"as proposed", {0, QString(), u"A page.html"_s}},
-            {"single file", {1, u"one"_s, u"one.mhtml"_s}},
-            // An archive under the ending of a page would be shown as text.
-            {"wrong ending", {1, u"one.html"_s, u"one.html.mhtml"_s}},
-            {"other ending", {2, u"v1.2"_s, u"v1.2.html"_s}},
-            {"short ending", {2, u"v.HTM"_s, u"v.HTM"_s}},
-        });
-    }
-
     void saveDialog()
     {
-        const auto [filter, typed, saved] = row<int, QString, QString>();
-        const QTemporaryDir folder;
-        QWidget page;
-        PageInfo info;
-        info.title = u"A page"_s;
-        QString path;
-        SaveFormat format = SaveFormat::Original;
-        QFileDialog *dialog = showSaveDialog(info, folder.path(), &page, [&](const QString &chosen, SaveFormat as) {
-            path = chosen;
-            format = as;
-        });
-        dialog->selectNameFilter(dialog->nameFilters().at(filter));
-        emit dialog->filterSelected(dialog->nameFilters().at(filter));
-        if (!typed.isEmpty())
-            dialog->selectFile(typed);
-        QMetaObject::invokeMethod(dialog, "accept");
-        QCOMPARE(QFileInfo(path).absolutePath(), folder.path());
-        QCOMPARE(QFileInfo(path).fileName(), saved);
-        QCOMPARE(format, static_cast<SaveFormat>(filter)); // complete, single file, HTML only
+        const std::initializer_list<std::tuple<int, QString, QString>> cases{
+            {0, QString(), u"A page.html"_s}, // as proposed
+            {1, u"one"_s, u"one.mhtml"_s},    // single file
+            // An archive under the ending of a page would be shown as text.
+            {1, u"one.html"_s, u"one.html.mhtml"_s}, // wrong ending
+            {2, u"v1.2"_s, u"v1.2.html"_s},          // other ending
+            {2, u"v.HTM"_s, u"v.HTM"_s}};            // short ending
+        for (const auto &[filter, typed, saved] : cases) {
+            const QTemporaryDir folder;
+            QWidget page;
+            PageInfo info;
+            info.title = u"A page"_s;
+            QString path;
+            SaveFormat format = SaveFormat::Original;
+            QFileDialog *dialog = showSaveDialog(info, folder.path(), &page, [&](const QString &chosen, SaveFormat as) {
+                path = chosen;
+                format = as;
+            });
+            dialog->selectNameFilter(dialog->nameFilters().at(filter));
+            emit dialog->filterSelected(dialog->nameFilters().at(filter));
+            if (!typed.isEmpty())
+                dialog->selectFile(typed);
+            QMetaObject::invokeMethod(dialog, "accept");
+            QCOMPARE(QFileInfo(path).absolutePath(), folder.path());
+            QCOMPARE(QFileInfo(path).fileName(), saved);
+            QCOMPARE(format, static_cast<SaveFormat>(filter)); // complete, single file, HTML only
+        }
     }
 
     void pageSetupDialog()
@@ -299,7 +348,117 @@ private slots:
         QCOMPARE(fake.asked, QStringList{u"save A page.html 0"_s});
         QVERIFY(warned.contains(folder.filePath(u"A page.html"_s)));
     }
+
+    void everySettingArrives()
+    {
+        openDialog();
+        QVERIFY(!isEnabled("btnApply"));
+        click("optCacheLimited");
+        child<QSpinBox>("txtCacheSize").setValue(40);
+        click("optProxyManual");
+        child<QComboBox>("cmbProxyType").setCurrentIndex(1);
+        child<QLineEdit>("txtProxyHost").setText(u" proxy.example "_s);
+        child<QSpinBox>("txtProxyPort").setValue(1080);
+        child<QLineEdit>("txtProxyUser").setText(u"me"_s);
+        click("optCookiesNone");
+        click("chkForget");
+        click("chkDoNotTrack");
+        click("chkSystem");
+        child<QLineEdit>("txtFolder").setText(u"~/a/../files/"_s);
+        click("optAgentOld");
+
+        auto expected = *EngineSettings::fromText(
+            "proxy=manual\nproxy-type=socks5\nproxy-host=proxy.example\nproxy-port=1080\nproxy-user=me\ncookies="
+            "none\nforget-at-exit=1\ndo-not-track=1\ncache=limited\ncache-megabytes=40\nagent=old\n");
+        expected.languages = systemLanguages();
+        expected.downloadFolder = QDir::homePath() + u"/files"_s;
+        click("btnApply");
+        QCOMPARE(m_host.present, expected);
+        QVERIFY(!isEnabled("btnApply") && m_dialog->isVisible());
+
+        // A new dialog shows what was applied, and changes nothing by that.
+        openDialog();
+        QVERIFY(!isEnabled("btnApply"));
+        click("btnOk");
+        QVERIFY(!m_dialog->isVisible());
+        QCOMPARE(m_host.applied, 1);
+        QCOMPARE(m_host.present, expected);
+    }
+
+    void wrongInputIsToldAndNotApplied()
+    {
+        const std::initializer_list<std::tuple<QByteArray, QByteArray, QString, int>> cases{
+            {"optProxyManual", "txtProxyHost", {}, 20564},                // no proxy server
+            {"optProxyManual", "txtProxyHost", u"http://proxy"_s, 20565}, // address of one
+            {"optAgentOld", "txtFolder", {}, 20567},                      // no folder
+            {"optAgentOld", "txtFolder", u"files"_s, 20567},              // relative folder
+            {"optAgentCustom", "txtAgent", {}, 20569},                    // no name
+            {"optAgentCustom", "txtAgent", u"\u00e9"_s, 20570}};          // name outside ASCII
+        for (const auto &[choice, field, text, message] : cases) {
+            cleanup();
+            openDialog();
+            click(choice);
+            auto &line = child<QLineEdit>(field);
+            line.selectAll();
+            line.insert(text);
+            QVERIFY(problem().endsWith(LoadResString(message)) && !isEnabled("btnOk") && !isEnabled("btnApply"));
+            line.selectAll();
+            line.insert(field == "txtProxyHost" ? u"host"_s : u"/host"_s);
+            QVERIFY(problem().isEmpty());
+            click("btnOk");
+            QCOMPARE(m_host.applied, 1);
+        }
+    }
+
+    void listOfLanguages()
+    {
+        openDialog();
+        child<QTabWidget>("tabPages").setCurrentWidget(&child<QWidget>("Languages"));
+        click("chkSystem");
+        QCOMPARE(languages(), systemLanguages());
+        auto &name = *child<QComboBox>("cmbLanguage").lineEdit();
+        name.setFocus();
+        const auto add = [&](const QString &text) {
+            name.setText(text);
+            QTest::keyClick(&name, Qt::Key_Return);
+        };
+        add(u"pt-BR"_s);
+        add(u"Nederlands [nl]"_s);
+        add(u"PT-br"_s);
+        QVERIFY(m_dialog->isVisible());
+        QCOMPARE(languages(), systemLanguages() + QStringList({u"pt-BR"_s, u"nl"_s}));
+        add(u"nonsense!"_s);
+        QCOMPARE(problem(), LoadResString(20552).arg(u"nonsense!"_s));
+        name.clear();
+        auto &list = child<QListWidget>("lstLanguages");
+        list.setCurrentRow(list.count() - 1);
+        while (isEnabled("btnUp"))
+            click("btnUp");
+        QCOMPARE(languages().first(), u"nl"_s);
+        while (isEnabled("btnRemove"))
+            click("btnRemove");
+        QCOMPARE(problem(), LoadResString(20566));
+        add(u"fr"_s);
+        click("btnApply");
+        QCOMPARE(m_host.present.languages, QStringList{u"fr"_s});
+        click("chkSystem");
+        click("btnOk");
+        QCOMPARE(m_host.present.languages, QStringList());
+    }
+
+    void whatCouldNotBeStoredIsTold()
+    {
+        openDialog();
+        m_host.stores = false;
+        click("optCookiesNone");
+        click("btnOk");
+        QCOMPARE(problem(), LoadResString(20571));
+        QVERIFY(m_dialog->isVisible());
+        click("btnOk");
+        QTRY_VERIFY(!m_dialog);
+        QCOMPARE(m_host.applied, 1);
+    }
 };
 
-QTEST_MAIN(TestPageDialogs)
-#include "tst_pagedialogs.moc"
+QTEST_MAIN(TestDialogs)
+#include "tst_dialogs.moc"
