@@ -105,13 +105,13 @@ bool WebBrowserControl::navigationRequested(const QUrl &url, QWebEnginePage::Nav
     m_downloads.navigating(url, causeOf(type), isMainFrame, now());
     if (isMainFrame) {
         m_mainRequest = url;
+        m_isAwaited = true;
         m_badCertificate.reset();
         m_content->begin();
     }
     return true;
 }
 
-        m_isAwaited = true;
 /// Tells the document of a navigation. False: it is refused.
 bool WebBrowserControl::reportNavigation(const QUrl &url, bool isMainFrame)
 {
