@@ -36,6 +36,7 @@
 #include "options/frmOptions1.h"
 #include "system/frmQSearch.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDropEvent>
 #include <QLabel>
@@ -220,8 +221,14 @@ void frmMain::wireMenus()
     }
     connect(m_cMenu.get(), &controls::PopupMenu::InitPopupMenu, this, &frmMain::m_cMenu_InitPopupMenu);
     addShortcuts(*this, *m_cMenu, *m_commands, m_mainCode.flags);
-    for (const QKeySequence &keys : {QKeySequence(u"Ctrl+L"_s), QKeySequence(u"F6"_s)})
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, &frmMain::focusAddressBar);
+    auto *toAddressBar = new QAction(this);
+    toAddressBar->setShortcuts({QKeySequence(u"Ctrl+L"_s), QKeySequence(u"F6"_s)});
+    connect(toAddressBar, &QAction::triggered, this, &frmMain::focusAddressBar);
+    addAction(toAddressBar);
+    connect(new QShortcut(Qt::Key_F11, this), &QShortcut::activated, this, [this] {
+        if (Document *document = ActiveForm())
+            document->browser()->setFullScreen(true);
+    });
     m_tabStrip = std::make_unique<TabStrip>(TabStrip::Parts{*this, m_mainCode.settings, *mdi, navigator->ListView1,
                                                             *vbalDTabControl1, *m_cTabMenu, *m_cNew});
     connect(m_tabStrip.get(), &TabStrip::tabMenuCommand, this, [this](const QString &key) { m_commands->run(key); });

@@ -30,6 +30,7 @@
 #include "documents/frmLoad.h"
 #include "documents/frmNavigator.h"
 #include "engine/Engine.h"
+#include "engine/WebBrowser.h"
 #include "system/frmQSearch.h"
 
 #include <QApplication>
@@ -102,6 +103,8 @@ void frmMain::MDIForm_Load()
 
 void frmMain::focusAddressBar()
 {
+    if (Document *document = ActiveForm())
+        document->browser()->setFullScreen(false);
     goNew->setFocus();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     controls::giveFocus(*AddressBar, Qt::ShortcutFocusReason);

@@ -95,6 +95,10 @@ public:
     virtual std::vector<HistoryEntry> backEntries() const = 0;
     virtual std::vector<HistoryEntry> forwardEntries() const = 0;
 
+    /// The page alone fills the screen, until the user or the page leaves that state or the document is covered.
+    virtual bool FullScreen() const { return false; }
+    virtual void setFullScreen(bool) {}
+
     /// A covered page costs nothing: false stops its rendering and throttles its timers.
     virtual void setExposed(bool exposed) = 0;
 

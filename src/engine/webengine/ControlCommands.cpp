@@ -93,9 +93,34 @@ void WebBrowserControl::describe(PageInfo &info) const
     info.security = m_engine.isExcepted(info.url.host()) ? PageInfo::Security::Excepted : PageInfo::Security::Secure;
 }
 
+void WebBrowserControl::setFullScreen(bool on)
+{
+    if (on == FullScreen() || !m_view)
+        return;
+    if (on) {
+        m_fullScreen = new FullScreenWindow(*this, *m_view, [this](QKeyEvent &event) { keyPressEvent(&event); });
+        connect(m_fullScreen, &FullScreenWindow::leaveRequested, this, [this] { setFullScreen(false); });
+        return;
+    }
+    std::exchange(m_fullScreen, nullptr)->giveBack();
+    layOut();
+    m_view->setFocus();
+    // Where the page had asked for it, it learns that it is over.
+    m_page->triggerAction(QWebEnginePage::ExitFullScreen);
+}
+
+void WebBrowserControl::leaveFullScreen()
+{
+    // Not from inside a call of the engine.
+    if (m_fullScreen)
+        QTimer::singleShot(0, this, [this] { setFullScreen(false); });
+}
+
 void WebBrowserControl::layOut()
 {
-    if (m_view && m_tools)
+    if (m_fullScreen && m_tools && m_tools->hasFindBar())
+        leaveFullScreen();
+    if (m_view && m_tools && !m_fullScreen)
         m_view->setGeometry(m_tools->layOut(rect()));
 }
 

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QAuthenticator>
 #include <QWebEngineCertificateError>
+#include <QWebEngineFullScreenRequest>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
@@ -71,6 +72,11 @@ void WebBrowserControl::connectPage()
     connect(page, &QWebEnginePage::windowCloseRequested, this, [this] {
         if (m_openedByPage)
             closeWindow();
+    });
+    page->settings()->setAttribute(QWebEngineSettings::FullScreenSupportEnabled, true);
+    connect(page, &QWebEnginePage::fullScreenRequested, this, [this](QWebEngineFullScreenRequest request) {
+        request.accept();
+        QTimer::singleShot(0, this, [this, on = request.toggleOn()] { setFullScreen(on && isVisible()); });
     });
     connect(page, &QWebEnginePage::certificateError, this, &WebBrowserControl::certificateRefused);
     connect(page, &QWebEnginePage::authenticationRequired, this, &WebBrowserControl::authenticate);
@@ -165,13 +171,13 @@ void WebBrowserControl::loadEnded(const QWebEngineLoadingInfo &info)
     const bool isStopped = info.status() == QWebEngineLoadingInfo::LoadStoppedStatus;
     const bool isFirst = std::exchange(m_isFirstLoad, false);
     const bool stopAsked = std::exchange(m_stopAsked, false);
+    m_isAwaited = false;
     if (!isStopped)
         m_isErrorPage = info.isErrorPage();
     m_boxes.setLeaving(false);
     m_reportedAhead.clear();
     m_downloads.arrived();
 
-    m_isAwaited = false;
     m_standIn.stop();
     reportTitle();
     const QUrl url = m_page->url();
@@ -204,13 +210,13 @@ void WebBrowserControl::addressChanged(const QUrl &url)
         m_load.settle();
         return;
     }
+    m_isAwaited = false;
     m_load.committed();
     // The boxes of the page before have lost their frames.
     m_boxes.withdraw();
     m_isErrorPage = false;
     if (url.scheme() != "https"_L1 || m_engine.isExcepted(url.host()))
         reportLock(false);
-    m_isAwaited = false;
 }
 
 void WebBrowserControl::reportLock(bool secure)
@@ -266,11 +272,13 @@ void WebBrowserControl::scriptFailed()
 
 void WebBrowserControl::boxRequested(const BoxRequest &request)
 {
+    leaveFullScreen();
     m_boxes.ask(request);
 }
 
 void WebBrowserControl::alertRequested(const QUrl &origin, const QString &message)
 {
+    leaveFullScreen();
     m_boxes.tell(origin.toString(QUrl::RemovePath | QUrl::RemoveUserInfo | QUrl::StripTrailingSlash), message);
 }
 

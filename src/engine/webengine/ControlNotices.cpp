@@ -15,6 +15,7 @@ void WebBrowserControl::showNotice(const QString &title, const QString &text,
                                    const std::vector<Overlay::Choice> &choices)
 {
     removeNotice();
+    leaveFullScreen();
     m_notice = new Overlay(this, title, text, choices);
     if (m_wantsFocus)
         m_notice->setFocus();
@@ -134,6 +135,7 @@ void WebBrowserControl::askForCredentials(const QString &key, const QString &fro
 {
     if (m_passwordBox)
         return;
+    leaveFullScreen();
     controls::PageBox::Content content;
     content.title = LoadResString(20119);
     content.from = from;

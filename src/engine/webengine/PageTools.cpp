@@ -110,7 +110,7 @@ bool PageTools::zoomKeyPressed(const QKeyEvent &event)
 
 QRect PageTools::layOut(const QRect &room)
 {
-    if (!m_bar || m_bar->isHidden())
+    if (!hasFindBar())
         return room;
     const int height = std::min(m_bar->sizeHint().height(), room.height());
     m_bar->setGeometry(room.left(), room.bottom() + 1 - height, room.width(), height);

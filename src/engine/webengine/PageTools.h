@@ -36,6 +36,7 @@ public:
     bool keyPressed(const QKeyEvent &event);
     /// Whether the download is a page that is being saved.
     bool takes(QWebEngineDownloadRequest &download) { return m_saver.takes(download); }
+    bool hasFindBar() const { return m_bar && !m_bar->isHidden(); }
     /// Puts the find bar, if it is open, to the bottom of `room`; gives what is left of it.
     QRect layOut(const QRect &room);
 

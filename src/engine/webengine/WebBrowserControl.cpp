@@ -54,6 +54,7 @@ void WebBrowserControl::shutDown()
     setEventSink(nullptr);
     setMessageSink(nullptr);
     m_boxes.setLeaving(true);
+    setFullScreen(false);
     m_engine.channel().leave(*this);
     m_tools.reset();
     m_fill.reset();
@@ -135,7 +136,6 @@ void WebBrowserControl::GoForward()
     m_page->history()->forward();
 }
 
-/// The user turns away from the page: nothing of it may hold up what comes next.
 void WebBrowserControl::loadAgain()
 {
     if (!m_load.isLoading() && !LocationURL().startsWith("http"_L1))
@@ -152,6 +152,7 @@ void WebBrowserControl::loadAgain()
     }
 }
 
+/// The user turns away from the page: nothing of it may hold up what comes next.
 void WebBrowserControl::leavePage()
 {
     m_stopAsked = false;
@@ -199,6 +200,8 @@ std::vector<HistoryEntry> WebBrowserControl::forwardEntries() const
 
 void WebBrowserControl::setExposed(bool exposed)
 {
+    if (!exposed)
+        setFullScreen(false);
     if (m_view->isVisibleTo(this) == exposed)
         return;
     // Hiding takes the focus away from the view, which is to have it back when the document comes to the front again.

@@ -4,6 +4,7 @@
 #include "engine/RequestLimit.h"
 #include "engine/WebBrowser.h"
 #include "engine/webengine/ContentEffects.h"
+#include "engine/webengine/FullScreenWindow.h"
 #include "engine/webengine/LoadReports.h"
 #include "engine/webengine/Overlay.h"
 #include "engine/webengine/Page.h"
@@ -60,6 +61,8 @@ public:
     std::vector<HistoryEntry> backEntries() const override;
     std::vector<HistoryEntry> forwardEntries() const override;
     void setExposed(bool exposed) override;
+    bool FullScreen() const override { return m_fullScreen; }
+    void setFullScreen(bool on) override;
     PrintFacet *printFacet() override;
     SaveFacet *saveFacet() override;
     FindFacet *findFacet() override;
@@ -71,11 +74,11 @@ public:
     void noteUserAct();
     bool isShowing(const QWebEnginePage *page) const;
     void tellStatus(const QString &text);
+    /// The engine has cut off everything that comes from the network: gets the page again, or what was to become it.
+    void loadAgain();
     /// Whether the download is this document being saved; then it is taken care of.
     bool takesDownload(QWebEngineDownloadRequest &download);
     /// Whether the policy lets the page start the download. Tells the user when it does not.
-    /// The engine has cut off everything that comes from the network: gets the page again, or what was to become it.
-    void loadAgain();
     bool allowsDownload(const QWebEngineDownloadRequest &download);
     /// Deletes the page. Nothing works afterwards but destruction.
     void shutDown();
@@ -130,6 +133,8 @@ private:
     void makeTools();
     void makeFill();
     void describe(PageInfo &info) const;
+    /// What the user has to see comes up where the page was.
+    void leaveFullScreen();
     void layOut();
 
     void leavePage();
@@ -140,6 +145,7 @@ private:
     WebEngine &m_engine;
     std::unique_ptr<Page> m_page;
     std::unique_ptr<QWebEngineView> m_view;
+    QPointer<FullScreenWindow> m_fullScreen;
     std::unique_ptr<PageTools> m_tools;
     std::unique_ptr<PageFill> m_fill;
     /// The document is being told of the end of a load.
@@ -161,14 +167,14 @@ private:
     bool m_hasPage = false;
     /// The navigation of the page itself that was let through last.
     QUrl m_mainRequest;
+    /// It has brought nothing yet.
+    bool m_isAwaited = false;
     /// A navigation that was reported without waiting for the engine, which then must not report it again.
     QUrl m_reportedAhead;
     bool m_isErrorPage = false;
     bool m_stopAsked = false;
 
     /// A page opened this window, so that its script may close it.
-    /// It has brought nothing yet.
-    bool m_isAwaited = false;
     bool m_openedByPage = false;
     bool m_isFirstLoad = true;
     /// A page that asks for more windows than 20 in 10 seconds, without the user acting in it, is out to harm. It gets
