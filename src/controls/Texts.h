@@ -30,13 +30,17 @@ inline QString drawableLine(const QString &text, int limit)
     return line;
 }
 
-/// The same for a tooltip. Text of a page must never be taken for markup, so it is escaped.
+/// The same for a tooltip. Text of a page must never be taken for markup, so it is escaped. A tooltip with markup
+/// breaks its lines early, so a text that fits into one is held together.
 inline QString drawableToolTip(const QString &text)
 {
     constexpr int kLimit = 600;
+    constexpr int kOneLine = 80;
     if (text.isEmpty())
         return {};
-    return QStringLiteral("<span>%1</span>").arg(drawableLine(text, kLimit).toHtmlEscaped());
+    const QString frame = text.size() > kOneLine ? QStringLiteral("<span>%1</span>")
+                                                 : QStringLiteral("<span style='white-space:nowrap'>%1</span>");
+    return frame.arg(drawableLine(text, kLimit).toHtmlEscaped());
 }
 
 } // namespace controls

@@ -1,5 +1,6 @@
 #include "documents/AddressBarRules.h"
 
+#include "base/Strings.h"
 #include "base/step.h"
 #include "controls/ComboBox.h"
 #include "core/state/Document.h"
@@ -8,6 +9,12 @@
 #include "documents/AddressCompletion.h"
 
 #include <QAbstractButton>
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -50,6 +57,33 @@ AddressBarRules::AddressBarRules(const Parts &parts, QObject *parent)
         AddressBar_Click();
         tellSent();
     });
+
+    bar->lineEdit()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(bar->lineEdit(), &QWidget::customContextMenuRequested, this, &AddressBarRules::showMenu);
+}
+
+/// The menu of every text box, with an entry that sends what the clipboard holds.
+void AddressBarRules::showMenu(const QPoint &at)
+{
+    QLineEdit &box = *m_parts.AddressBar.lineEdit();
+    QMenu *menu = box.createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QList<QAction *> entries = menu->actions();
+    const QString key = QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
+    const auto paste =
+        std::find_if(entries.begin(), entries.end(), [&](const QAction *entry) { return entry->text().endsWith(key); });
+    const auto behind = paste == entries.end() ? paste : paste + 1;
+    auto *pasteAndGo = new QAction(LoadResString(20062), menu);
+    const QString address = QGuiApplication::clipboard()->text().trimmed();
+    pasteAndGo->setEnabled(!address.isEmpty());
+    connect(pasteAndGo, &QAction::triggered, this, [this, address] {
+        m_parts.AddressBar.setText(address);
+        int enter = kEnter;
+        AddressBar_Key(enter, 0);
+        tellSent();
+    });
+    menu->insertAction(behind == entries.end() ? nullptr : *behind, pasteAndGo);
+    menu->popup(box.mapToGlobal(at));
 }
 
 void AddressBarRules::tellSent()

@@ -53,6 +53,7 @@ signals:
     void addressSent();
 
 private:
+    void showMenu(const QPoint &at);
     void tellSent();
 
     Parts m_parts;

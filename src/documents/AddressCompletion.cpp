@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStandardItemModel>
+#include <algorithm>
 
 namespace {
 
@@ -26,6 +27,17 @@ QStringView typedPart(QStringView address)
             address = address.mid(prefix.size());
     }
     return address.startsWith(QLatin1StringView("www."), Qt::CaseInsensitive) ? address.mid(4) : address;
+}
+
+/// Whether one of the addresses leads where `address` does: one that was typed without its scheme gets http.
+bool leadsThere(const QStringList &addresses, QStringView address)
+{
+    const auto bare = [](QStringView text) {
+        constexpr QLatin1StringView kScheme("http://");
+        return text.startsWith(kScheme, Qt::CaseInsensitive) ? text.mid(kScheme.size()) : text;
+    };
+    return std::any_of(addresses.begin(), addresses.end(),
+                       [&](const QString &one) { return bare(one) == bare(address); });
 }
 
 } // namespace
@@ -86,7 +98,7 @@ QStringList AddressCompletion::suggestions(const QString &text) const
     QStringList inside;
     for (int index = 0; index < qMin(m_bar.ListCount(), kListEntries); ++index) {
         const QString entry = m_bar.List(index);
-        if (found.contains(entry) || inside.contains(entry))
+        if (leadsThere(found, entry) || leadsThere(inside, entry))
             continue;
         if (typedPart(entry).startsWith(typed, Qt::CaseInsensitive))
             found << entry;
@@ -96,7 +108,7 @@ QStringList AddressCompletion::suggestions(const QString &text) const
     found += inside;
     if (m_visits && found.size() < kMost) {
         for (const engine::Visit &visit : m_visits->find(text, kMost)) {
-            if (!found.contains(visit.address))
+            if (!leadsThere(found, visit.address))
                 found << visit.address;
         }
     }
