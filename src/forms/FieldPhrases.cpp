@@ -16,7 +16,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"mailing|iphone|microphone|today|yesterday|holiday|monday|sunday|filename|hostname|domainname|tournament|"
      u"provider|provided|provision|approve|improve|middlesex|sussex|essex|subtitle|useragent|postcard|hotel|"
      u"cardinal|discard|address book|zipper|landscape|nameplate|yearly|monthly|birthday card|phonetic|namespace|"
-     u"rename|statistic|transparent|apparent"},
+     u"rename|statistic|transparent|apparent|no po box|no p o box|no post office"},
     // Whose name is the user's.
     {Trap, kStrong,
      u"'customer s|'holder s|'cardholder s|'card holder s|'account holder s|'buyer s|'purchaser s|'applicant s|'guest s|"
@@ -96,7 +96,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"entry code|gate code|ip address|web address|wallet address|delivery instructions|instructions|neighborhood|"
      u"neighbourhood|bairro|colonia"},
     {Other, kStrong,
-     u"passport|bank account|bankaccount|bank code|bankcode|bank number|bank branch|bank address|bank id|"
+     u"passport|bank account|bankaccount|bank code|bankcode|bank number|bank branch|bank address|bank contact|bank manager|bank phone|bank city|bank id|"
      u"bank country|issue number|issueno|issue no|issue date|start date|startdate|valid from|start month|"
      u"start year|card issue|departure|depart|depdate|arrival|arrive|check in|checkin|check out|checkout date|"
      u"pick up|pickup|drop off|dropoff|return date|travel date|delivery date|delivery day|delivery time|"
@@ -125,13 +125,13 @@ constexpr FieldPhrases kPhrases[] = {
      u"name of company|name of organization|nombre de la empresa|nombre de empresa|nom de l entreprise|"
      u"nom de la societe|nome azienda|campaign"},
     {Other, kStrong,
-     u"website|homepage|webseite|web site|site web|sitio web|=url|weburl|urlname|site name|sitename|blog|facebook|"
+     u"website|homepage|=www|webseite|web site|site web|sitio web|=url|weburl|urlname|site name|sitename|blog|facebook|"
      u"twitter|linkedin|instagram|skype|=icq|=aim|whatsapp group|telegram"},
     {Other, kStrong,
      u"language|=sprache|langue|idioma|lingua|currency|wahrung|devise|moneda|time zone|timezone|zeitzone|"
      u"email format|email type|emailtype|email frequency|email preference|email opt in|emailoptin|email optin|"
      u"email password|hear about|how did you|referred by|industry|branche|secteur|education|school|university|"
-     u"degree|marital|familienstand|religion|ethnic|=race|veteran|=hobby|interests|relationship"},
+     u"degree|marital|familienstand|religion|ethnic|=race|freeform|self describe|please specify|veteran|=hobby|interests|relationship"},
 
     // The record's own, in its order.
     {Sex, kStrong, u"~sex|gender|geschlecht|sexe|sexo|sesso|genere|geslacht|genero|=пол|性别|性別|성별"},
@@ -219,14 +219,14 @@ constexpr FieldPhrases kPhrases[] = {
      u"kartentyp|kartenart|kreditkartentyp|type de carte|tipo de tarjeta|tipo tarjeta|tipo di carta|tipo carta|"
      u"tipo de cartao|creditcard type|カード種類|カード会社"},
     {CardCode, kStrong,
-     u"=cvv|=cvc|=csc|=cvn|=ccv|=cid|cvv2|cvc2|cvv number|cvvnumber|cvvcode|cvccode|=cvd|=cvs|cardcvv|cardcvc|"
+     u"=cvv|=cvc|=csc|=cvn|=ccv|=cid|=cv2|cvv2|cvc2|cvv number|cvvnumber|cvvcode|cvccode|=cvd|=cvs|cardcvv|cardcvc|"
      u"cccvv|cccvc|ccvv|ccid|cccsc|creditcardcvv|card code|cardcode|card verification|cardverification|"
      u"card security|cardsecurity|card id number|kartenprufnummer|kartenprufziffer|cryptogramme"},
     {CardNumber, kStrong,
      u"card number|cardnumber|cardnum|card num|card no|cardno|card nbr|card nr|cardnr|credit num|creditnum|"
      u"credit no|creditno|cc num|ccnum|cc number|ccnumber|cc no|ccno|cc nr|ccnr|number on card|credit card number|"
      u"creditcardnumber|debit card number|card account|cardaccount|cc account|kartennummer|kreditkartennummer|"
-     u"kreditkarten nr|numero de carte|numero de la carte|numero de tarjeta|numero tarjeta|numero della carta|"
+     u"kreditkarten nr|numero de carte|numero de votre carte|numero de la carte|carte num|=carte no|tarjeta num|karte nr|karten nr|numero de tarjeta|numero tarjeta|numero della carta|"
      u"numero carta|kaartnummer|numero do cartao|номер карты|カード番号|卡号|카드 번호|카드번호|n tarjeta|"
      u"num tarjeta|numtarjeta|nro tarjeta|no tarjeta|n carte|num carte|numcarte|n carta|numer karty|kortnummer|"
      u"numero di carta|numero di carta di credito|numero de la tarjeta|numero de la tarjeta de credito|n de carte|"
@@ -331,14 +331,12 @@ constexpr FieldPhrases kPhrases[] = {
     {Companion, kWeak,
      u"passenger|passengers|traveler|travelers|traveller|travellers|=pax|guest|guests|participant|participants|attendee|"
      u"attendees|=adult|=adults|driver|drivers|applicant|applicants|teilnehmer|reisender|reisende|mitreisender|"
-     u"passagier|passagiere|passager|passagers|voyageur|voyageurs|pasajero|pasajeros|viajero|viajeros|passeggero|"
+     u"passagier|passagiere|passager|passagers|voyageur|voyageurs|pasajero|pasajeros|members|people|personen|viajero|viajeros|passeggero|"
      u"passeggeri"},
     {Sender, kWeak,
      u"sender|'your first|'your last|'your name|'your full|absender|'ihr vorname|'ihr name|expediteur|'votre nom|"
      u"'votre prenom|remitente|'tu nombre|mittente"},
-    {Recipient, kWeak,
-     u"recipient|=recip|deliver|delivery|=deliv|receiver|empfanger|empfaenger|lieferadresse|destinataire|livraison|"
-     u"destinatario|entrega|envio"},
+    {Recipient, kWeak, u"recipient|=recip|receiver|empfanger|empfaenger|destinataire|destinatario"},
     {CardWord, kWeak,
      u"card|=credit|payment|karte|kreditkarten|=carte|tarjeta|=carta|cartao|カード|=debit|billing card|karten"},
 };

@@ -227,6 +227,7 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
     reading.isSecond = words.letters().contains(u'2');
     std::optional<decltype(rankOf(Match{}))> best;
     FieldKinds sure;
+    bool isFirst = true;
     const int last = from == FieldWords::From::Name ? sayingPart(words) : 0;
     forEachMatch(words, from, [&](Match match) {
         const FieldKind kind = match.phrase->kind;
@@ -240,6 +241,8 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
             reading.person = numberBeside(words, match);
         if (!decides(kind))
             return;
+        const bool isForeign = isFirst && kind == FieldKind::Other && !match.phrase->isLate && !isWeak(match);
+        isFirst = false;
         if (!isWeak(match))
             sure.add(kind);
         const auto rank = rankOf(match);
@@ -250,7 +253,7 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         reading.isWeak = isWeak(match);
         reading.isFar = match.isFar;
         reading.isAlone = words.isStartOfPart(match.at) && words.isStartOfPart(match.end());
-        reading.isForeign = kind == FieldKind::Other && !match.phrase->isLate && !reading.isWeak;
+        reading.isForeign = isForeign;
     });
     reading.isWholeName = sure.has(FieldKind::FullName);
     // "Street and house number"

@@ -14,7 +14,7 @@ struct TextReading
     bool isWeak = false;
     /// It stands in front of another part of a path that says something of its own ("address" in "address[note]").
     bool isFar = false;
-    /// It is something that the record does not hold, by a word that counts before those of the record.
+    /// It is something that the record does not hold, by the first word of all and one that counts before the record's.
     bool isForeign = false;
     /// It counts what it asks for: "line 2".
     bool isSecond = false;
