@@ -2,6 +2,7 @@
 
 #include "base/step.h"
 #include "controls/ImageList.h"
+#include "controls/Texts.h"
 #include "controls/VirtualKeys.h"
 
 #include <QAbstractItemView>
@@ -12,6 +13,7 @@
 #include <QListView>
 #include <QPointer>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 namespace controls {
 
@@ -20,6 +22,21 @@ namespace {
 constexpr int kIconRole = Qt::UserRole + 1;
 /// Lines of the drop-down list before it scrolls.
 constexpr int kVisibleItems = 16;
+/// Characters of an entry that are drawn. Entries can be whole documents that somebody has pasted.
+constexpr int kDrawnLength = 500;
+
+class EntryDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->text = drawableLine(option->text, kDrawnLength);
+    }
+};
 
 } // namespace
 
@@ -37,6 +54,7 @@ ComboBox::ComboBox(QWidget *parent)
     setPlaceholderText(QStringLiteral(" "));
     if (auto *list = qobject_cast<QListView *>(view()))
         list->setUniformItemSizes(true);
+    view()->setItemDelegate(new EntryDelegate(this));
     lineEdit()->setCompleter(nullptr);
     // QComboBox takes a finished edit whose text equals an entry for a pick of that entry.
     disconnect(lineEdit(), SIGNAL(editingFinished()), this, nullptr);
