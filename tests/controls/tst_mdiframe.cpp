@@ -6,32 +6,25 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QTest>
-#include <QVBoxLayout>
 
 using namespace controls;
 using namespace Qt::StringLiterals;
 
 /// A form that counts what is done to it.
-class Form : public QWidget
+class Form : public QLineEdit
 {
 public:
     explicit Form(const QString &name)
     {
         setObjectName(name);
-        auto *column = new QVBoxLayout(this);
-        m_edit = new QLineEdit(this);
-        column->addWidget(m_edit);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     }
-    QLineEdit *edit() const { return m_edit; }
     int resizes = 0;
     int paints = 0;
 
 protected:
     void resizeEvent(QResizeEvent *) override { ++resizes; }
     void paintEvent(QPaintEvent *) override { ++paints; }
-
-private:
-    QLineEdit *m_edit;
 };
 
 /// A main window with a menu bar, as the worst that can happen to a frame, and a note of what the frame tells.
@@ -133,9 +126,9 @@ private slots:
         Form *a = window.add(u"a"_s);
         Form *b = window.add(u"b"_s);
         window.open();
-        connect(b->edit(), &QLineEdit::textChanged, b, [&] { window.frame->removeForm(b); });
+        connect(b, &QLineEdit::textChanged, b, [&] { window.frame->removeForm(b); });
         window.takeLog();
-        QTest::keyClicks(b->edit(), u"x"_s);
+        QTest::keyClicks(b, u"x"_s);
         QTRY_COMPARE(window.frame->subWindowList().size(), 1);
         QCOMPARE(window.takeLog(), (QStringList{u"off -"_s, u"on a"_s}));
 
@@ -238,7 +231,7 @@ private slots:
         QMdiSubWindow *child = window.frame->subWindowList().last();
         window.frame->setCaption(b, u"A page"_s);
 
-        QTest::mouseClick(a->edit(), Qt::LeftButton); // into a form that lies behind
+        QTest::mouseClick(a, Qt::LeftButton); // into a form that lies behind
         QCOMPARE(window.frame->activeForm(), a);
         child->showMaximized();
         QVERIFY(!child->isMaximized());

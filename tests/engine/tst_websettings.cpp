@@ -1,5 +1,6 @@
 #include "EngineFixture.h"
 #include "support/Parts.h"
+#include "support/Rows.h"
 #include "support/Wait.h"
 
 #include "base/Strings.h"
@@ -195,19 +196,18 @@ private slots:
 
     void whatSitesStoreOutlivesTheProgramOrNot_data()
     {
-        QTest::addColumn<QList<const char *>>("chosen");
-        QTest::addColumn<bool>("isKept");
-        QTest::newRow("kept") << QList<const char *>() << true;
-        QTest::newRow("forgotten at the end") << QList<const char *>{"chkForget"} << false;
-        QTest::newRow("cleared") << QList<const char *>{"chkCookies", "btnClear"} << false;
-        QTest::newRow("cleared with the cache") << QList<const char *>{"chkCookies", "chkTemp", "btnClear"} << false;
-        QTest::newRow("without the cache") << QList<const char *>{"chkTemp", "btnClear"} << true;
+        rows<QList<const char *>, bool>({
+            {"kept", {QList<const char *>(), true}},
+            {"forgotten at the end", {{"chkForget"}, false}},
+            {"cleared", {{"chkCookies", "btnClear"}, false}},
+            {"cleared with the cache", {{"chkCookies", "chkTemp", "btnClear"}, false}},
+            {"without the cache", {{"chkTemp", "btnClear"}, true}},
+        });
     }
 
     void whatSitesStoreOutlivesTheProgramOrNot()
     {
-        QFETCH(const QList<const char *>, chosen);
-        QFETCH(const bool, isKept);
+        const auto [chosen, isKept] = row<QList<const char *>, bool>();
         addCookiePages();
         m_site.page("/store", "Store", "<script>localStorage.x = 1; document.title = 'Kept'</script>");
         m_site.page("/stored", "", "<script>document.title = 'Stored ' + localStorage.getItem('x')</script>");
@@ -264,24 +264,19 @@ private slots:
     void cutOffByAnEmptyCache_data()
     {
         using Ending = LoopbackSite::Ending;
-        QTest::addColumn<QByteArray>("method");
-        QTest::addColumn<Ending>("ending");
-        QTest::addColumn<int>("times");
-        QTest::newRow("a page on its way") << QByteArray("get") << Ending::Held << 2;
-        QTest::newRow("half a page") << QByteArray("get") << Ending::Halved << 2;
-        QTest::newRow("a form on its way") << QByteArray("post") << Ending::Held << 1;
-        QTest::newRow("the answer to a form") << QByteArray("post") << Ending::Complete << 1;
+        rows<QByteArray, Ending, int>({
+            {"a page on its way", {"get", Ending::Held, 2}},
+            {"half a page", {"get", Ending::Halved, 2}},
+            {"a form on its way", {"post", Ending::Held, 1}},
+            {"the answer to a form", {"post", Ending::Complete, 1}},
+        });
     }
 
     /// Every load comes to an end, and no form is sent twice.
     void cutOffByAnEmptyCache()
     {
-        QFETCH(const QByteArray, method);
-        QFETCH(const LoopbackSite::Ending, ending);
-        QFETCH(const int, times);
-        LoopbackSite::Answer answer{"<title>Answer</title>"};
-        answer.ending = ending;
-        m_site.add("/answer", answer);
+        const auto [method, ending, times] = row<QByteArray, LoopbackSite::Ending, int>();
+        m_site.add("/answer", {"<title>Answer</title>", "text/html", 200, {}, ending});
         m_site.page("/form", "Form",
                     "<form action='/answer' method='" + method +
                         "'></form><script>onload = () => setTimeout(() => document.forms[0].submit())</script>");
