@@ -38,18 +38,6 @@ QVariant ScriptedBrowser::ExecWB(int cmdid, int cmdexecopt, const QVariant &inva
     return execResult;
 }
 
-void ScriptedBrowser::setSilent(bool on)
-{
-    record(u"Silent"_s, on ? u"True"_s : u"False"_s);
-    silent = on;
-}
-
-void ScriptedBrowser::setRegisterAsBrowser(bool on)
-{
-    record(u"RegisterAsBrowser"_s, on ? u"True"_s : u"False"_s);
-    registered = on;
-}
-
 void ScriptedBrowser::Exec(int command, int option, int value)
 {
     record(u"Exec"_s, u"%1 %2 %3"_s.arg(command).arg(option).arg(value));

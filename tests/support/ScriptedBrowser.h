@@ -29,9 +29,9 @@ public:
     QString LocationURL() const override { return address; }
     QString LocationName() const override { return title.isEmpty() ? address : title; }
     bool Silent() const override { return silent; }
-    void setSilent(bool on) override;
+    void setSilent(bool on) override { set(QStringLiteral("Silent"), silent, on); }
     bool RegisterAsBrowser() const override { return registered; }
-    void setRegisterAsBrowser(bool on) override;
+    void setRegisterAsBrowser(bool on) override { set(QStringLiteral("RegisterAsBrowser"), registered, on); }
     void Exec(int command, int option = 0, int value = 0) override;
     QVariant ambientProperty(int dispid) const override { return ambient.value(dispid); }
     void setAmbientProperty(int dispid, const QVariant &value) override;
@@ -68,6 +68,11 @@ public:
 private:
     void fill(std::shared_ptr<const engine::FormRecord> record, bool locked) override;
     void record(const QString &operation, const QString &arguments = {});
+    void set(const QString &operation, bool &value, bool on)
+    {
+        record(operation, on ? QStringLiteral("True") : QStringLiteral("False"));
+        value = on;
+    }
 };
 
 /// Makes scripted browsers and remembers them in the order of their making.
