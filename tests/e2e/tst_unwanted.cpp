@@ -37,11 +37,16 @@ QByteArray later(const QByteArray &code)
     return script("fetch('/go').then(() => { " + code + " })");
 }
 
+QByteArray dataFile(const char *name)
+{
+    return readFile(QStringLiteral(E2E_DATA "/") + QLatin1StringView(name)).value();
+}
+
 /// Everything that the policy is about, in a page ("m") and in a frame of another site ("f"). Each part asks the site
 /// for an address of its own when it is loaded or runs.
 QByteArray everything(const QByteArray &where)
 {
-    return readFile(QStringLiteral(E2E_DATA "/everything.html")).value().replace("%1", where);
+    return dataFile("everything.html").replace("%1", where);
 }
 
 struct Choice
@@ -135,7 +140,7 @@ private slots:
     {
         QTest::addColumn<QByteArrayList>("row");
         int count = 0;
-        for (const QByteArray &line : readFile(QStringLiteral(E2E_DATA "/windows.txt")).value().split('\n')) {
+        for (const QByteArray &line : dataFile("windows.txt").split('\n')) {
             if (line.isEmpty() || line.startsWith(';'))
                 continue;
             const QByteArrayList cells = QByteArray(line).replace(" | ", "|").split('|');
@@ -294,24 +299,12 @@ private slots:
 
     void flash()
     {
-        // Each element tells the site the size of what stands in its place.
-        const QByteArray tells =
-            script("setInterval(() => { for (const e of document.querySelectorAll('[id]')) { "
-                   "const box = e.previousElementSibling; if (box && !e.told && "
-                   "getComputedStyle(e).display === 'none') { e.told = 1; "
-                   "fetch('/box-' + e.id + '-' + box.offsetWidth + 'x' + box.offsetHeight) } } }, 50)");
-        const QByteArray movie = " type=application/x-shockwave-flash ";
-        m_site.page("/cage", "Frame", "<embed id=framed" + movie + "src=a.swf width=120 height=60>" + tells);
-        m_site.page(
-            "/flash", "Flash",
-            "<style>body { margin: 0 } span, a { display: none !important; width: 1px !important; font: 3px serif "
-            "!important }</style><b></b>"
-            "<object id=object classid='clsid:D27CDB6E-AE6D-11cf-96B8-444553540000' width=400 height=300>"
-            "<param name=movie value=a.swf><embed src=a.swf></object>"
-            "<b></b><iframe src=/cage></iframe><iframe sandbox=allow-scripts src='" +
-                m_site.address(u"/cage"_s, u"localhost"_s).toLatin1() + "'></iframe>" + tells +
-                later("document.body.insertAdjacentHTML('beforeend', "
-                      "'<b></b><embed id=late src=b.swf?x style=\"width: 88px; height: 31px\">')"));
+        m_site.add("/tells.js", {dataFile("tells.js"), "text/javascript"});
+        m_site.page("/cage", "Frame",
+                    "<embed id=framed type=application/x-shockwave-flash src=a.swf width=120 height=60>"
+                    "<script src=/tells.js></script>");
+        m_site.page("/flash", "Flash",
+                    dataFile("flash.html").replace("%1", m_site.address(u"/cage"_s, u"localhost"_s).toLatin1()));
         settings().EnableFlash = false;
         f().document(1).NavigateDoc(at(u"/flash"_s));
         QVERIFY(m_site.waitFor("/box-object-400x300"));
