@@ -185,8 +185,9 @@ void settleDate(const Readings &readings, const FormEntry &entry, FieldGuess &gu
     } else if (guess.kind == BirthDate && day + month + year == 1) {
         guess.kind = day ? BirthDay : month ? BirthMonth : BirthYear;
     }
+    // A month and a year without a word for a card need one beside them.
     if (isBirth(guess.kind) || guess.kind == CardDate || guess.kind == CardMonth || guess.kind == CardYear)
-        guess.isWeak = false;
+        guess.isWeak = guess.kind == CardDate && !said.hasAny(CardDate, CardMonth, CardYear, CardWord);
 }
 
 /// What the options show where the words leave it open.

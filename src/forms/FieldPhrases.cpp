@@ -16,7 +16,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"mailing|iphone|microphone|today|yesterday|holiday|monday|sunday|filename|hostname|domainname|tournament|"
      u"provider|provided|provision|approve|improve|middlesex|sussex|essex|subtitle|useragent|postcard|hotel|"
      u"cardinal|discard|address book|zipper|landscape|nameplate|yearly|monthly|birthday card|phonetic|namespace|"
-     u"rename|statistic|transparent|apparent|no po box|no p o box|no post office"},
+     u"rename|statistic|transparent|apparent|occupant|occupants|occupancy|no po box|no p o box|no post office"},
     // Whose name is the user's.
     {Trap, kStrong,
      u"'customer s|'holder s|'cardholder s|'card holder s|'account holder s|'buyer s|'purchaser s|'applicant s|'guest s|"
@@ -46,8 +46,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"conyuge|beneficiary|referrer|referral|referred|refer a|mother|maiden|father|child first|child last|"
      u"child name|childs|your child|kid name|guardian|coapplicant|co applicant|next of kin|recipient s mail|"
      u"receiver email|gift recipient|=to email|friends name|=parent1|parent 1|parent 2|"
-     u"parent guardian|tribute|honoree|honouree|memorial|in memory|in honor|"
-     u"in honour|doctor|physician|pharmacy|guarantor|policy holder|policyholder|coborrower|co borrower|cosigner|"
+     u"parent guardian|=tribute|honoree|honouree|memorial|in memory|in honor|"
+     u"in honour|doctor|=gp|physician|pharmacy|guarantor|policy holder|policyholder|coborrower|co borrower|cosigner|"
      u"co signer|supervisor|representative|representante|representant|fundraiser|landlord|attorney|dependent|dependant|"
      u"erziehungsberechtigt|erziehungsberechtigten|tuteur legal|reference 1|reference 2|=ref1|=ref2|reference name|"
      u"=werber|=werbers|geworben von|empfehlung|parrain|parrainage|"
@@ -75,10 +75,10 @@ constexpr FieldPhrases kPhrases[] = {
      u"middle name|=middle|middlename|middle initial|=mi|=mname|initial|initials|zweiter vorname|deuxieme prenom|"
      u"segundo nombre|second prenom|segundo apellido|apellido2|apellido 2|apellido materno|secondo nome|"
      u"name suffix|namenszusatz|phonetic name|first name kana|last name kana|furigana|フリガナ|カナ|かな|ふりがな|"
-     u"отчество|tussenvoegsel|patronymic|former name|former last|former first|formerly|previous name|previous last|"
-     u"previous address|prior address|old address|other names|other first names|autres prenoms|otros nombres|"
+     u"отчество|tussenvoegsel|patronymic|=former|formerly|=previous|=prev|"
+     u"prior address|old address|other names|other first names|autres prenoms|otros nombres|"
      u"weitere vornamen|2 apellido|2º apellido|2o apellido|2do apellido|=ape2|'s name|'s first name|'s last name|"
-     u"'s full name|'s surname|'s phone|'s email|'s e mail|'s address|'name of|'name des|'name der|'nom du|'nom de la|"
+     u"'s full name|'s surname|'s phone|'s email|'s e mail|'s address|'s zip|'s city|'s state|'s title|'s date|'ort der|'ort des|'datum der|'datum des|'name of|'name des|'name der|'nom du|'nom de la|"
      u"'nom de l|'nombre del|'nombre de la|'nome del|'nome della|'nome dell|'naam van"},
     {Other, kStrong,
      u"phone ext|phone extension|=ext|extension|durchwahl|=anexo|numero de poste|=interno tel|phone type|phonetype|"
@@ -91,7 +91,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"urbanization|country id number|packstation|foreign|numero interior|num interior|numint|num int|"
      u"postcode lookup|address lookup|find your address|find address|address finder|address search|"
      u"huisnummer toevoeging|hnr toev|house number addition|hausnummerzusatz|hausnr zusatz|property zip|property city|"
-     u"property postcode|property address|work address|store city|store state|store zip|store address|years at|months at|time at|how long|ort datum|ort und datum|place and date|lieu et date|lugar y fecha|employer|"
+     u"property postcode|property address|work address|desired position|position desired|position applied|position sought|wunschposition|poste souhaite|"
+     u"puesto deseado|store city|store state|store zip|store address|years at|months at|time at|how long|ort datum|ort und datum|place and date|lieu et date|lugar y fecha|employer|"
      u"arbeitgeber|employeur|=empleador|werkgever|subdivision|cross street|nearest|landmark|doorcode|door code|"
      u"entry code|gate code|ip address|web address|wallet address|delivery instructions|instructions|neighborhood|"
      u"neighbourhood|bairro|colonia"},
@@ -102,7 +103,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"pick up|pickup|drop off|dropoff|return date|travel date|delivery date|delivery day|delivery time|"
      u"appointment|event date|from date|to date|date from|date to|start day|end date|end day|end month|end year|"
      u"graduation|abreise|anreise|hinfahrt|ruckfahrt|fecha de salida|fecha de llegada|date depart|date de depart|"
-     u"date retour|move in|moved|wedding|anniversary|airport|origin|destination|city or airport|leaving from|going to|"
+     u"date retour|move in|=moved|wedding|anniversary|airport|=origin|destination|city or airport|leaving from|going to|"
      u"flying from|flying to|flughafen|abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto"},
     {Other, kStrong,
      u"membership|member id|memberid|member number|member no|loyalty|frequent flyer|frequent flier|bonus card|"

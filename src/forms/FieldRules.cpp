@@ -277,7 +277,8 @@ TextReading readName(const QString &name)
 {
     const FieldWords words(name, FieldWords::From::Name);
     return read(words, FieldWords::From::Name, [&](const Match &match) {
-        return std::tuple(isWeak(match), -words.part(match.end() - 1), match.fit, match.phrase->order);
+        const bool isLateOther = match.phrase->kind == FieldKind::Other && match.phrase->isLate;
+        return std::tuple(isWeak(match), -words.part(match.end() - 1), isLateOther, match.fit, match.phrase->order);
     });
 }
 
