@@ -75,8 +75,11 @@ QString ComboBox::Text() const
 void ComboBox::setText(const QString &text)
 {
     // An equal text is left alone: writing it would move the caret.
-    if (text != lineEdit()->text())
-        lineEdit()->setText(text);
+    if (text == lineEdit()->text())
+        return;
+    lineEdit()->setText(text);
+    if (!lineEdit()->hasFocus())
+        lineEdit()->home(false); // the beginning of an address says whose page it is
 }
 
 int ComboBox::ListCount() const
@@ -202,8 +205,12 @@ void ComboBox::focusOutEvent(QFocusEvent *event)
         return;
     const QPointer<ComboBox> alive(this);
     finishEdit();
-    if (alive)
-        emit lostFocus();
+    if (!alive)
+        return;
+    // Who comes back from another window goes on where the caret was.
+    if (event->reason() != Qt::ActiveWindowFocusReason)
+        lineEdit()->home(false);
+    emit lostFocus();
 }
 
 void ComboBox::keyPressEvent(QKeyEvent *event)

@@ -39,7 +39,7 @@ inline QString drawableToolTip(const QString &text)
     if (text.isEmpty())
         return {};
     const QString frame = text.size() > kOneLine ? QStringLiteral("<span>%1</span>")
-                                                 : QStringLiteral("<span style='white-space:nowrap'>%1</span>");
+                                                 : QStringLiteral("<p style='white-space:pre;margin:0'>%1</p>");
     return frame.arg(drawableLine(text, kLimit).toHtmlEscaped());
 }
 

@@ -122,7 +122,9 @@ private slots:
         QTest::keyClick(m_box, Qt::Key_Return);
         QTest::keyClicks(m_box, u"x"_s);
         QTest::keyClick(m_box, Qt::Key_Backspace);
+        QCOMPARE(m_box->lineEdit()->cursorPosition(), 5);
         m_other->setFocus();
+        QCOMPARE(m_box->lineEdit()->cursorPosition(), 0); // a long address shows its beginning
         QCOMPARE(m_log,
                  QStringList({u"begin e"_s, u"end entry"_s, u"begin entryx"_s, u"end entry"_s, u"lost entry"_s}));
 
@@ -136,6 +138,14 @@ private slots:
         QTest::keyClick(m_box, Qt::Key_PageDown);
         QCOMPARE(m_box->Text(), u"typed"_s);
         QCOMPARE(m_log, QStringList({u"got typed"_s}));
+    }
+
+    /// Of an entry that somebody has pasted, only the beginning is measured and drawn.
+    void hugeEntry()
+    {
+        m_box->InsertItem(0, QString(1'000'000, u'x'));
+        QCOMPARE_LT(m_box->view()->sizeHintForIndex(m_box->model()->index(0, 0)).width(), 20'000);
+        QCOMPARE(m_box->List(0).size(), 1'000'000);
     }
 
     void keysComeBeforeTheField()
