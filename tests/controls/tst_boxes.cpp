@@ -148,14 +148,6 @@ private slots:
         QCOMPARE(m_box->List(0).size(), 1'000'000);
     }
 
-    /// Of an entry that somebody has pasted, only the beginning is measured and drawn.
-    void hugeEntry()
-    {
-        m_box->InsertItem(0, QString(1'000'000, u'x'));
-        QCOMPARE_LT(m_box->view()->sizeHintForIndex(m_box->model()->index(0, 0)).width(), 20'000);
-        QCOMPARE(m_box->List(0).size(), 1'000'000);
-    }
-
     void keysComeBeforeTheField()
     {
         QStringList keys;
