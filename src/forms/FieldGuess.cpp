@@ -133,9 +133,11 @@ void heedProse(const Readings &readings, FieldGuess &guess)
         else if (guess.kind == Address1 && reading.kind == Address2 && reading.isSecond)
             guess.kind = Address2;
     }
-    // "stationName" beside a text without a word for the name of a person
-    const bool isOfOther = guess.kind == FullName && guess.isWeak && !readings.all[Readings::Name].isAlone;
-    if (isOfOther && readings.hasProse() && !readings.proseSaid().hasAny(FullName, FirstName, LastName, User, CardWord))
+    // "stationName" and "userField2" beside a text without a word for the name of a person
+    const bool isName = guess.kind == FullName || guess.kind == User;
+    const bool isOfOther = isName && guess.isWeak && !readings.all[Readings::Name].isAlone;
+    if (isOfOther && readings.hasProse() &&
+        !readings.proseSaid().hasAny(FullName, FirstName, LastName, User, Mail, Phone, CardWord))
         guess.kind = None;
 }
 

@@ -35,7 +35,7 @@ struct Phrase
     int order;
 };
 
-/// All phrases by their first letters, longest first.
+/// All phrases by their first letters, longest first; of equal ones that which is for texts alone.
 class PhraseIndex
 {
 public:
@@ -46,8 +46,9 @@ public:
                 add(row, text);
         }
         for (auto &[start, list] : m_lists)
-            std::ranges::stable_sort(list, std::ranges::greater(),
-                                     [](const Phrase &phrase) { return phrase.letters.size(); });
+            std::ranges::stable_sort(list, std::ranges::greater(), [](const Phrase &phrase) {
+                return std::pair(phrase.letters.size(), phrase.proseOnly);
+            });
     }
 
     /// Phrases that may begin at a place of a text.
