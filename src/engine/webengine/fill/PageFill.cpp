@@ -138,8 +138,7 @@ void PageFill::requested(QWebEngineUrlRequestJob &job)
         return;
     }
     const QPointer<QWebEngineUrlRequestJob> guard(&job);
-    const QString data = PageChannel::value(query, op == "inputs"_L1 ? u"d"_s : u"n"_s);
-    handle(op, PageChannel::value(query, u"k"_s), data.toUtf8(), job.initiator(),
+    handle(op, PageChannel::value(query, u"k"_s), PageChannel::value(query, u"d"_s).toUtf8(), job.initiator(),
            [guard](const std::optional<QByteArray> &answer) {
                if (guard && answer)
                    PageChannel::answer(guard, *answer);
@@ -288,19 +287,17 @@ void PageFill::drivePage(const QString &script)
     const QPointer<PageFill> guard(this);
     m_page.runJavaScript(script, PageChannel::kWorld, [guard, key = m_pageKey](const QVariant &asked) {
         if (guard && guard->isRunning() && guard->m_pageKey == key)
-            guard->pageAsks(QJsonDocument::fromJson("[" + asked.toString().toUtf8() + "]").array()[0]);
+            guard->pageAsks(asked.toString());
     });
 }
 
-void PageFill::pageAsks(const QJsonValue &asked)
+void PageFill::pageAsks(const QString &asked)
 {
-    const QString op = asked[0].toString();
-    const QJsonValue values = asked[1];
-    const QByteArray data =
-        op == "inputs"_L1 ? values["d"_L1].toString().toUtf8() : QByteArray::number(values["n"_L1].toInt());
-    const QString key = m_pageKey;
-    if (op.isEmpty())
+    if (asked.isEmpty())
         return;
+    const qsizetype line = asked.indexOf(u'\n');
+    const QString key = m_pageKey, op = asked.left(line);
+    const QByteArray data = QStringView(asked).mid(line + 1).toUtf8();
     handle(op, key, data, m_frames.value(key).origin, [this, key](const std::optional<QByteArray> &answer) {
         if (!answer || !isRunning() || m_pageKey != key)
             return;

@@ -10,7 +10,6 @@
 #include <QUrl>
 #include <functional>
 
-class QJsonValue;
 class QUrlQuery;
 class QWebEnginePage;
 class QWebEngineUrlRequestJob;
@@ -68,7 +67,7 @@ private:
     void begin(const Waiting &waiting);
     QString script() const;
     void drivePage(const QString &script);
-    void pageAsks(const QJsonValue &asked);
+    void pageAsks(const QString &asked);
     void handle(const QString &op, const QString &key, const QByteArray &data, const QUrl &origin, const Reply &reply);
     void take(Frame &frame, const QByteArray &data, const Reply &reply);
     void answerIfSeen(Frame &frame);

@@ -1,7 +1,7 @@
 // One fill of a document and of those that it reaches in its frames: it asks for the values of the inputs that they show, and
 // looks again for some time, since many inputs come only after others have been filled.
 //
-// The functions with a star are the steps of a fill. What they yield is for the program: an operation and its values; they go
+// The functions with a star are the steps of a fill. What they yield is for the program: an operation and its data; they go
 // on when it has answered, and when it does not, they never do. So nothing may be held over a yield that has to be undone.
 
 // Milliseconds between the looks of one fill, which ends on the C++ side a little later.
@@ -22,7 +22,7 @@ const frameWindows = new Map([['iframe', getter(HTMLIFrameElement, 'contentWindo
 // All elements but the most frequent ones that cannot have a shadow tree: naming more of them takes longer than looking at them.
 const kNotable = ':not(td,tr,option,label,a,li,br)';
 
-const pause = milliseconds => ['pause', { n: milliseconds }];
+const pause = milliseconds => ['pause', milliseconds];
 
 // --- frames ---
 
@@ -161,13 +161,16 @@ function* choose({ inputs, size }, path, veil) {
         if (performance.now() > stop)
             break;
         if (performance.now() > until) {
+            const wasLifted = veil.isLifted();
             veil.drop();
             yield pause(0);
             looks = newLooks(veil);
             // In a large document lifting the veil takes longer than looking at many inputs.
             const start = performance.now();
-            veil.lift();
-            reach(input, looks, 1);
+            if (wasLifted) {
+                veil.lift();
+                reach(input, looks, 1);
+            }
             until = performance.now() + Math.max(kSliceMs, 5 * (performance.now() - start));
         }
         const entry = painted.get(input);
@@ -184,7 +187,7 @@ function* choose({ inputs, size }, path, veil) {
 function* ask(inputs, report) {
     const labels = new Map, documents = new Map([[document, 0]]);
     let part = [], size = 0;
-    const requestFor = rest => ['inputs', { d: '{"inputs":[' + part.join(',') + ']' + rest }];
+    const requestFor = rest => ['inputs', '{"inputs":[' + part.join(',') + ']' + rest];
     for (const input of inputs) {
         offered.set(input, mark(input));
         given.set(++offers, input);
@@ -253,7 +256,7 @@ function* round(isFirst) {
     });
     const count = isProved || pathOf(window) === path ? yield* putAll(answers) : 0;
     if (count > 0)
-        yield ['done', { n: count }];
+        yield ['done', count];
 }
 
 return function* () {

@@ -93,6 +93,7 @@ const makeVeil = () => {
     };
     return {
         stubborn,
+        isLifted: () => isLifted,
         add: root => {
             if (roots.has(root))
                 return;
@@ -391,7 +392,7 @@ const isPlain = (element, looks) => {
     while (chain.length) {
         const known = glance(chain.pop(), looks), style = known.style;
         plain = plain && attribute(known.element, 'inert') === null && style.clipPath === 'none' && !isMasked(style) &&
-            (style.position !== 'fixed' || ownerDocument(known.element) !== document);
+            (ownerDocument(known.element) !== document || style.position !== 'fixed');
         known.isPlain = plain;
     }
     return plain;

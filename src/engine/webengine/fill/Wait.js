@@ -3,7 +3,7 @@
 
 let makeSteps = null, steps = null, current = '';
 
-/** What a fill asks of the program next, once that has answered what it asked before; null at its end. */
+/** The operation that a fill asks of the program next, once that has answered the one before, and its data; null at its end. */
 const step = (fill, answer) => {
     if (fill !== current)
         return null;
@@ -24,25 +24,22 @@ const begin = fill => {
     return step(fill);
 };
 
-// The page itself is driven by the program, which takes and gives texts.
-globalThis.corvaneFill = {
-    begin: fill => JSON.stringify(begin(fill)),
-    step: (fill, answer) => JSON.stringify(step(fill, answer)),
-};
+// The page itself is driven by the program, which takes the operation and its data in two lines.
+const inLines = asked => asked && asked.join('\n');
+globalThis.corvaneFill = { begin: fill => inLines(begin(fill)), step: (fill, answer) => inLines(step(fill, answer)) };
 
 /** A request of a frame to the program; null when that refuses it. */
-const request = (op, values) => new Promise(done => {
+const request = (fill, op, data) => new Promise(done => {
     const call = new XMLHttpRequest;
     call.onload = () => done(call.responseText);
     call.onerror = () => done(null);
-    const query = Object.entries(values).map(([name, value]) => '&' + name + '=' + encodeURIComponent(value)).join('');
-    call.open('GET', 'engine://fill/' + op + '?t=%TOKEN%' + query);
+    call.open('GET', 'engine://fill/' + op + '?t=%TOKEN%&k=' + fill + '&d=' + encodeURIComponent(data));
     call.send();
 });
 
 const drive = async fill => {
     for (let asked = begin(fill); asked;) {
-        const answer = await request(asked[0], { k: fill, ...asked[1] });
+        const answer = await request(fill, ...asked);
         if (answer === null)
             return;
         asked = step(fill, answer);
@@ -52,7 +49,7 @@ const drive = async fill => {
 /** Waits for the next fill; there is always one request open, so that a fill can begin while another one runs. */
 const wait = async fill => {
     for (;;) {
-        fill = await request('wait', { k: fill });
+        fill = await request(fill, 'wait', '');
         if (!fill)
             return;
         drive(fill);
