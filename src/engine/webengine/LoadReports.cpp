@@ -3,6 +3,9 @@
 namespace engine {
 
 namespace {
+/// The first report of a load. At 0 the status bar would show what it shows at rest, while nothing comes from the
+/// server.
+constexpr int kBegun = 1;
 /// How long a request may go without any sign of its load before it counts as ended: frames that turn into downloads,
 /// error pages or nothing at all tell nothing. Long enough for slow sites, short enough that no tab seems to load for
 /// ever.
@@ -79,7 +82,7 @@ void LoadReports::started()
     m_endReported = false;
     m_owed = true;
     if (!m_mainRefused)
-        m_report(0, 100);
+        m_report(kBegun, 100);
 }
 
 void LoadReports::committed()
@@ -93,7 +96,7 @@ void LoadReports::progress(int percent)
 {
     sign();
     // 100 comes right before the end, which has an event of its own.
-    if (m_loading && !m_mainRefused && !m_endReported && percent > 0 && percent < 100)
+    if (m_loading && !m_mainRefused && !m_endReported && percent > kBegun && percent < 100)
         m_report(percent, 100);
 }
 
