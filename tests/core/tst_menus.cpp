@@ -4,16 +4,49 @@
 #include "core/KeyboardHook.h"
 #include "core/frmWindows.h"
 #include "core/state/ProcessFlags.h"
+#include "engine/WBCustomizer.h"
+#include "forms/FormLock.h"
+#include "forms/FormStore.h"
+#include "options/FormsPage.h"
+#include "options/frmOptions1.h"
 #include "support/Rows.h"
 
+#include <QCheckBox>
 #include <QClipboard>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
-/// The seven menus, the keys of the window, and what their commands do.
+namespace {
+
+/// A main window over a form record, whose documents and dialogs are asked for it.
+struct FormMain : MainFixture
+{
+    FormMain()
+    {
+        seedQuietStart();
+        record(u"Ann"_s);
+    }
+    /// Stores a form record, as another program might.
+    void record(const QString &name)
+    {
+        FormKeys keys(paths.programFolder);
+        FormStore store(keys);
+        store.AddFormField(u"name"_s, name, false);
+        store.SaveFormData(formFileIn(paths.programFolder));
+    }
+    QStringList fills(int browser) { return engine.browsers[browser]->calls.filter(u"fill"_s); }
+    frmOptions1 &dialog() { return *main().findChild<frmOptions1 *>(); }
+    bool isMarked() { return isChecked(u"mnuContentAutoFill"_s); }
+    void run(const QString &key) { QVERIFY(main().commands().run(key)); }
+};
+
+} // namespace
+
+/// The seven menus, the keys of the window, and what their commands do, also with the form record.
 class tst_Menus : public QObject
 {
     Q_OBJECT
@@ -327,6 +360,103 @@ private slots:
         for (const int plain : {68, 9, 115, 36, 79})
             QCOMPARE(hook.KeyboardHookProc(0, plain, 0, false, false), 0);
         QCOMPARE(m_done, QByteArray());
+    }
+
+    void endOfLoad()
+    {
+        const std::initializer_list<std::tuple<bool, bool, bool, QStringList>> cases{
+            {false, true, false, QStringList()},                    // not by itself
+            {true, false, false, QStringList{u"fill open Ann"_s}},  // open
+            {true, true, false, QStringList{u"fill locked Ann"_s}}, // locked
+            {true, true, true, QStringList{u"fill open Ann"_s}}};   // unlocked
+        for (const auto &[isAuto, isProtected, isUnlocked, filled] : cases) {
+            FormMain f;
+            QVERIFY(f.start(u"http://a/"_s));
+            f.settings().AutoFormFill = isAuto;
+            f.settings().ProtectCreditInfo = isProtected;
+            f.code->flags.CreditUnlocked = isUnlocked;
+            const engine::WBCustomizer *tools = f.main().ActiveForm()->customWB();
+            f.engine.browsers[0]->load(u"http://a/"_s, u"A"_s);
+            QCOMPARE(f.fills(0), filled);
+            QCOMPARE(tools->formLocked(), isProtected && !isUnlocked);
+
+            // A failing fill costs nothing else of the end of the load.
+            f.engine.browsers[0]->failing += u"fill"_s;
+            f.engine.browsers[0]->load(u"http://a/"_s, u"A"_s);
+            QCOMPARE(f.main().navigator->ListView1.ListItems(1).ListSubItems(1).Text(), u"Completed"_s);
+        }
+    }
+
+    void commands()
+    {
+        FormMain f;
+        QVERIFY(f.start(u"http://a/"_s));
+        f.main().LoadNewDoc(u"http://b/"_s);
+        f.run(u"mnuContentFillForm"_s);
+        QCOMPARE(f.fills(1), QStringList{u"fill open Ann"_s});
+        QVERIFY(f.fills(0).isEmpty() && !f.isMarked());
+        // Switching on fills at once, switching off does not.
+        f.settings().ProtectCreditInfo = true;
+        f.run(u"mnuContentAutoFill"_s);
+        QCOMPARE(f.fills(1).last(), u"fill locked Ann"_s);
+        QVERIFY(f.isMarked() && f.settings().AutoFormFill);
+        f.run(u"mnuContentAutoFill"_s);
+        QVERIFY(!f.isMarked() && !f.settings().AutoFormFill);
+        QCOMPARE(static_cast<int>(f.fills(1).size()), 2);
+
+        f.engine.browsers[1]->failing += u"fill"_s;
+        f.run(u"mnuContentFillForm"_s);
+        f.run(u"mnuFileClose"_s);
+        f.run(u"mnuFileClose"_s);
+        f.run(u"mnuContentFillForm"_s);
+        f.run(u"mnuContentAutoFill"_s);
+        QVERIFY(f.isMarked());
+    }
+
+    void dialogReachesEveryDocument()
+    {
+        FormMain f;
+        QVERIFY(f.start(u"http://a/"_s));
+        f.main().LoadNewDoc(u"http://b/"_s);
+        f.run(u"mnuContentFormData"_s);
+        auto *page = f.dialog().findChild<FormsPage *>();
+        QVERIFY(page->isVisible() && f.dialog().isModal());
+        f.run(u"mnuContentFormData"_s);
+        QCOMPARE(static_cast<int>(f.main().findChildren<frmOptions1 *>().size()), 1);
+        page->firstname->setText(u"Bea"_s);
+        page->chkAutoFormFill->setChecked(true);
+        f.dialog().btnOk->click();
+        QVERIFY(f.isMarked());
+        for (int i = 0; i < 2; ++i) {
+            f.engine.browsers[i]->load(u"http://x/"_s, u"X"_s);
+            QCOMPARE(f.fills(i), QStringList{u"fill open Bea "_s});
+        }
+        // Documents read the file again, also when nothing was confirmed.
+        DocumentFixture::deleteClosed();
+        QCOMPARE(f.code->flags.OptionsStartPage, 1);
+        f.run(u"mnuViewOptions"_s);
+        f.record(u"Cleo"_s);
+        f.dialog().btnCancel->click();
+        f.run(u"mnuContentFillForm"_s);
+        QCOMPARE(f.fills(1).last(), u"fill open Cleo"_s);
+        QVERIFY(f.isMarked());
+    }
+
+    void closingWithTheDialogOpen()
+    {
+        FormMain f;
+        QVERIFY(f.start(u"http://a/"_s));
+        f.run(u"mnuContentFormData"_s);
+        QPointer<frmOptions1> open = &f.dialog();
+        open->findChild<FormsPage *>()->firstname->setText(u"Bea"_s);
+        f.close();
+        QVERIFY(f.main().isUnloaded());
+        f.code.reset();
+        QVERIFY(!open);
+        FormKeys keys(f.paths.programFolder);
+        FormStore store(keys);
+        store.LoadFormData(formFileIn(f.paths.programFolder));
+        QCOMPARE(store.fields().front().value, u"Ann"_s);
     }
 
 private:
