@@ -175,10 +175,9 @@ private slots:
             const QList<QPushButton *> choices =
                 document.findChild<controls::PageBox *>()->findChildren<QPushButton *>();
             QCOMPARE(choices.size(), isQuestion ? 2 : 1);
-            for (QPushButton *choice : choices) {
+            for (QPushButton *choice : choices)
                 if (choice->text() == u"&OK")
                     choice->click();
-            }
             QCOMPARE(answers, (QList<bool>{!isQuestion, true}));
 
             // A question that is still open when its document closes is a refusal, in time for the browser.

@@ -58,10 +58,9 @@ DocumentFixture::DocumentFixture()
 DocumentFixture::~DocumentFixture()
 {
     const QList<QWidget *> forms = mdi.forms();
-    for (QWidget *form : forms) {
+    for (QWidget *form : forms)
         if (auto *document = qobject_cast<Document *>(form))
             document->Unload();
-    }
     deleteClosed();
 }
 
@@ -77,9 +76,8 @@ QString DocumentFixture::disorder()
     if (count() != tabs.Tabs().Count() || count() != flags.OpenDocumentCount)
         faults +=
             u"%1 lines, %2 tabs, %3 documents"_s.arg(count()).arg(tabs.Tabs().Count()).arg(flags.OpenDocumentCount);
-    for (int n = 1; n <= count(); ++n) {
+    for (int n = 1; n <= count(); ++n)
         if (document(n).position() != n)
             faults += u"line %1 holds the document at %2"_s.arg(n).arg(document(n).position());
-    }
     return faults.join(u"; "_s);
 }
