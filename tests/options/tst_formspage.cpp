@@ -121,7 +121,7 @@ private slots:
                 FormsPage &again = f.open();
                 QVERIFY(!again.Protect->isChecked() && !f.settings.ProtectCreditInfo);
                 QCOMPARE(f.dialogs.messages, QStringList{kNoPassword});
-                return;
+                continue;
             }
             FormsPage &again = f.open();
             QVERIFY(again.Protect->isChecked() && isLightBlue(again.CardNumber));
