@@ -36,10 +36,9 @@ struct Bar : ToolBar
     }
     QAbstractButton *button(const QString &name) const
     {
-        for (QAbstractButton *each : findChildren<QAbstractButton *>()) {
+        for (QAbstractButton *each : findChildren<QAbstractButton *>())
             if (each->accessibleName() == name)
                 return each;
-        }
         return nullptr;
     }
 

@@ -58,10 +58,9 @@ private slots:
                 QVERIFY(box);
                 QCOMPARE(box->textFormat(), Qt::PlainText);
                 QCOMPARE(box->icon(), icons.value(style & 0xF0, QMessageBox::NoIcon));
-                for (QAbstractButton *button : box->buttons()) {
+                for (QAbstractButton *button : box->buttons())
                     if (button->text() == press)
                         button->click();
-                }
                 if (press.isEmpty())
                     QTest::keyClick(box, Qt::Key_Escape);
             });

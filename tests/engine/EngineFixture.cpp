@@ -48,10 +48,9 @@ bool RecordedBrowser::press(const QString &caption)
 {
     QAbstractButton *found = nullptr;
     const bool isThere = waitUntil([&] {
-        for (QAbstractButton *button : m_window.findChildren<QAbstractButton *>()) {
+        for (QAbstractButton *button : m_window.findChildren<QAbstractButton *>())
             if (button->isVisible() && button->text().remove(u'&') == caption)
                 found = button;
-        }
         return found != nullptr;
     });
     if (isThere)

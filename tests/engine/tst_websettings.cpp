@@ -54,10 +54,9 @@ class WebSettings : public QObject
     QByteArray header(const QByteArray &path, const QByteArray &name) const
     {
         QByteArray value;
-        for (const LoopbackSite::Request &request : m_site.requests()) {
+        for (const LoopbackSite::Request &request : m_site.requests())
             if (request.path() == path)
                 value = request.headers.value(name);
-        }
         return value;
     }
     QString settingsFile() const { return m_test->config().profileFolder + u"/engine.ini"_s; }
@@ -80,10 +79,9 @@ class WebSettings : public QObject
     template <typename Condition>
     static bool soon(Condition isThere)
     {
-        for (const QDeadlineTimer deadline(15'000); !deadline.hasExpired();) {
+        for (const QDeadlineTimer deadline(15'000); !deadline.hasExpired();)
             if (isThere())
                 return true;
-        }
         return false;
     }
 
@@ -336,10 +334,9 @@ private slots:
         QVERIFY(browser.open(QString::fromLatin1(behind)));
         QLineEdit *password = nullptr;
         WAIT_VERIFY([&] {
-            for (QLineEdit *line : browser->findChildren<QLineEdit *>()) {
+            for (QLineEdit *line : browser->findChildren<QLineEdit *>())
                 if (line->isVisible() && line->echoMode() == QLineEdit::Password)
                     password = line;
-            }
             return password != nullptr;
         }());
         password->setText(u"secret"_s);
