@@ -6,23 +6,10 @@
 #include "core/frmMain.h"
 #include "core/frmMainCommands.h"
 #include "core/state/Document.h"
-#include "desktop/TrayIcon.h"
 #include "support/DocumentFixture.h"
 
 #include <QTest>
 #include <memory>
-
-class FakeTray : public desktop::TrayIcon
-{
-public:
-    bool isAvailable() const override { return available; }
-    void AddTrayIcon(const QString &text) override { tip = text; }
-    void RemoveTrayIcon() override { tip.clear(); }
-
-    bool available = true;
-    /// Empty while there is no icon.
-    QString tip;
-};
 
 /// The whole program over a scripted engine, with a home of its own. It can be started and closed many times.
 class MainFixture
@@ -87,7 +74,7 @@ public:
     SettingsStore store;
     ScriptedEngine engine;
     RecordingDialogs dialogs;
-    FakeTray tray;
+    RecordingTray tray;
     RecordingSound sound;
     QStringList trace;
     std::unique_ptr<MainCode> code;

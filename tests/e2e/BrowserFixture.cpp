@@ -14,7 +14,9 @@ using namespace Qt::StringLiterals;
 BrowserFixture::BrowserFixture()
     : m_paths(desktop::Paths::below(m_home.path()))
     , m_store(std::make_unique<SettingsStore>(m_paths.settingsFile))
-{}
+{
+    m_tray.available = false;
+}
 
 BrowserFixture::~BrowserFixture()
 {
@@ -113,10 +115,9 @@ void BrowserFixture::clickPage(const QPoint &at)
 QAbstractButton *BrowserFixture::button(const QString &text)
 {
     const auto buttons = main().findChildren<QAbstractButton *>();
-    for (QAbstractButton *found : buttons) {
+    for (QAbstractButton *found : buttons)
         if (found->isVisible() && found->text().remove(u'&') == text)
             return found;
-    }
     return nullptr;
 }
 

@@ -10,26 +10,15 @@
 #include "core/state/Document.h"
 #include "core/state/SettingsStore.h"
 #include "desktop/Paths.h"
-#include "desktop/TrayIcon.h"
 #include "documents/frmNavigator.h"
 #include "engine/Engine.h"
 #include "engine/webengine/WebEngineFactory.h"
 #include "support/HomeFolder.h"
-#include "support/RecordingDialogs.h"
-#include "support/RecordingSound.h"
+#include "support/Recording.h"
 
 #include <QApplication>
 #include <QTest>
 #include <memory>
-
-/// A desktop without a tray.
-class NoTray : public desktop::TrayIcon
-{
-public:
-    bool isAvailable() const override { return false; }
-    void AddTrayIcon(const QString &) override {}
-    void RemoveTrayIcon() override {}
-};
 
 /// The whole program in this process: the real main window over the real engine, with a home of its own. Tests work it
 /// by mouse and keys and look at what its window shows. It can be started again after end().
@@ -85,7 +74,7 @@ private:
     desktop::Paths m_paths;
     std::unique_ptr<SettingsStore> m_store;
     std::unique_ptr<engine::Engine> m_engine;
-    NoTray m_tray;
+    RecordingTray m_tray;
     std::unique_ptr<MainCode> m_code;
 };
 

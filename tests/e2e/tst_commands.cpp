@@ -133,10 +133,9 @@ private slots:
         const auto seen = [&] {
             const Document *active = f.main().ActiveForm();
             QString text = u"%1 documents, %2 in front"_s.arg(f.count()).arg(active ? active->position() : 0);
-            for (int n = 1; n <= f.count(); ++n) {
+            for (int n = 1; n <= f.count(); ++n)
                 if (f.caption(n) == u"Home"_s && f.state(n) == u"Completed"_s)
                     text += u", home in %1"_s.arg(n);
-            }
             if (f.main().g_Focus())
                 text += u", address bar"_s;
             if (!f.dialogs.asked.isEmpty())
@@ -205,6 +204,15 @@ private slots:
             QVERIFY(f.waitForPage(1, QString::fromUtf16(site)));
         }
         QCOMPARE(f.count(), 1);
+        // Keys that no caption shows.
+        f.press(Qt::Key_Left, Qt::AltModifier);
+        QVERIFY(f.waitForPage(1, u"Search"_s));
+        f.press(Qt::Key_Right, Qt::AltModifier);
+        QVERIFY(f.waitForPage(1, u"News"_s));
+        const int asked = m_site.count("/News");
+        f.press(Qt::Key_F5);
+        QVERIFY(m_site.waitFor("/News", asked + 1));
+        QVERIFY(f.waitForPage(1, u"News"_s));
         // In the address bar the letter belongs to the text.
         f.press(Qt::Key_D, Qt::AltModifier);
         QTRY_VERIFY(f.main().g_Focus());
@@ -375,10 +383,9 @@ bool tst_Commands::open(BrowserFixture &f, const QStringList &paths) const
         f.main().LoadNewDoc(at(path));
     return waitUntil(
         [&] {
-            for (int n = 1; n <= f.count(); ++n) {
+            for (int n = 1; n <= f.count(); ++n)
                 if (f.state(n) != u"Completed"_s || !f.caption(n).startsWith(u"Page"_s))
                     return false;
-            }
             return true;
         },
         kPatience);

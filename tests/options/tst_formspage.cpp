@@ -6,7 +6,7 @@
 #include "forms/frmFormPass.h"
 #include "options/FormsPage.h"
 #include "options/frmOptions1.h"
-#include "support/RecordingDialogs.h"
+#include "support/Recording.h"
 
 #include <QCheckBox>
 #include <QComboBox>

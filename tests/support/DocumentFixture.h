@@ -18,8 +18,7 @@
 #include "documents/frmDocument.h"
 #include "documents/frmNavigator.h"
 #include "forms/FormKey.h"
-#include "support/RecordingDialogs.h"
-#include "support/RecordingSound.h"
+#include "support/Recording.h"
 #include "support/ScriptedBrowser.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "desktop/Dialogs.h"
+#include "desktop/Sound.h"
+#include "desktop/TrayIcon.h"
 
 #include <QStringList>
 
@@ -35,4 +37,26 @@ public:
     int answer = desktop::IDOK;
     /// File that every file dialog gives.
     QString file;
+};
+
+/// Sounds without a loudspeaker: records the files that were to be played.
+class RecordingSound : public desktop::Sound
+{
+public:
+    void play(const QString &file) override { played += file; }
+
+    QStringList played;
+};
+
+/// A tray that may be missing.
+class RecordingTray : public desktop::TrayIcon
+{
+public:
+    bool isAvailable() const override { return available; }
+    void AddTrayIcon(const QString &text) override { tip = text; }
+    void RemoveTrayIcon() override { tip.clear(); }
+
+    bool available = true;
+    /// Empty while there is no icon.
+    QString tip;
 };
