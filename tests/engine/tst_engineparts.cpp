@@ -1,11 +1,13 @@
 #include "base/Files.h"
 #include "engine/Address.h"
 #include "engine/EngineSettings.h"
+#include "engine/PageZoom.h"
 #include "engine/RequestLimit.h"
 #include "engine/VisitLog.h"
 
 #include <QDir>
 #include <QFile>
+#include <QKeyEvent>
 #include <QLocale>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -68,6 +70,20 @@ private slots:
         QVERIFY(!limit.passes(1149));
         limit.reset();
         QVERIFY(limit.passes(1149));
+    }
+
+    void zoomKeys()
+    {
+        const auto zoomed = [](int key, double factor, Qt::KeyboardModifiers held = Qt::ControlModifier) {
+            return zoomForKey(QKeyEvent(QEvent::KeyPress, key, held), factor);
+        };
+        QCOMPARE(zoomed(Qt::Key_Plus, 1, Qt::ControlModifier | Qt::ShiftModifier), 1.1);
+        QCOMPARE(zoomed(Qt::Key_Plus, 1.0999), 1.25); // the engine rounds
+        QCOMPARE(zoomed(Qt::Key_Minus, 1.2001), 1.1); // where the wheel had left it
+        QCOMPARE(zoomed(Qt::Key_Equal, 5), 5.0);
+        QCOMPARE(zoomed(Qt::Key_Minus, 0.25), 0.25);
+        QCOMPARE(zoomed(Qt::Key_0, 3), 1.0);
+        QCOMPARE(zoomed(Qt::Key_0, 3, Qt::NoModifier), 0.0);
     }
 
     void keepsVisitsAcrossRuns()
