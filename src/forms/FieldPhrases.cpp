@@ -45,10 +45,10 @@ constexpr FieldPhrases kPhrases[] = {
      u"conyuge|beneficiary|referrer|referral|referred|refer a|mother|maiden|father|child first|child last|child name|"
      u"childs|your child|kid name|guardian|coapplicant|next of kin|recipient s mail|receiver email|gift recipient|"
      u"=to email|friends name|parent 1|parent 2|parent guardian|=tribute|honoree|honouree|memorial|in memory|"
-     u"in honor|in honour|doctor|=gp|physician|pharmacy|guarantor|policy holder|coborrower|cosigner|supervisor|"
-     u"representative|representante|representant|fundraiser|landlord|attorney|dependent|dependant|"
-     u"erziehungsberechtigt|erziehungsberechtigten|tuteur legal|reference 1|reference 2|=ref1|=ref2|reference name|"
-     u"=werber|=werbers|geworben von|empfehlung|parrain|parrainage|padrino"},
+     u"in honor|in honour|doctor|=gp|physician|pharmacy|guarantor|policy holder|coborrower|co registrant|co owner|"
+     u"co buyer|cosigner|supervisor|representative|representante|representant|fundraiser|landlord|attorney|dependent|"
+     u"dependant|erziehungsberechtigt|erziehungsberechtigten|tuteur legal|reference 1|reference 2|=ref1|=ref2|"
+     u"reference name|=werber|=werbers|geworben von|empfehlung|parrain|parrainage|padrino"},
     {Never, kStrong,
      u"=ssn|social security|=sin number|taxid|tax number|=tin|=vat|vatid|vat number|vat no|ust id|steuernummer|"
      u"=uid nr|siret|siren|=nif|=cif|=dni|=nie|=cpf|=cnpj|=rfc|codice fiscale|partita iva|=piva|passport number|"
@@ -95,24 +95,29 @@ constexpr FieldPhrases kPhrases[] = {
     {Other, kStrong,
      u"passport|bank account|bank code|bank number|bank branch|bank address|bank contact|bank manager|bank phone|"
      u"bank city|bank id|bank country|issue number|issueno|issue date|start date|valid from|start month|start year|"
-     u"card issue|departure|depart|depdate|arrival|arrive|check in|check out|checkout date|pick up|drop off|"
-     u"return date|travel date|delivery date|delivery day|delivery time|appointment|event date|from date|to date|"
-     u"date from|date to|start day|end date|end day|end month|end year|graduation|abreise|anreise|hinfahrt|ruckfahrt|"
-     u"fecha de salida|fecha de llegada|date depart|date de depart|date retour|move in|=moved|wedding|anniversary|"
-     u"airport|=origin|destination|city or airport|leaving from|going to|flying from|flying to|flughafen|abflughafen|"
-     u"zielflughafen|aeropuerto|aeroport|aeroporto"},
+     u"card issue|departure|depart|depdate|arrival|arrive|check in|'check out|^checkout|checkout date|pick up|"
+     u"drop off|return date|travel date|delivery date|delivery day|delivery time|appointment|event date|from date|"
+     u"to date|date from|date to|start day|end date|end day|end month|end year|graduation|abreise|anreise|hinfahrt|"
+     u"ruckfahrt|fecha de salida|fecha de llegada|date depart|date de depart|date retour|move in|=moved|wedding|"
+     u"anniversary|airport|=origin|destination|city or airport|leaving from|going to|flying from|flying to|flughafen|"
+     u"abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto"},
     {Other, kStrong,
-     u"membership|member id|member number|member no|loyalty|frequent flyer|frequent flier|bonus card|bahncard|"
-     u"payback|customer number|customer id|customer no|kundennummer|numero client|order number|orderid|order no|"
-     u"bestellnummer|invoice|rechnungsnummer|reference number|reservation number|booking number|confirmation number|"
-     u"case number|policy number|account number|account no|accno|acct no|student id|employee id|serial number|"
-     u"registration number|id card|library card|store card|store charge|charge card|plus card|rewards|reward card|"
-     u"club card|license plate|vin number|tracking number"},
+     u"'membership|^membership|membership number|membership no|membership id|membership type|membership card|"
+     u"membership level|member id|member number|member no|'loyalty|^loyalty|loyalty number|loyalty card|loyalty id|"
+     u"loyalty no|loyalty program|frequent flyer|frequent flier|bonus card|bahncard|payback|customer number|"
+     u"customer id|customer no|kundennummer|numero client|order number|orderid|order no|bestellnummer|'invoice|"
+     u"^invoice|invoice number|invoice no|invoice nr|invoice id|invoice date|invoice amount|rechnungsnummer|"
+     u"reference number|reservation number|booking number|confirmation number|case number|policy number|"
+     u"account number|account no|accno|acct no|student id|employee id|serial number|registration number|id card|"
+     u"library card|railcard|travelcard|student card|health card|insurance card|discount card|fuel card|kundenkarte|"
+     u"carte de fidelite|carte vitale|carte d identite|tarjeta sanitaria|tarjeta de fidelidad|job name|job number|"
+     u"job id|store card|store charge|charge card|plus card|'rewards|^rewards|rewards number|rewards card|rewards id|"
+     u"rewards no|reward card|club card|license plate|vin number|tracking number"},
     {Other, kStrong,
      u"quantity|=qty|amount|betrag|=menge|=anzahl|cantidad|quantite|montant|importe|quantita|importo|aantal|price|"
-     u"preis|donation|income|salary|budget|adults|children|passengers|guests|rooms|room number|nights|=age|=alter|"
-     u"height|weight|=size|colour|=color|parcelas|installment|instalment|installments|instalments|ratenzahlung|"
-     u"=raten|cuotas|mensualidades"},
+     u"preis|'donation|^donation|donation amount|income|salary|budget|'adults|^adults|'children|^children|"
+     u"'passengers|^passengers|'guests|^guests|rooms|room number|nights|=age|=alter|height|weight|=size|colour|"
+     u"=color|parcelas|installment|instalment|installments|instalments|ratenzahlung|=raten|cuotas|mensualidades"},
     {Other, kStrong,
      u"pet name|project name|event name|product name|team name|store name|shop name|shopurl|group name|list name|"
      u"program name|class name|course name|model name|brand name|device name|hotel name|club name|agency name|"
@@ -120,7 +125,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"posting title|post title|listing title|ad title|page title|character name|nameserver|name of your|name of the|"
      u"name des vereins|vereinsname|projektname|produktname|name of event|name of school|name of company|"
      u"name of organization|nombre de la empresa|nombre de empresa|nom de l entreprise|nom de la societe|"
-     u"nome azienda|campaign"},
+     u"nome azienda|'campaign|^campaign|campaign name|campaign id|campaign code"},
     {Other, kStrong,
      u"website|homepage|=www|webseite|site web|sitio web|=url|weburl|urlname|site name|blog|facebook|twitter|"
      u"linkedin|instagram|skype|=icq|=aim|whatsapp group|telegram"},
@@ -294,10 +299,13 @@ constexpr FieldPhrases kPhrases[] = {
     {FullName, kWeak,
      u"name|=nom|nombre|=nome|=naam|=navn|=namn|nom du titulaire|nom du contact|nom du client|nom du porteur|"
      u"nom du destinataire|nom du demandeur|nom du voyageur|nom du passager|nom du participant|nom du patient|"
-     u"nom de l acheteur|nombre del titular|nombre del contacto|nombre del cliente|nombre del pasajero|"
-     u"nombre del solicitante|nombre del destinatario|nombre del comprador|nome del titolare|nome del cliente|"
-     u"name des karteninhabers|name des kontoinhabers|name des kunden|name des gastes|name des reisenden|"
-     u"name des antragstellers|name des empfangers|name des ansprechpartners|name des bestellers|"
+     u"nom du conducteur|nom du souscripteur|nom du donateur|nom de l assure|nom de l abonne|nom de l adherent|"
+     u"nombre del paciente|nombre del conductor|nombre del donante|nombre del asegurado|nombre del alumno|"
+     u"name des patienten|name des fahrers|name des versicherungsnehmers|name des mitglieds|"
+     u"name des spenders|nom de l acheteur|nombre del titular|nombre del contacto|nombre del cliente|"
+     u"nombre del pasajero|nombre del solicitante|nombre del destinatario|nombre del comprador|nome del titolare|"
+     u"nome del cliente|name des karteninhabers|name des kontoinhabers|name des kunden|name des gastes|"
+     u"name des reisenden|name des antragstellers|name des empfangers|name des ansprechpartners|name des bestellers|"
      u"name des teilnehmers|name of cardholder|name of applicant|name of passenger|name of contact|name of customer|"
      u"name of guest|name of owner|name of account holder|名前|お名前|이름|收货人"},
     {FirstName, kWeak, u"=first|firstid|=名|fname"},
@@ -314,10 +322,10 @@ constexpr FieldPhrases kPhrases[] = {
     {Month, kWeak, u"=month|=mm|=mon|=monat|=mois|=mes|mese|=maand|=month mm|=月|=mth|месяц"},
     {Year, kWeak, u"=year|=yyyy|=yy|=yr|=jahr|=annee|=ano|=anno|=jaar|=jjjj|=aaaa|=年|=год"},
     {Companion, kWeak,
-     u"passenger|passengers|traveler|travelers|traveller|travellers|=pax|guest|guests|participant|participants|"
-     u"attendee|attendees|=adult|=adults|driver|drivers|applicant|applicants|teilnehmer|reisender|reisende|"
-     u"mitreisender|passagier|passagiere|passager|passagers|voyageur|voyageurs|pasajero|pasajeros|members|people|"
-     u"personen|viajero|viajeros|passeggero|passeggeri"},
+     u"passenger|=member|passengers|traveler|travelers|traveller|travellers|=pax|guest|guests|participant|"
+     u"participants|attendee|attendees|=adult|=adults|driver|drivers|applicant|applicants|teilnehmer|reisender|"
+     u"reisende|mitreisender|passagier|passagiere|passager|passagers|voyageur|voyageurs|pasajero|pasajeros|members|"
+     u"people|personen|viajero|viajeros|passeggero|passeggeri"},
     {Sender, kWeak, u"sender|'your first|'your last|absender|'ihr vorname|expediteur|'votre prenom|remitente|mittente"},
     {Recipient, kWeak, u"recipient|=recip|receiver|empfanger|empfaenger|destinataire|destinatario"},
     {CardWord, kWeak,
