@@ -331,6 +331,16 @@ private slots:
         QVERIFY(!settings().EnableFlash);
         QCOMPARE(m_site.count("/flash"), 4);
         QCOMPARE(m_site.count("/x-EnableFlash"), 0);
+
+        // A page that goes there whenever it loads does it once, too, until the user acts in it.
+        m_site.page("/page", "Page", "<iframe src=/y-EnableFlash></iframe>");
+        f().document(2).NavigateDoc(at(u"/page"_s));
+        QVERIFY(m_site.waitFor("/page", 2));
+        QVERIFY(f().waitForPage(2, u"Page"_s));
+        f().document(1).NavigateDoc(at(u"/plain"_s));
+        QVERIFY(f().waitForPage(1, u"Plain"_s));
+        QVERIFY(settings().EnableFlash);
+        QCOMPARE(m_site.count("/page"), 2);
     }
 
     void listedSiteIsNeverAsked()

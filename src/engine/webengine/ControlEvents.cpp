@@ -122,6 +122,11 @@ bool WebBrowserControl::navigationRequested(const QUrl &url, QWebEnginePage::Nav
 bool WebBrowserControl::reportNavigation(const QUrl &url, bool isMainFrame)
 {
     m_load.requested(isMainFrame);
+    // The command loads all pages again. One that gives it while it loads would keep them all loading for ever.
+    if (url.toString().endsWith("ENABLEFLASH"_L1, Qt::CaseInsensitive) && std::exchange(m_commandGiven, true)) {
+        m_load.refused(isMainFrame);
+        return false;
+    }
     // Under these addresses pages only send word to the program.
     bool cancel = url.scheme() == "corvane"_L1 && url.host() != "www"_L1 && !isWordsPage(url);
     // The address may be a command that reloads all documents. While this one decides about its first address, and once
@@ -332,6 +337,7 @@ void WebBrowserControl::adopt(QWebEngineNewWindowRequest &request)
                             m_openedByPage ? PageChannel::WindowClose::Allowed : PageChannel::WindowClose::Ignored);
     openSafely(request, *m_page);
     m_content->begin();
+    m_commandGiven = !request.isUserInitiated();
     if (request.isUserInitiated())
         m_downloads.acted(now());
 }

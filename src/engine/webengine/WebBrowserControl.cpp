@@ -79,6 +79,7 @@ void WebBrowserControl::Navigate2(const QString &url)
     }
     const QUrl target = address.kind == Address::Kind::Words ? addressOfWordsPage(url.trimmed()) : address.url;
     m_requested = shownAddress(target);
+    m_commandGiven = false;
     leavePage();
     if (!hasNoRequest(target)) {
         m_page->load(target);
@@ -225,6 +226,7 @@ void WebBrowserControl::setAmbientProperty(int dispid, const QVariant &value)
 void WebBrowserControl::noteUserAct()
 {
     ++m_userClicks;
+    m_commandGiven = false;
     m_windowRequests.reset();
     setWindowsAllowed(true);
     m_downloads.acted(now());

@@ -162,6 +162,9 @@ private:
     /// 0 smallest to 4 largest.
     int m_textSize = 2;
 
+    /// The page has gone to a command of the program since the user acted in it, or gave it its address.
+    bool m_commandGiven = false;
+
     /// What was asked for; stands for the page's address until the first one has come.
     QString m_requested;
     bool m_hasPage = false;
