@@ -10,6 +10,19 @@ using namespace Qt::StringLiterals;
 
 namespace engine {
 
+namespace {
+
+/// The name that the page or its server has given to the file. What has none gets one from the engine that nobody would
+/// know again in a folder.
+QString givenName(const QWebEngineDownloadRequest &download)
+{
+    constexpr QLatin1StringView kOfEngine("qwe_");
+    const QString name = download.downloadFileName();
+    return name.startsWith(kOfEngine + "download"_L1) ? name.mid(kOfEngine.size()) : name;
+}
+
+} // namespace
+
 Downloads::Downloads(const QString &folder, Status status)
     : m_folder(folder)
     , m_status(std::move(status))
@@ -18,7 +31,7 @@ Downloads::Downloads(const QString &folder, Status status)
 void Downloads::start(QWebEngineDownloadRequest *download)
 {
     const bool isNew = !m_running.contains(download->id());
-    const QString name = isNew ? freeName(download->downloadFileName()) : m_running.value(download->id()).name;
+    const QString name = isNew ? freeName(givenName(*download)) : m_running.value(download->id()).name;
     // A page that is being saved to a place of its own runs already.
     if (download->state() == QWebEngineDownloadRequest::DownloadRequested) {
         download->setDownloadDirectory(m_folder);
