@@ -69,12 +69,9 @@ QString BrowserFixture::disorder()
 
 bool BrowserFixture::waitForPage(int position, const QString &title)
 {
-    const bool isThere = waitUntil(
-        [&] {
-            return count() >= position && document(position).LocationName() == title &&
-                   state(position) == u"Completed"_s;
-        },
-        kPatience);
+    const bool isThere = waitUntil([&] {
+        return count() >= position && document(position).LocationName() == title && state(position) == u"Completed"_s;
+    });
     if (!isThere && count() >= position)
         qInfo().noquote() << u"shows %1, %2"_s.arg(document(position).LocationName(), state(position));
     return isThere;
@@ -108,7 +105,7 @@ QWidget *BrowserFixture::page()
 
 void BrowserFixture::clickPage(const QPoint &at)
 {
-    QVERIFY(waitUntil([&] { return page() != nullptr; }, kPatience));
+    QVERIFY(waitUntil([&] { return page() != nullptr; }));
     QTest::mouseClick(page(), Qt::LeftButton, {}, at);
 }
 

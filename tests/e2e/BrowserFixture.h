@@ -78,19 +78,13 @@ private:
     std::unique_ptr<MainCode> m_code;
 };
 
-template <typename Tests>
-int runBrowserTests(int argc, char **argv)
-{
-    allowRoot();
-    engine::registerSchemes();
-    QApplication app(argc, argv);
-    QGuiApplication::setQuitOnLastWindowClosed(false);
-    Tests tests;
-    return QTest::qExec(&tests, argc, argv);
-}
-
 #define BROWSER_TEST_MAIN(Tests)                                                                                       \
     int main(int argc, char **argv)                                                                                    \
     {                                                                                                                  \
-        return runBrowserTests<Tests>(argc, argv);                                                                     \
+        allowRoot();                                                                                                   \
+        engine::registerSchemes();                                                                                     \
+        QApplication app(argc, argv);                                                                                  \
+        QGuiApplication::setQuitOnLastWindowClosed(false);                                                             \
+        Tests tests;                                                                                                   \
+        return QTest::qExec(&tests, argc, argv);                                                                       \
     }

@@ -30,9 +30,29 @@ class tst_Commands : public QObject
 
     QString at(const QString &path) const { return m_site.address(path); }
     /// Opens the pages in documents of their own, the last one in front.
-    bool open(BrowserFixture &f, const QStringList &paths) const;
+    bool open(BrowserFixture &f, const QStringList &paths) const
+    {
+        f.set(u"Sites"_s, u"SitesHome1"_s, at(u"/home"_s));
+        if (!f.start(at(paths.first())))
+            return false;
+        for (const QString &path : paths.mid(1))
+            f.main().LoadNewDoc(at(path));
+        return waitUntil([&] {
+            for (int n = 1; n <= f.count(); ++n)
+                if (f.state(n) != u"Completed"_s || !f.caption(n).startsWith(u"Page"_s))
+                    return false;
+            return true;
+        });
+    }
+
     /// Presses a key until the active page gets it. What was pressed before has arrived then, if ever.
-    bool keysArrive(BrowserFixture &f, Qt::Key key = Qt::Key_Z, const QByteArray &pageName = "z") const;
+    bool keysArrive(BrowserFixture &f, Qt::Key key = Qt::Key_Z, const QByteArray &pageName = "z") const
+    {
+        return waitUntil([&] {
+            f.press(key);
+            return m_site.waitFor("/key/" + pageName, 1, 100);
+        });
+    }
 
 private slots:
     void init()
@@ -193,12 +213,10 @@ private slots:
 
         QGuiApplication::clipboard()->clear();
         f.press(Qt::Key_A, Qt::ControlModifier);
-        QVERIFY(waitUntil(
-            [&] {
-                f.choose(u"mnuEditCopy"_s);
-                return waitUntil([] { return QGuiApplication::clipboard()->text() == u"text"_s; }, 100);
-            },
-            kPatience));
+        QVERIFY(waitUntil([&] {
+            f.choose(u"mnuEditCopy"_s);
+            return waitUntil([] { return QGuiApplication::clipboard()->text() == u"text"_s; }, 100);
+        }));
         for (const auto &[key, site] : {std::pair{Qt::Key_M, u"Mail"}, {Qt::Key_S, u"Search"}, {Qt::Key_W, u"News"}}) {
             f.press(key, Qt::ControlModifier);
             QVERIFY(f.waitForPage(1, QString::fromUtf16(site)));
@@ -287,7 +305,7 @@ private slots:
         f.press(Qt::Key_A, Qt::ControlModifier);
         QVERIFY(f.choose(u"mnuEditCut"_s));
         QVERIFY(m_site.waitFor("/is/"));
-        QVERIFY(waitUntil([&] { return clipboard.text() == u"y"_s; }, kPatience));
+        QVERIFY(waitUntil([&] { return clipboard.text() == u"y"_s; }));
         QVERIFY(f.choose(u"mnuEditPaste"_s));
         QVERIFY(f.choose(u"mnuEditPaste"_s));
         QVERIFY(m_site.waitFor("/is/yy"));
@@ -373,33 +391,6 @@ private slots:
         QVERIFY(keysArrive(f));
     }
 };
-
-bool tst_Commands::open(BrowserFixture &f, const QStringList &paths) const
-{
-    f.set(u"Sites"_s, u"SitesHome1"_s, at(u"/home"_s));
-    if (!f.start(at(paths.first())))
-        return false;
-    for (const QString &path : paths.mid(1))
-        f.main().LoadNewDoc(at(path));
-    return waitUntil(
-        [&] {
-            for (int n = 1; n <= f.count(); ++n)
-                if (f.state(n) != u"Completed"_s || !f.caption(n).startsWith(u"Page"_s))
-                    return false;
-            return true;
-        },
-        kPatience);
-}
-
-bool tst_Commands::keysArrive(BrowserFixture &f, Qt::Key key, const QByteArray &pageName) const
-{
-    return waitUntil(
-        [&] {
-            f.press(key);
-            return m_site.waitFor("/key/" + pageName, 1, 100);
-        },
-        kPatience);
-}
 
 BROWSER_TEST_MAIN(tst_Commands)
 #include "tst_commands.moc"

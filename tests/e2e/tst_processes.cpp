@@ -51,7 +51,7 @@ public:
     bool waitForWindow() const
     {
         const std::string folder = (m_home + u"/run"_s).toStdString();
-        return waitUntil([&] { return !instance::FindRunningInstance(folder).empty(); }, kPatience);
+        return waitUntil([&] { return !instance::FindRunningInstance(folder).empty(); });
     }
     bool isRunning() const { return process.state() == QProcess::Running; }
     /// Waits for the end, while the loopback site answers; the exit code, -1 for any other end or none in time.

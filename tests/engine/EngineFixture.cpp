@@ -26,7 +26,7 @@ RecordedBrowser::RecordedBrowser(engine::Engine &engine, const LoopbackSite &sit
 
 bool RecordedBrowser::waitForEnd(int times) const
 {
-    return waitUntil([&] { return count(u"end"_s) >= times; }, 15'000);
+    return waitUntil([&] { return count(u"end"_s) >= times; });
 }
 
 bool RecordedBrowser::open(const QString &url)

@@ -24,7 +24,7 @@ class WebPages : public QObject
     QString at(const QString &path) const { return m_site.address(path); }
     static bool waitForBox(const RecordedBrowser &browser, std::size_t number = 1)
     {
-        return waitUntil([&] { return browser.messages.size() >= number; }, 15'000);
+        return waitUntil([&] { return browser.messages.size() >= number; });
     }
 
 private slots:
@@ -495,7 +495,7 @@ private slots:
             const QString before = browser.events.join(u", "_s);
             QVERIFY2(!before.contains(u"end"_s) && !before.contains(u"location"_s), qPrintable(before));
             // The picture may only be asked for now.
-            QVERIFY(waitUntil([&] { return m_site.release("/held"), browser.count(u"end"_s) > 0; }, 15'000));
+            QVERIFY(waitUntil([&] { return m_site.release("/held"), browser.count(u"end"_s) > 0; }));
         }
     }
 };

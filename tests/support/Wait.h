@@ -8,7 +8,7 @@
 /// Waits until `isThere()` gives true, at most `milliseconds`; gives whether it does. The event loop runs all the time:
 /// the waits of Qt Test sleep between their looks, which makes a page engine in the same process many times slower.
 template <typename Condition>
-bool waitUntil(Condition isThere, int milliseconds = 5000)
+bool waitUntil(Condition isThere, int milliseconds = 15'000)
 {
     constexpr int kLookEveryMs = 5;
     const QDeadlineTimer deadline(milliseconds);
@@ -25,9 +25,9 @@ bool waitUntil(Condition isThere, int milliseconds = 5000)
 }
 
 /// QTRY_VERIFY and QTRY_COMPARE with that wait.
-#define WAIT_VERIFY(condition) QVERIFY(waitUntil([&] { return bool(condition); }, 15'000))
+#define WAIT_VERIFY(condition) QVERIFY(waitUntil([&] { return bool(condition); }))
 #define WAIT_COMPARE(actual, expected)                                                                                 \
     do {                                                                                                               \
-        waitUntil([&] { return (actual) == (expected); }, 15'000);                                                     \
+        waitUntil([&] { return (actual) == (expected); });                                                             \
         QCOMPARE(actual, expected);                                                                                    \
     } while (false)
