@@ -244,6 +244,19 @@ private slots:
         window.reset();
         waitUntil([] { return false; }, 100);
     }
+
+    /// The engine does not bear a page to go while its process has an order to print.
+    void documentEndsWhileItPrints()
+    {
+        m_site.page("/print", "Print", "text");
+        for (int after = 0; after < 12; ++after) {
+            RecordedBrowser browser(*m_test.engine, m_site);
+            QVERIFY(browser.open(m_site.address(u"/print"_s)));
+            browser->printFacet()->makePdf({}, {}, [](const QByteArray &) {});
+            for (const QDeadlineTimer moment(after); !moment.hasExpired();)
+                QCoreApplication::processEvents();
+        }
+    }
 };
 
 ENGINE_TEST_MAIN(PageCommandsTest)

@@ -13,7 +13,7 @@ namespace engine {
 
 Page::Page(QWebEngineProfile &profile, Host &host)
     : QWebEnginePage(&profile)
-    , m_host(host)
+    , m_host(&host)
 {
     refusePermissions();
     // Every window is a tab here; the menu of a link has an entry for those.
@@ -37,12 +37,13 @@ void Page::refusePermissions()
 
 bool Page::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
 {
-    return m_host.navigationRequested(url, type, isMainFrame);
+    return m_host && m_host->navigationRequested(url, type, isMainFrame);
 }
 
 void Page::javaScriptAlert(const QUrl &securityOrigin, const QString &message)
 {
-    m_host.alertRequested(securityOrigin, message);
+    if (m_host)
+        m_host->alertRequested(securityOrigin, message);
 }
 
 /// Comes only from documents that the page channel does not reach, and for the question whether to leave a page, which
@@ -61,8 +62,8 @@ bool Page::javaScriptPrompt(const QUrl &, const QString &, const QString &, QStr
 
 void Page::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int, const QString &)
 {
-    if (level == ErrorMessageLevel && message.startsWith("Uncaught "_L1))
-        m_host.scriptFailed();
+    if (m_host && level == ErrorMessageLevel && message.startsWith("Uncaught "_L1))
+        m_host->scriptFailed();
 }
 
 } // namespace engine

@@ -22,6 +22,8 @@ public:
     };
 
     Page(QWebEngineProfile &profile, Host &host);
+    /// The host goes before the page does: nobody is asked or told any more.
+    void leaveHost() { m_host = nullptr; }
 
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
@@ -35,7 +37,7 @@ protected:
 private:
     void refusePermissions();
 
-    Host &m_host;
+    Host *m_host;
 };
 
 } // namespace engine

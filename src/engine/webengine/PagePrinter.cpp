@@ -87,8 +87,12 @@ void PagePrinter::make()
     const Order &order = m_orders.front();
     const int number = m_number;
     const QPointer<PagePrinter> guard(this);
+    m_debt->isOpen = true;
     m_page.printToPdf(
-        [guard, number](const QByteArray &pdf) {
+        [guard, number, debt = m_debt](const QByteArray &pdf) {
+            debt->isOpen = false;
+            if (debt->onPaid)
+                debt->onPaid();
             if (!guard)
                 return;
             QTimer::singleShot(0, guard, [guard, number, pdf] {

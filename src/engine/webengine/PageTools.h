@@ -22,6 +22,7 @@ public:
               PageCommands::Tell tell);
 
     PrintFacet &print() { return m_printer; }
+    PrintDebt &printDebt() { return *m_printer.debt(); }
     SaveFacet &save() { return m_saver; }
     InfoFacet &info() { return m_reader; }
 

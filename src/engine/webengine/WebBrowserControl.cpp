@@ -56,10 +56,16 @@ void WebBrowserControl::shutDown()
     m_boxes.setLeaving(true);
     setFullScreen(false);
     m_engine.channel().leave(*this);
+    if (m_tools && m_tools->printDebt().isOpen)
+        m_engine.keepUntilPaid(m_page, m_tools->printDebt());
     m_tools.reset();
     m_fill.reset();
     m_content.reset();
     m_view.reset();
+    if (m_page) {
+        m_page->leaveHost();
+        m_page->disconnect(this);
+    }
     m_page.reset();
 }
 

@@ -143,7 +143,8 @@ private:
     std::vector<HistoryEntry> entries(int step) const;
 
     WebEngine &m_engine;
-    std::unique_ptr<Page> m_page;
+    /// The engine object keeps it where the document goes and the page still owes something.
+    std::shared_ptr<Page> m_page;
     std::unique_ptr<QWebEngineView> m_view;
     QPointer<FullScreenWindow> m_fullScreen;
     std::unique_ptr<PageTools> m_tools;

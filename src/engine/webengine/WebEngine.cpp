@@ -3,12 +3,19 @@
 #include "engine/webengine/WebBrowserControl.h"
 
 #include <QDir>
+#include <QEventLoop>
 #include <QFileInfo>
+#include <QTimer>
 #include <QWebEngineSettings>
 
 using namespace Qt::StringLiterals;
 
 namespace engine {
+
+namespace {
+/// How long the end of the program waits for what pages still owe. They answer within a few milliseconds.
+constexpr int kLastAnswersMs = 2000;
+} // namespace
 
 WebEngine::WebEngine(const EngineConfig &config)
     : m_config(config)
@@ -30,6 +37,13 @@ WebEngine::~WebEngine()
     for (const auto &browser : m_browsers) {
         if (browser)
             browser->shutDown();
+    }
+    if (!m_pagesLeft.empty()) {
+        QEventLoop loop;
+        connect(this, &WebEngine::pagesGone, &loop, &QEventLoop::quit);
+        QTimer::singleShot(kLastAnswersMs, &loop, &QEventLoop::quit);
+        loop.exec();
+        m_pagesLeft.clear();
     }
     // Running downloads report to what is about to go.
     m_downloads.reset();
@@ -105,6 +119,21 @@ WebBrowser *WebEngine::createBrowser(QWidget *parent)
     connect(browser, &WebBrowser::optionsRequested, this,
             [this, browser] { m_settings.showDialog(browser->window()); });
     return browser;
+}
+
+void WebEngine::keepUntilPaid(std::shared_ptr<Page> page, PrintDebt &debt)
+{
+    debt.onPaid = [engine = QPointer<WebEngine>(this), page = page.get()] {
+        if (!engine)
+            return;
+        // Never from inside a call of the page itself.
+        QTimer::singleShot(0, engine, [engine, page] {
+            std::erase_if(engine->m_pagesLeft, [page](const auto &one) { return one.get() == page; });
+            if (engine->m_pagesLeft.empty())
+                emit engine->pagesGone();
+        });
+    };
+    m_pagesLeft.push_back(std::move(page));
 }
 
 void WebEngine::loadPagesAgain()

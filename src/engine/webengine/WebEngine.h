@@ -19,6 +19,8 @@
 
 namespace engine {
 
+class Page;
+struct PrintDebt;
 class WebBrowserControl;
 
 /// What all browsers share: one profile, the channel to the pages, the user's exceptions and passwords of this run.
@@ -38,6 +40,9 @@ public:
     PageMemory &pageMemory() { return m_pageMemory; }
     ProfileSettings &settings() { return m_settings; }
 
+    /// Keeps the page of a document that goes, until the engine has answered what it owes.
+    void keepUntilPaid(std::shared_ptr<Page> page, PrintDebt &debt);
+
     /// Hosts whose certificate the user has accepted in spite of its faults, until the program ends.
     bool isExcepted(const QString &host) const { return m_excepted.contains(host); }
     void except(const QString &host) { m_excepted.insert(host); }
@@ -50,6 +55,10 @@ public:
     /// What the user has given for a site and the part of it ("realm") that asks; kept in memory only. By keyOf().
     QHash<QString, Credentials> &credentials() { return m_credentials; }
     static QString keyOf(const QUrl &url, const QString &realm);
+
+signals:
+    /// No document that has gone has left its page behind.
+    void pagesGone();
 
 private:
     void startDownload(QWebEngineDownloadRequest *download);
@@ -66,6 +75,7 @@ private:
     std::unique_ptr<QWebEngineProfile> m_profile;
     std::unique_ptr<Downloads> m_downloads;
     std::vector<QPointer<WebBrowserControl>> m_browsers;
+    std::vector<std::shared_ptr<Page>> m_pagesLeft;
     QSet<QString> m_excepted;
     QHash<QString, Credentials> m_credentials;
 };
