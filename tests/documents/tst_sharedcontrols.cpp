@@ -5,7 +5,6 @@
 #include "documents/TabStrip.h"
 #include "engine/VisitLog.h"
 #include "support/DocumentFixture.h"
-#include "support/Rows.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -192,25 +191,21 @@ private slots:
         QCOMPARE(f.navigator.Caption(), u"Navigator"_s);
     }
 
-    void heightMovesInSteps_data()
-    {
-        rows<double, QString, double>({
-            {"grow", {600.0, u"0"_s, 5100.0}},
-            {"shrink past the bound", {1305.0, u"1"_s, 405.0}},
-            {"at the lower bound", {600.0, u"1"_s, 600.0}},
-        });
-    }
-
     void heightMovesInSteps()
     {
-        const auto [from, direction, to] = row<double, QString, double>();
-        DocumentFixture f;
-        f.navigator.setHeight(from);
-        f.navigator.Timer1.setInterval(1);
-        f.navigator.Timer1.setTag(direction);
-        f.navigator.Timer1.setEnabled(true);
-        QTRY_VERIFY(!f.navigator.Timer1.Enabled());
-        QCOMPARE(f.navigator.Height(), to);
+        const std::initializer_list<std::tuple<double, QString, double>> cases{
+            {600.0, u"0"_s, 5100.0}, // grow
+            {1305.0, u"1"_s, 405.0}, // shrink past the bound
+            {600.0, u"1"_s, 600.0}}; // at the lower bound
+        for (const auto &[from, direction, to] : cases) {
+            DocumentFixture f;
+            f.navigator.setHeight(from);
+            f.navigator.Timer1.setInterval(1);
+            f.navigator.Timer1.setTag(direction);
+            f.navigator.Timer1.setEnabled(true);
+            QTRY_VERIFY(!f.navigator.Timer1.Enabled());
+            QCOMPARE(f.navigator.Height(), to);
+        }
     }
 
     void pointerAndFocusGiveTheDirection()

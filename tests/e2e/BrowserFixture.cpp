@@ -77,11 +77,6 @@ bool BrowserFixture::waitForPage(int position, const QString &title)
     return isThere;
 }
 
-void BrowserFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
-{
-    QTest::keyClick(main().windowHandle(), key, modifiers);
-}
-
 void BrowserFixture::enterAddress(const QString &text)
 {
     QLineEdit *edit = main().AddressBar->lineEdit();

@@ -49,7 +49,10 @@ public:
     /// Waits until a document shows a page of this title and loads no longer.
     bool waitForPage(int position, const QString &title);
     /// A key as the desktop sends it to the window.
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(main().windowHandle(), key, modifiers);
+    }
     /// Types into the address bar and presses Enter.
     void enterAddress(const QString &text);
     void clickTab(int position);

@@ -107,6 +107,7 @@ class tst_Processes : public QObject
 private slots:
     void init()
     {
+        allowRoot();
         m_home = std::make_unique<HomeFolder>();
         QVERIFY(m_home->isValid());
         set(u"Settings"_s, u"FirstTime"_s, u"False"_s);
@@ -261,11 +262,5 @@ private slots:
     }
 };
 
-int main(int argc, char **argv)
-{
-    allowRoot();
-    QCoreApplication app(argc, argv);
-    tst_Processes tests;
-    return QTest::qExec(&tests, argc, argv);
-}
+QTEST_GUILESS_MAIN(tst_Processes)
 #include "tst_processes.moc"

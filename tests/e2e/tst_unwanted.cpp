@@ -57,18 +57,15 @@ struct Choice
     QByteArrayList parts;
 };
 
-std::vector<Choice> choices()
-{
-    return {
-        {"EnableImages", &Settings::EnableImages, {"image", "background", "picture"}},
-        {"EnableSound", &Settings::EnableSound, {}},
-        {"EnableVideo", &Settings::EnableVideo, {"video", "video-source", "video-blob", "video-loose", "video-shadow"}},
-        {"EnableScripts",
-         &Settings::EnableScripts,
-         {"script", "assembly", "video-blob", "video-loose", "video-shadow", "worker.wasm"}},
-        {"EnableJava", &Settings::EnableJava, {"assembly", "worker.wasm"}},
-        {"EnableActiveXRUN", &Settings::EnableActiveXRUN, {"object", "embed"}}};
-}
+const std::vector<Choice> kChoices{
+    {"EnableImages", &Settings::EnableImages, {"image", "background", "picture"}},
+    {"EnableSound", &Settings::EnableSound, {}},
+    {"EnableVideo", &Settings::EnableVideo, {"video", "video-source", "video-blob", "video-loose", "video-shadow"}},
+    {"EnableScripts",
+     &Settings::EnableScripts,
+     {"script", "assembly", "video-blob", "video-loose", "video-shadow", "worker.wasm"}},
+    {"EnableJava", &Settings::EnableJava, {"assembly", "worker.wasm"}},
+    {"EnableActiveXRUN", &Settings::EnableActiveXRUN, {"object", "embed"}}};
 
 } // namespace
 
@@ -222,7 +219,7 @@ private slots:
         QTest::addColumn<QByteArray>("off");
         QTest::newRow("all on") << QByteArray();
         QTest::newRow("all off") << "Enable"_ba;
-        for (const Choice &choice : choices())
+        for (const Choice &choice : kChoices)
             QTest::newRow(choice.name) << QByteArray(choice.name);
     }
 
@@ -237,7 +234,7 @@ private slots:
 
         QSet<QByteArray> with{"audio"};
         QSet<QByteArray> without;
-        for (const Choice &choice : choices()) {
+        for (const Choice &choice : kChoices) {
             const bool isOn = off.isEmpty() || !QByteArray(choice.name).startsWith(off);
             settings().*choice.value = isOn;
             (isOn ? with : without) += QSet(choice.parts.begin(), choice.parts.end());

@@ -23,24 +23,9 @@ QString LoopbackSite::address(const QString &path, const QString &host) const
         .arg(path);
 }
 
-void LoopbackSite::add(const QByteArray &path, const Answer &answer)
-{
-    m_handlers.insert(path, [answer](const Request &) { return answer; });
-}
-
-void LoopbackSite::handle(const QByteArray &path, Handler handler)
-{
-    m_handlers.insert(path, std::move(handler));
-}
-
 void LoopbackSite::page(const QByteArray &path, const QByteArray &title, const QByteArray &body)
 {
     add(path, {"<!doctype html><html><head><title>" + title + "</title></head><body>" + body + "</body></html>"});
-}
-
-void LoopbackSite::redirect(const QByteArray &path, const QByteArray &target, int status)
-{
-    add(path, {{}, "text/html", status, {{"Location", target}}});
 }
 
 void LoopbackSite::locked(const QByteArray &path, const QByteArray &title, int status)

@@ -57,11 +57,17 @@ public:
     /// "http://127.0.0.1:<port><path>"; another host name that leads here makes another site of it.
     QString address(const QString &path = QStringLiteral("/"), const QString &host = QStringLiteral("127.0.0.1")) const;
 
-    void add(const QByteArray &path, const Answer &answer);
-    void handle(const QByteArray &path, Handler handler);
+    void handle(const QByteArray &path, Handler handler) { m_handlers.insert(path, std::move(handler)); }
+    void add(const QByteArray &path, const Answer &answer)
+    {
+        handle(path, [answer](const Request &) { return answer; });
+    }
     /// A page with a title, which some tests wait for.
     void page(const QByteArray &path, const QByteArray &title, const QByteArray &body = {});
-    void redirect(const QByteArray &path, const QByteArray &target, int status = 302);
+    void redirect(const QByteArray &path, const QByteArray &to)
+    {
+        add(path, {{}, "text/html", 302, {{"Location", to}}});
+    }
     /// An empty page of this title behind Basic authentication: the name is "me", the password "secret". 401 is for the
     /// page's own server, 407 for a proxy server.
     void locked(const QByteArray &path, const QByteArray &title, int status = 401);
