@@ -142,6 +142,11 @@ private slots:
         QDropEvent drop({}, Qt::CopyAction, &links, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&f.main(), &drop);
         QVERIFY(f.waitForPage(3, u"Page C"_s));
+        f.press(Qt::Key_F11);
+        WAIT_VERIFY(screen());
+        f.main().ActiveForm()->Unload();
+        WAIT_VERIFY(!screen());
+        QCOMPARE(f.count(), 2);
     }
 
     void killedPageIsReloadedOnDemand()

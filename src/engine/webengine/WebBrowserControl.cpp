@@ -54,7 +54,7 @@ void WebBrowserControl::shutDown()
     setEventSink(nullptr);
     setMessageSink(nullptr);
     m_boxes.setLeaving(true);
-    setFullScreen(false);
+    delete m_fullScreen; // which cannot give the view back to a browser that is going
     m_engine.channel().leave(*this);
     if (m_tools && m_tools->printDebt().isOpen)
         m_engine.keepUntilPaid(m_page, m_tools->printDebt());
