@@ -12,11 +12,11 @@ constexpr bool kWeak = true;
 constexpr FieldPhrases kPhrases[] = {
     // Words that hold others by chance.
     {Trap, kStrong,
-     u"statement|estate|interstate|capacity|velocity|ethnicity|publicity|electricity|specificity|automobile|mailing|"
-     u"iphone|microphone|today|yesterday|holiday|monday|sunday|filename|hostname|domainname|tournament|provider|"
-     u"provided|provision|approve|improve|middlesex|sussex|essex|subtitle|useragent|postcard|hotel|cardinal|discard|"
-     u"address book|zipper|landscape|nameplate|yearly|monthly|birthday card|phonetic|namespace|rename|statistic|"
-     u"transparent|apparent|occupant|occupants|occupancy|no po box|no post office"},
+     u"statement|=estate|interstate|capacity|velocity|ethnicity|publicity|electricity|specificity|automobile|mailing|"
+     u"iphone|microphone|today|yesterday|holiday|monday|sunday|file name|host name|domain name|tournament|provider|"
+     u"provided|provision|approve|improve|middlesex|sussex|essex|sub title|user agent|postcard|hotel|cardinal|"
+     u"discard|address book|zipper|landscape|name plate|yearly|monthly|birthday card|phonetic|name space|rename|"
+     u"statistic|transparent|apparent|occupant|occupants|occupancy|no po box|no post office"},
     // Whose name is the user's.
     {Trap, kStrong,
      u"'customer s|'holder s|'cardholder s|'account holder s|'buyer s|'purchaser s|'applicant s|'guest s|"
@@ -42,9 +42,9 @@ constexpr FieldPhrases kPhrases[] = {
     {Never, kStrong,
      u"friend|freund|=ami|amigo|amico|recipient email|recipients email|recipient mail|recipient phone|"
      u"recipients phone|email recipient|email of recipient|emergency|notfallkontakt|spouse|ehepartner|conjoint|"
-     u"conyuge|beneficiary|referrer|referral|referred|refer a|mother|maiden|father|child first|child last|child name|"
+     u"conyuge|beneficiary|=referrer|referral|=referred|refer a|mother|maiden|father|child first|child last|child name|"
      u"childs|your child|kid name|guardian|coapplicant|next of kin|recipient s mail|receiver email|gift recipient|"
-     u"=to email|friends name|parent 1|parent 2|parent guardian|=tribute|honoree|honouree|memorial|in memory|"
+     u"^to email|friends name|parent 1|parent 2|parent guardian|=tribute|honoree|honouree|memorial|in memory|"
      u"in honor|in honour|doctor|=gp|physician|pharmacy|guarantor|policy holder|coborrower|co registrant|co owner|"
      u"co buyer|cosigner|supervisor|representative|representante|representant|fundraiser|landlord|attorney|dependent|"
      u"dependant|erziehungsberechtigt|erziehungsberechtigten|tuteur legal|reference 1|reference 2|=ref1|=ref2|"
@@ -72,7 +72,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"second prenom|segundo apellido|apellido2|apellido materno|secondo nome|name suffix|namenszusatz|phonetic name|"
      u"first name kana|last name kana|furigana|フリガナ|カナ|かな|ふりがな|отчество|tussenvoegsel|patronymic|=former|formerly|"
      u"=previous|=prev|prior address|old address|other names|other first names|autres prenoms|otros nombres|"
-     u"weitere vornamen|2 apellido|2º apellido|2o apellido|2do apellido|=ape2|'s name|'s first name|'s last name|"
+     u"weitere vornamen|2 apellido|2º apellido|2o apellido|2do apellido|=ape2|preferred name|'s name|'s first name|'s last name|"
      u"'s full name|'s surname|'s phone|'s email|'s address|'s zip|'s city|'s state|'s title|'s date|'ort der|"
      u"'ort des|'datum der|'datum des|'name of|'name des|'name der|'nom du|'nom de la|'nom de l|'nombre del|"
      u"'nombre de la|'nome del|'nome della|'nome dell|'naam van"},
@@ -86,11 +86,11 @@ constexpr FieldPhrases kPhrases[] = {
      u"apartado|urbanization|country id number|packstation|foreign|numero interior|num interior|numint|"
      u"postcode lookup|address lookup|find your address|find address|address finder|address search|"
      u"huisnummer toevoeging|hnr toev|house number addition|hausnummerzusatz|hausnr zusatz|property zip|"
-     u"property city|property postcode|property address|work address|desired position|position desired|"
-     u"position applied|position sought|wunschposition|poste souhaite|puesto deseado|store city|store state|"
-     u"store zip|store address|years at|months at|time at|how long|ort datum|ort und datum|place and date|"
+     u"property city|property postcode|property address|^work address|desired position|position desired|"
+     u"position applied|position sought|wunschposition|poste souhaite|puesto deseado|'store city|'store state|"
+     u"'store zip|'store address|years at|months at|time at|how long|ort datum|ort und datum|place and date|"
      u"lieu et date|lugar y fecha|employer|arbeitgeber|employeur|=empleador|werkgever|subdivision|cross street|"
-     u"nearest|landmark|doorcode|entry code|gate code|ip address|web address|wallet address|delivery instructions|"
+     u"nearest|landmark|doorcode|entry code|gate code|=ip address|web address|wallet address|delivery instructions|"
      u"instructions|neighborhood|neighbourhood|bairro|colonia"},
     {Other, kStrong,
      u"passport|bank account|bank code|bank number|bank branch|bank address|bank contact|bank manager|bank phone|"
@@ -105,7 +105,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"'membership|^membership|membership number|membership no|membership id|membership type|membership card|"
      u"membership level|member id|member number|member no|'loyalty|^loyalty|loyalty number|loyalty card|loyalty id|"
      u"loyalty no|loyalty program|frequent flyer|frequent flier|bonus card|bahncard|payback|customer number|"
-     u"customer id|customer no|kundennummer|numero client|order number|orderid|order no|bestellnummer|'invoice|"
+     u"customer id|customer no|kundennummer|numero client|order number|orderid|order no|bestellnummer|"
      u"^invoice|invoice number|invoice no|invoice nr|invoice id|invoice date|invoice amount|rechnungsnummer|"
      u"reference number|reservation number|booking number|confirmation number|case number|policy number|"
      u"account number|account no|accno|acct no|student id|employee id|serial number|registration number|id card|"
@@ -160,7 +160,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"inhaber|name auf der karte|name auf karte|titulaire|nom sur la carte|titular|nombre en la tarjeta|"
      u"nombre del titular|titolare|intestatario|kaarthouder|naam op kaart|nome no cartao|имя на карте|владелец карты|"
      u"カード名義|владельца карты|имя владельца карты|имя владельца|имя держателя|имя держателя карты|持卡人"},
-    {Fax, kStrong, u"~fax|telefax|faxnumber|факс|ファックス|传真"},
+    {Fax, kStrong, u"~fax|telefax|faxnummer|telefaxnummer|telecopie|faxnumber|факс|ファックス|传真"},
     {PhoneCountry, kStrong,
      u"phone country|phone country code|phone code|mobile country code|mobile code|tel country code|"
      u"country calling code|calling code|dial code|dialing code|dialling code|isd code|intl code|international code|"

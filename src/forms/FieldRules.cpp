@@ -29,6 +29,7 @@ struct Phrase
     bool aloneOnly;
     /// Not in names and ids.
     bool proseOnly;
+    bool isOneWord;
     /// It stands behind the first word of the record: what it names is less sure than any of those.
     bool isLate;
     /// In the order in which they count.
@@ -79,7 +80,7 @@ private:
         const bool wholeOnly = isWhole || (!isPart && letters.size() < kLeastPart);
         m_hasRecord = m_hasRecord || row.kind < FieldKind::Day;
         m_lists[startOf(letters)].push_back(
-            {letters, row.kind, row.isWeak, wholeOnly, isAlone, isProse, m_hasRecord, m_count++});
+            {letters, row.kind, row.isWeak, wholeOnly, isAlone, isProse, !text.contains(u' '), m_hasRecord, m_count++});
     }
 
     std::unordered_map<quint32, std::vector<Phrase>> m_lists;
@@ -114,11 +115,17 @@ std::optional<Fit> fitOf(const Phrase &phrase, const FieldWords &words, qsizetyp
     const bool ends = words.isEdge(end);
     if (starts && ends)
         return Fit::Whole;
-    if (phrase.kind == FieldKind::Trap)
-        return Fit::Inside;
     if (phrase.wholeOnly)
         return {};
     const qsizetype size = phrase.letters.size();
+    if (phrase.kind == FieldKind::Trap) {
+        // "to_day" is no "today", and there is no estate in "home_state".
+        for (qsizetype i = at + 1; i < end && phrase.isOneWord; ++i) {
+            if (words.isEdge(i))
+                return {};
+        }
+        return Fit::Inside;
+    }
     if (starts || ends) {
         if (from == FieldWords::From::Prose && size < kLeastPartOfProse)
             return {};
@@ -155,14 +162,15 @@ void forEachMatch(const FieldWords &words, FieldWords::From from, Use use)
             continue;
         for (const Phrase &phrase : *list) {
             const qsizetype end = at + phrase.letters.size();
-            // One of several people may be part of what stands for a number of them.
-            const bool isHidden = end <= covered && phrase.kind != FieldKind::Companion;
-            if (isHidden || !letters.sliced(at).startsWith(phrase.letters))
+            // Who it is about hides nothing and is hidden by nothing.
+            const bool isWho = phrase.kind == FieldKind::Companion || phrase.kind == FieldKind::Sender ||
+                               phrase.kind == FieldKind::Recipient;
+            if ((end <= covered && !isWho) || !letters.sliced(at).startsWith(phrase.letters))
                 continue;
             const std::optional<Fit> fit = fitOf(phrase, words, at, from);
             if (!fit)
                 continue;
-            covered = std::max(covered, end);
+            covered = isWho ? covered : end;
             if (phrase.kind == FieldKind::Trap)
                 trapped = end;
             use(Match{&phrase, at, *fit});
@@ -278,8 +286,12 @@ TextReading readName(const QString &name)
 {
     const FieldWords words(name, FieldWords::From::Name);
     return read(words, FieldWords::From::Name, [&](const Match &match) {
-        const bool isLateOther = match.phrase->kind == FieldKind::Other && match.phrase->isLate;
-        return std::tuple(isWeak(match), -words.part(match.end() - 1), isLateOther, match.fit, match.phrase->order);
+        // "companyPhone", "cardholder_email", "mail_city"
+        const Phrase &phrase = *match.phrase;
+        const bool isLateOther = phrase.kind == FieldKind::Other && phrase.isLate;
+        const bool isPrefix = phrase.kind == FieldKind::FullName || (match.at == 0 && phrase.letters == u"mail");
+        const int give = isLateOther ? 2 : isPrefix ? 1 : 0;
+        return std::tuple(isWeak(match), -words.part(match.end() - 1), give, match.fit, phrase.order);
     });
 }
 
