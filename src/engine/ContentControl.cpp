@@ -18,6 +18,8 @@ bool isPartRefused(int32_t control, PartKind kind, const QUrl &url)
     switch (kind) {
     case PartKind::Image:
         return !(control & DLCTL_DLIMAGES);
+    case PartKind::Media:
+        return !(control & (DLCTL_VIDEOS | DLCTL_BGSOUNDS));
     case PartKind::Plugin:
         return control & DLCTL_NO_RUNACTIVEXCTLS;
     case PartKind::Other:

@@ -22,6 +22,8 @@ inline constexpr int32_t kAllContent = DLCTL_DLIMAGES | DLCTL_VIDEOS | DLCTL_BGS
 /// The parts of a page that the value decides about; all others may always be asked for.
 enum class PartKind {
     Image,
+    /// Films and sounds, which nobody can tell apart before they have come.
+    Media,
     /// What `<object>` and `<embed>` ask for.
     Plugin,
     Other,

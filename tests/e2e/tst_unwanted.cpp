@@ -232,7 +232,7 @@ private slots:
         f().document(1).NavigateDoc(at(u"/opener"_s));
         QVERIFY(f().waitForPage(1, u"Opener"_s));
 
-        QSet<QByteArray> with{"audio"};
+        QSet<QByteArray> with;
         QSet<QByteArray> without;
         for (const Choice &choice : kChoices) {
             const bool isOn = off.isEmpty() || !QByteArray(choice.name).startsWith(off);
@@ -241,6 +241,7 @@ private slots:
         }
         with -= without;
         (settings().EnableScripts ? without : with) += "noscript";
+        (settings().EnableSound || settings().EnableVideo ? with : without) += "audio";
 
         m_site.page("/frame", "Frame", everything("f"));
         m_site.page("/everything", "Everything",

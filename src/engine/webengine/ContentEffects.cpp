@@ -21,6 +21,8 @@ PartKind kindOf(QWebEngineUrlRequestInfo::ResourceType type)
     case QWebEngineUrlRequestInfo::ResourceTypeImage:
     case QWebEngineUrlRequestInfo::ResourceTypeFavicon:
         return PartKind::Image;
+    case QWebEngineUrlRequestInfo::ResourceTypeMedia:
+        return PartKind::Media;
     case QWebEngineUrlRequestInfo::ResourceTypeObject:
     case QWebEngineUrlRequestInfo::ResourceTypePluginResource:
         return PartKind::Plugin;
