@@ -139,9 +139,9 @@ constexpr FieldPhrases kPhrases[] = {
     {Sex, kStrong, u"~sex|gender|geschlecht|sexe|sexo|sesso|genere|geslacht|genero|=пол|性别|性別|성별"},
     {FullName, kStrong,
      u"full name|complete name|first and last name|first last name|first name last name|name and surname|"
-     u"first name and last name|vor und nachname|vorname und nachname|vorname nachname|vollstandiger name|ihr name|"
-     u"nom complet|nom et prenom|nom prenom|prenom et nom|votre nom|nombre completo|nombre y apellidos|"
-     u"nombre y apellido|tu nombre|su nombre|nome completo|nome e cognome|volledige naam|nome e sobrenome|vor zuname|"
+     u"first name and last name|vor und nachname|vorname und nachname|vorname nachname|vollstandiger name|"
+     u"nom complet|nom et prenom|nom prenom|prenom et nom|nombre completo|nombre y apellidos|"
+     u"nombre y apellido|nome completo|nome e cognome|volledige naam|nome e sobrenome|vor zuname|"
      u"vor und zuname|vor u nachname|vor u zuname|name vorname|name und vorname|nachname vorname|nombre apellidos|"
      u"nombre apellido|apellidos y nombre|imie i nazwisko|imie nazwisko|фио|полное имя|your name|contact name|"
      u"ansprechpartner|氏名|フルネーム|姓名|성명"},
@@ -297,7 +297,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"direccion|indirizzo|adres|endereco|=morada|адрес|アドレス|adress"},
     {Other, kWeak, u"display name|alias|=handle|=suffix"},
     {FullName, kWeak,
-     u"name|=nom|nombre|=nome|=naam|=navn|=namn|nom du titulaire|nom du contact|nom du client|nom du porteur|"
+     u"name|ihr name|votre nom|tu nombre|su nombre|=nom|nombre|=nome|=naam|=navn|=namn|nom du titulaire|nom du contact|nom du client|nom du porteur|"
      u"nom du destinataire|nom du demandeur|nom du voyageur|nom du passager|nom du participant|nom du patient|"
      u"nom du conducteur|nom du souscripteur|nom du donateur|nom de l assure|nom de l abonne|nom de l adherent|"
      u"nombre del paciente|nombre del conductor|nombre del donante|nombre del asegurado|nombre del alumno|"

@@ -30,11 +30,18 @@ struct Phrase
     /// Not in names and ids.
     bool proseOnly;
     bool isOneWord;
+    /// It says who is asked about.
+    bool isWho;
     /// It stands behind the first word of the record: what it names is less sure than any of those.
     bool isLate;
     /// In the order in which they count.
     int order;
 };
+
+bool isWho(FieldKind kind)
+{
+    return kind == FieldKind::Sender || kind == FieldKind::Recipient || kind == FieldKind::Companion;
+}
 
 /// All phrases by their first letters, longest first; of equal ones that which is for texts alone.
 class PhraseIndex
@@ -79,8 +86,8 @@ private:
         Q_ASSERT(!letters.isEmpty());
         const bool wholeOnly = isWhole || (!isPart && letters.size() < kLeastPart);
         m_hasRecord = m_hasRecord || row.kind < FieldKind::Day;
-        m_lists[startOf(letters)].push_back(
-            {letters, row.kind, row.isWeak, wholeOnly, isAlone, isProse, !text.contains(u' '), m_hasRecord, m_count++});
+        m_lists[startOf(letters)].push_back({letters, row.kind, row.isWeak, wholeOnly, isAlone, isProse,
+                                             !text.contains(u' '), isWho(row.kind), m_hasRecord, m_count++});
     }
 
     std::unordered_map<quint32, std::vector<Phrase>> m_lists;
@@ -163,14 +170,12 @@ void forEachMatch(const FieldWords &words, FieldWords::From from, Use use)
         for (const Phrase &phrase : *list) {
             const qsizetype end = at + phrase.letters.size();
             // Who it is about hides nothing and is hidden by nothing.
-            const bool isWho = phrase.kind == FieldKind::Companion || phrase.kind == FieldKind::Sender ||
-                               phrase.kind == FieldKind::Recipient;
-            if ((end <= covered && !isWho) || !letters.sliced(at).startsWith(phrase.letters))
+            if ((end <= covered && !phrase.isWho) || !letters.sliced(at).startsWith(phrase.letters))
                 continue;
             const std::optional<Fit> fit = fitOf(phrase, words, at, from);
             if (!fit)
                 continue;
-            covered = isWho ? covered : end;
+            covered = phrase.isWho ? covered : end;
             if (phrase.kind == FieldKind::Trap)
                 trapped = end;
             use(Match{&phrase, at, *fit});
