@@ -294,6 +294,28 @@ private slots:
         QCOMPARE(m_site.count("/answer"), times);
     }
 
+    /// The engine would take half a file for the whole one.
+    void downloadsOutliveAnEmptyCache()
+    {
+        m_site.add("/lasting", {"<title>Lasting</title>", "text/html", 200, {{"Cache-Control", "max-age=1000"}}});
+        const QByteArray content(100'000, 'x');
+        m_site.download("/file", "data.bin", content, LoopbackSite::Ending::Halved);
+        {
+            RecordedBrowser browser(*m_test->engine, m_site);
+            QVERIFY(open(browser, u"/lasting"_s));
+            QVERIFY(open(browser, u"/file"_s));
+            const QString file = m_test->config().downloadFolder + u"/data.bin"_s;
+            WAIT_VERIFY(QFileInfo(file + u".download"_s).size() > 0);
+            clear(browser, "chkTemp");
+            m_site.release("/file");
+            WAIT_COMPARE(QFileInfo(file).size(), content.size());
+        }
+        startAgain();
+        RecordedBrowser browser(*m_test->engine, m_site);
+        QVERIFY(open(browser, u"/lasting"_s));
+        QCOMPARE(m_site.count("/lasting"), 2);
+    }
+
     void historyIsCleared()
     {
         RecordedBrowser browser(*m_test->engine, m_site);

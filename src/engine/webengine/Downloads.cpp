@@ -51,6 +51,13 @@ void Downloads::start(QWebEngineDownloadRequest *download)
     report(*download);
 }
 
+bool Downloads::isBusy() const
+{
+    return std::any_of(m_running.begin(), m_running.end(), [](const Entry &entry) {
+        return entry.download && entry.download->state() == QWebEngineDownloadRequest::DownloadInProgress;
+    });
+}
+
 /// `wanted`, or the first of "wanted (2)", ... that neither a file nor a download that is still running has.
 QString Downloads::freeName(const QString &wanted) const
 {

@@ -22,6 +22,8 @@ public:
 
     void start(QWebEngineDownloadRequest *download);
     bool isRunning(quint32 id) const { return m_running.contains(id); }
+    /// Something comes from the network right now.
+    bool isBusy() const;
     /// For what starts from now on.
     void setFolder(const QString &folder) { m_folder = folder; }
 

@@ -104,7 +104,10 @@ void ProfileSettings::settle() const
 {
     if (!m_siteData)
         return;
-    const SiteData::Kinds done = m_siteData->pending() & ~SiteData::Kinds(SiteData::Kind::Storage);
+    SiteData::Kinds done = m_siteData->pending() & ~SiteData::Kinds(SiteData::Kind::Storage);
+    // Downloads may have kept the old cache in use.
+    if (m_profile && m_profile->httpCacheType() == QWebEngineProfile::DiskHttpCache)
+        done.setFlag(SiteData::Kind::TemporaryFiles, false);
     if (done == SiteData::Kinds())
         return;
     m_siteData->remove(done & SiteData::Kind::TemporaryFiles);
@@ -240,6 +243,9 @@ bool ProfileSettings::emptyCache()
     if (m_siteData)
         m_siteData->addPending(SiteData::Kind::TemporaryFiles);
     m_settling.start();
+    // The engine takes a download that is cut off for a whole one: then the cache goes when the program ends.
+    if (m_surroundings.isDownloading())
+        return false;
     // Without a folder the engine keeps to its first cache, which goes with the program.
     const int size = m_profile->httpCacheMaximumSize();
     if (m_profile->isOffTheRecord() || size == kNoRoom)

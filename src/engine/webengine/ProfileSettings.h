@@ -32,6 +32,7 @@ public:
         VisitLog &visits;
         /// Told where downloads go from now on.
         std::function<void(const QString &folder)> setDownloadFolder;
+        std::function<bool()> isDownloading;
         /// Told when nothing that a page waits for will come any more.
         std::function<void()> loadPagesAgain;
     };

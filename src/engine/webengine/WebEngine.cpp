@@ -27,7 +27,7 @@ WebEngine::WebEngine(const EngineConfig &config)
                       if (m_downloads)
                           m_downloads->setFolder(folder);
                   },
-                  [this] { loadPagesAgain(); }})
+                  [this] { return m_downloads && m_downloads->isBusy(); }, [this] { loadPagesAgain(); }})
     , m_site(*this)
 {}
 
