@@ -1,6 +1,8 @@
 // What a fill costs on a page of 1,000 inputs in ten frames, beyond what putting the same values in costs by itself: a
 // script of the page that knows all values sets them and sends the same events. Both are taken in turn, as processor
 // time of the program's main thread and of those of the page processes, so it hardly counts what else the machine does.
+// Then what pages without inputs pay: the load of a page of 100 frames against the same load in an engine page without
+// anything of ours, and a fill of it against doing nothing.
 
 #include "core/state/SettingsStore.h"
 #include "engine/EngineFixture.h"
@@ -12,15 +14,19 @@
 #include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineView>
 #include <algorithm>
 #include <ctime>
+#include <functional>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRuns = 5, kFrames = 10, kInputs = 100;
+constexpr int kRuns = 5, kFrames = 10, kInputs = 100, kEmpty = 100;
 
 QByteArray read(const QString &path)
 {
@@ -95,6 +101,16 @@ const QByteArray kBareFill = R"(<script>
     });
 </script>)";
 
+/// The time that something takes, with all that follows from it until the last look of a fill would be over.
+double costOf(const std::function<bool()> &work)
+{
+    const double before = processorTime();
+    if (!work())
+        qFatal("the page did not do what it should");
+    waitUntil([] { return false; }, 4000);
+    return processorTime() - before;
+}
+
 double median(std::vector<double> values)
 {
     std::sort(values.begin(), values.end());
@@ -137,29 +153,60 @@ int main(int argc, char **argv)
             return 1;
         waitUntil([] { return false; }, 1500);
         browser.statuses.clear();
-        const bool isBare = i % 2 == 0;
-        const double before = processorTime();
+        browser.events.clear();
         QElapsedTimer clock;
         clock.start();
-        if (isBare)
-            browser->Navigate2(site.address(u"/ten#fill"_s));
-        else
-            browser->formFacet()->fill(record, false);
-        if (!waitUntil(
-                [&] { return isBare ? browser.events.contains("title "_L1 + all) : browser.statuses.contains(all); },
-                15'000)) {
-            qWarning("not filled: %s", qPrintable(browser.statuses.join(u'|')));
-            return 1;
+        if (i % 2 == 0) {
+            bare.push_back(costOf([&] {
+                browser->Navigate2(site.address(u"/ten#fill"_s));
+                return waitUntil([&] { return browser.events.contains("title "_L1 + all); }, 15'000);
+            }));
+        } else {
+            own.push_back(costOf([&] {
+                browser->formFacet()->fill(record, false);
+                const bool isFilled = waitUntil([&] { return browser.statuses.contains(all); }, 15'000);
+                told.push_back(static_cast<double>(clock.elapsed()));
+                return isFilled;
+            }));
         }
-        if (!isBare)
-            told.push_back(static_cast<double>(clock.elapsed()));
-        // Until after the last look of the fill.
-        waitUntil([&] { return clock.elapsed() > 4000; }, 5000);
-        (isBare ? bare : own).push_back(processorTime() - before);
-        browser.events.clear();
-        qInfo("%s %.0f ms", isBare ? "bare" : "fill", (isBare ? bare : own).back());
     }
-    qInfo("median of %d: fill %.0f ms, bare %.0f ms, own %.0f ms; told after %.0f ms", kRuns, median(own), median(bare),
-          median(own) - median(bare), median(told));
+    qInfo("1,000 inputs, ms, medians of %d: fill %.0f, bare %.0f, own %.0f; told after %.0f", kRuns, median(own),
+          median(bare), median(own) - median(bare), median(told));
+
+    site.page("/none", "None", "<p>no inputs</p>");
+    site.page("/hundred", "Hundred", QByteArray("<iframe src=/none width=50 height=30></iframe>").repeated(kEmpty));
+    const QUrl hundred(site.address(u"/hundred"_s));
+    QWebEngineProfile profile;
+    QWebEngineView view;
+    view.setPage(new QWebEnginePage(&profile, &view));
+    view.resize(browser->window()->size());
+    view.show();
+    bool isLoaded = false;
+    QObject::connect(&view, &QWebEngineView::loadFinished, [&] { isLoaded = true; });
+    std::vector<double> loaded, bareLoaded, filled, idle;
+    for (int i = 0; i <= kRuns; ++i) {
+        const double engineLoad = costOf([&] {
+            isLoaded = false;
+            view.load(hundred);
+            return waitUntil([&] { return isLoaded; }, 15'000);
+        });
+        const double ourLoad = costOf([&] { return browser.open(hundred.toString()); });
+        const double ourFill = costOf([&] {
+            browser->formFacet()->fill(record, false);
+            return true;
+        });
+        const double nothing = costOf([] { return true; });
+        // The first time the processes of the pages start.
+        if (i == 0)
+            continue;
+        bareLoaded.push_back(engineLoad);
+        loaded.push_back(ourLoad);
+        filled.push_back(ourFill);
+        idle.push_back(nothing);
+    }
+    const auto each = [](double total) { return total / kEmpty; };
+    qInfo("frames without inputs, ms a frame: load %.2f, bare %.2f, own %.2f; fill %.2f, nothing %.2f, own %.2f",
+          each(median(loaded)), each(median(bareLoaded)), each(median(loaded) - median(bareLoaded)),
+          each(median(filled)), each(median(idle)), each(median(filled) - median(idle)));
     return 0;
 }
