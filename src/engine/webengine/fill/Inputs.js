@@ -2,6 +2,8 @@
 
 const kTypes = new Set(['text', 'tel', 'email', 'url', 'number', 'date', 'month', 'week', 'time', 'datetime-local', 'radio',
                         'checkbox', 'select-one', 'textarea']);
+// What the user types into these can be wrong, and then counts as nothing.
+const kPicky = new Set(['number', 'date', 'month', 'week', 'time', 'datetime-local']);
 const kLongest = 100;
 const kOptions = 300;
 
@@ -17,14 +19,11 @@ const short = text => (text || '').slice(0, kLongest);
 const brief = text => text ? text.slice(0, kLongest) : undefined;
 const isSelect = input => input.type === 'select-one';
 
-const isSearch = input => {
-    if (/^search/.test(attribute(input, 'role') || '') || input.inputMode === 'search' || input.enterKeyHint === 'search')
-        return true;
-    return input.form !== null && attribute(input.form, 'role') === 'search';
-};
+const kUnwanted = ':disabled,input[readonly],textarea[readonly],[role^=search i],[inputmode=search i],[enterkeyhint=search i],' +
+    '[autocomplete~=one-time-code i]';
 
-const isWanted = input => kTypes.has(input.type) && !input.readOnly && !input.matches(':disabled') && !isSearch(input) &&
-    !/\bone-time-code\b/i.test(attribute(input, 'autocomplete') || '');
+const isWanted = input => kTypes.has(input.type) && !input.matches(kUnwanted) &&
+    !(input.form && attribute(input.form, 'role') === 'search');
 
 /** Whether a choice list stands where its page has put it at first. */
 const isInitial = list => {
@@ -68,7 +67,7 @@ const isEmpty = (input, groups) => {
         return !input.checked && !(input.name && names && names.has(input.name));
     }
     default:
-        return input.value === '' && !input.validity.badInput;
+        return input.value === '' && !(kPicky.has(input.type) && input.validity.badInput);
     }
 };
 

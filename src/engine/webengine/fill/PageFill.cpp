@@ -19,7 +19,9 @@ namespace engine {
 
 namespace {
 
-/// How long frames may ask for values after the command. Their script looks for new inputs a little less long.
+/// How long a page that is busy may take to notice the command.
+constexpr int kStartMs = 10'000;
+/// How long frames may ask for values from then on. Their script looks for new inputs a little less long.
 constexpr int kFillMs = 3500;
 /// After so long without news the user is told how many inputs were filled.
 constexpr int kQuietMs = 300;
@@ -90,7 +92,8 @@ void PageFill::fill(std::shared_ptr<const FormRecord> record, bool locked)
     m_reports = 0;
     m_filled = 0;
     m_told = -1;
-    m_end.start(kFillMs);
+    m_hasBegun = false;
+    m_end.start(kStartMs);
     m_pageKey = PageChannel::newToken();
     m_frames[m_pageKey].origin = m_page.url();
     drivePage(script() + u"corvaneFill.begin('%1')"_s.arg(m_pageKey));
@@ -286,8 +289,11 @@ void PageFill::drivePage(const QString &script)
 {
     const QPointer<PageFill> guard(this);
     m_page.runJavaScript(script, PageChannel::kWorld, [guard, key = m_pageKey](const QVariant &asked) {
-        if (guard && guard->isRunning() && guard->m_pageKey == key)
-            guard->pageAsks(asked.toString());
+        if (!guard || !guard->isRunning() || guard->m_pageKey != key)
+            return;
+        if (!std::exchange(guard->m_hasBegun, true))
+            guard->m_end.start(kFillMs);
+        guard->pageAsks(asked.toString());
     });
 }
 

@@ -96,6 +96,7 @@ private:
     QHash<QString, int> m_shownAt;
     int m_filled = 0;
     int m_told = -1;
+    bool m_hasBegun = false;
     /// The key of the page itself.
     QString m_pageKey;
     QTimer m_end;

@@ -11,8 +11,9 @@ const kElements = 60000, kRoots = 1000, kExamined = 4000, kOffered = 2000;
 // Characters of one request: escaped, nine times as many at worst, and the engine takes two million.
 const kRequest = 60000, kInputsOfRequest = 500;
 const kSliceMs = 40;
-// For an input that it is asked about, the engine may have to go through all elements of the page, so many in all.
-const kHits = 1e7;
+// For an input that it is asked about, the engine may have to go through all elements of the page: so many in all, and it is
+// not asked where that is enough for a few inputs only.
+const kHits = 1e7, kFewInputs = 200;
 // A huge document is looked at from its beginning for so long, and what comes after that is left out.
 const kLookMs = 800;
 
@@ -142,7 +143,7 @@ const isOpen = (input, groups) => input.isConnected && viewOf(ownerDocument(inpu
 /** Of the inputs, those that may be filled and have not been asked about. */
 function* choose({ inputs, size }, path, veil) {
     const groups = new Map;
-    const open = [], end = performance.now() + kLookMs;
+    const open = [], end = performance.now() + kLookMs / 4;
     for (const input of inputs) {
         if (open.length + offers >= kOffered || performance.now() > end)
             break;
@@ -154,7 +155,8 @@ function* choose({ inputs, size }, path, veil) {
     // Where a frame stands nobody can tell who is in no list of frames, so only what the engine says counts.
     const isProof = path === '?';
     const margin = window === window.top ? marginOf(newLooks(veil)) : '0px';
-    const painted = yield* paintedOf(open.slice(0, Math.max(20, kHits / size)), margin);
+    const most = kHits / size, isAsked = isProof || most >= kFewInputs;
+    const painted = isAsked ? yield* paintedOf(open.slice(0, most), margin) : new Map;
     const chosen = [], stop = performance.now() + kLookMs;
     let looks = newLooks(veil), until = performance.now() + kSliceMs;
     for (const input of open) {
