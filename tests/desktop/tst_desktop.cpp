@@ -5,6 +5,7 @@
 #include "desktop/SoundPlayer.h"
 #include "desktop/instance/Instance.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>

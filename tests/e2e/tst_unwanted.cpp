@@ -360,7 +360,8 @@ private slots:
         f().clickPage(QPoint(200, 150));
         WAIT_COMPARE(f().sound.played.size(), 2);
         QCOMPARE(f().count(), 1);
-        WAIT_COMPARE(silent(), before);
+        // One that was open before may have asked since.
+        WAIT_VERIFY(silent() <= before);
         for (const LoopbackSite::Request &request : m_site.requests())
             QVERIFY(request.headers.value("host").startsWith("127."));
         QVERIFY(f().visits().find(u"localhost"_s, 10).empty());

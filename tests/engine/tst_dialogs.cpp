@@ -13,6 +13,7 @@
 #include "support/Parts.h"
 
 #include <QAction>
+#include <QBuffer>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>

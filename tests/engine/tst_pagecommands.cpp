@@ -103,7 +103,8 @@ private slots:
             }
             m_site.clearRequests();
             QVERIFY(browser.open(path));
-            WAIT_VERIFY(browser->LocationName().startsWith(title));
+            const QString &beginning = title;
+            WAIT_VERIFY(browser->LocationName().startsWith(beginning));
             QVERIFY(m_site.requests().empty() || format == SaveFormat::HtmlOnly);
             QCOMPARE(find(browser, u"apple"_s).count, 3);
         }

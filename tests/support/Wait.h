@@ -28,6 +28,7 @@ bool waitUntil(Condition isThere, int milliseconds = 15'000)
 #define WAIT_VERIFY(condition) QVERIFY(waitUntil([&] { return bool(condition); }))
 #define WAIT_COMPARE(actual, expected)                                                                                 \
     do {                                                                                                               \
-        waitUntil([&] { return (actual) == (expected); });                                                             \
+        const auto &wanted = expected;                                                                                 \
+        waitUntil([&] { return (actual) == wanted; });                                                                 \
         QCOMPARE(actual, expected);                                                                                    \
     } while (false)
