@@ -150,13 +150,18 @@ void narrowName(const Readings &readings, FieldGuess &guess)
     }
 }
 
+std::optional<DatePattern> patternBeside(const FormEntry &entry)
+{
+    return DatePattern::in(entry.input->placeholder + u" ("_s + entry.input->label + u')');
+}
+
 /// Whether a month and a year are to be written into one input.
 bool hasRoomForCardDate(const FormEntry &entry)
 {
     constexpr int kShortest = 4;
     if (entry.isList() || (entry.maxLength() > 0 && entry.maxLength() < kShortest))
         return false;
-    const auto pattern = DatePattern::in(entry.input->placeholder + u" ("_s + entry.input->label + u')');
+    const auto pattern = patternBeside(entry);
     return entry.input->type == u"month" || (pattern && !pattern->hasDay() && pattern->hasYear());
 }
 
@@ -187,6 +192,9 @@ void settleDate(const Readings &readings, const FormEntry &entry, FieldGuess &gu
     } else if (guess.kind == BirthDate && day + month + year == 1) {
         guess.kind = day ? BirthDay : month ? BirthMonth : BirthYear;
     }
+    // No card ends on a day.
+    if (guess.kind == CardDate && patternBeside(entry).value_or(DatePattern()).hasDay())
+        guess.kind = None;
     // A month and a year without a word for a card need one beside them.
     if (isBirth(guess.kind) || guess.kind == CardDate || guess.kind == CardMonth || guess.kind == CardYear)
         guess.isWeak = guess.kind == CardDate && !said.hasAny(CardDate, CardMonth, CardYear, CardWord);
@@ -332,8 +340,11 @@ FieldGuess guessOf(const FormEntry &entry, const OwnKeys &ownKeys)
     const Readings readings(entry);
     guess.said = readings.said();
     guess.isWholeName = readings.asksForWholeName();
-    for (const TextReading &reading : readings.all)
+    for (const TextReading &reading : readings.all) {
         guess.person = guess.person < 0 ? reading.person : guess.person;
+        guess.isStranger = guess.isStranger || reading.isStranger;
+    }
+    guess.isStranger = guess.isStranger || (guess.said.has(Never) && guess.said.hasAny(FullName, FirstName, LastName));
 
     const TokenReading token = readToken(input.autocomplete);
     if (tokenDecides(token, readings)) {

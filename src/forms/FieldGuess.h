@@ -19,6 +19,8 @@ struct FieldGuess
     bool isWeak = false;
     /// A text beside it asks for first and last name in one.
     bool isWholeName = false;
+    /// It asks for the name of somebody else.
+    bool isStranger = false;
     /// Which one of several people it is about, -1 when that is not said.
     int person = -1;
     /// Everything that is said about it.

@@ -170,8 +170,9 @@ void settleNames(Entries &entries)
             bool isBehind = false;
             for (int distance = 1; distance <= kNear; ++distance)
                 isBehind = isBehind || isName(kindAt(entries, i - distance));
-            if (isBehind && !isBefore)
-                guess.kind = Job;
+            // The title of a thing stands by itself.
+            if (!isBefore)
+                guess.kind = isBehind ? Job : Other;
         }
         const bool first = isNear(entries, i, 2, is(FirstName));
         const bool last = isNear(entries, i, 2, is(LastName));
@@ -383,10 +384,33 @@ void settleRecipients(Entries &entries)
     }
 }
 
+/// What follows the name of somebody else is about that one, where the user has been asked for the same before.
+void settleStrangers(Entries &entries)
+{
+    const auto ofPerson = [](FieldKind kind) { return isPhone(kind) || isBirth(kind) || kind == Mail || kind == Job; };
+    for (int i = 0; i < count(entries); ++i) {
+        if (!entryAt(entries, i).guess.isStranger)
+            continue;
+        for (int next = i + 1; next <= i + kNear && !isName(kindAt(entries, next)); ++next) {
+            const FieldKind kind = kindAt(entries, next);
+            if (ofPerson(kind) && std::any_of(entries.begin(), entries.begin() + i,
+                                              [&](const FormEntry &entry) { return entry.guess.kind == kind; }))
+                entryAt(entries, next).guess.kind = Other;
+        }
+    }
+}
+
 /// Of several people with numbers the user is the first one.
 void settleCompanions(Entries &entries)
 {
     int first = -1;
+    for (int i = 1; i < count(entries); ++i) {
+        // "birthdate2" behind "Name of passenger 2"
+        const int person = entryAt(entries, i - 1).guess.person;
+        FormEntry &entry = entryAt(entries, i);
+        if (person > 1 && entry.guess.person < 0 && entry.input->name.endsWith(QChar(u'0' + person)))
+            entry.guess.person = person;
+    }
     for (const FormEntry &entry : entries) {
         if (entry.guess.person >= 0 && (first < 0 || entry.guess.person < first))
             first = entry.guess.person;
@@ -413,6 +437,9 @@ void settleWeak(Entries &entries, FieldKind kind)
 
 void settleNeighbours(std::vector<FormEntry> &entries, const RecordValues &record)
 {
+    settleRecipients(entries);
+    settleCompanions(entries);
+    settleStrangers(entries);
     settleCardDates(entries);
     settleBirthDates(entries, record);
     for (int i = 0; i < count(entries); ++i) {
@@ -427,8 +454,6 @@ void settleNeighbours(std::vector<FormEntry> &entries, const RecordValues &recor
     settleCards(entries);
     settleAddresses(entries);
     settlePlaces(entries);
-    settleRecipients(entries);
-    settleCompanions(entries);
     settleWeak(entries, State);
     settleWeak(entries, City);
 }

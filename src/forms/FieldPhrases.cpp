@@ -12,11 +12,11 @@ constexpr bool kWeak = true;
 constexpr FieldPhrases kPhrases[] = {
     // Words that hold others by chance.
     {Trap, kStrong,
-     u"statement|=estate|interstate|capacity|velocity|ethnicity|publicity|electricity|specificity|automobile|mailing|"
-     u"iphone|microphone|today|yesterday|holiday|monday|sunday|file name|host name|domain name|tournament|provider|"
-     u"provided|provision|approve|improve|middlesex|sussex|essex|sub title|user agent|postcard|hotel|cardinal|"
-     u"discard|address book|zipper|landscape|name plate|yearly|monthly|birthday card|phonetic|name space|rename|"
-     u"statistic|transparent|apparent|occupant|occupants|occupancy|no po box|no post office"},
+     u"statement|=estate|interstate|capacity|velocity|ethnicity|publicity|electricity|specificity|automobile|"
+     u"mailing|iphone|microphone|today|yesterday|holiday|monday|sunday|file name|host name|domain name|tournament|"
+     u"provider|provided|provision|approve|improve|middlesex|sussex|essex|sub title|user agent|postcard|hotel|"
+     u"cardinal|discard|address book|zipper|landscape|name plate|yearly|monthly|birthday card|phonetic|name space|"
+     u"rename|statistic|transparent|apparent|occupant|occupants|occupancy|no po box|no post office"},
     // Whose name is the user's.
     {Trap, kStrong,
      u"'customer s|'holder s|'cardholder s|'account holder s|'buyer s|'purchaser s|'applicant s|'guest s|"
@@ -37,18 +37,18 @@ constexpr FieldPhrases kPhrases[] = {
      u"cadeau|regalo|redeem"},
     {Never, kStrong,
      u"password|passwort|passwd|=pwd|passphrase|kennwort|mot de passe|=mdp|contrasena|senha|wachtwoord|пароль|パスワード|"
-     u"密码|비밀번호|=otp|one time|onetimecode|sms code|verify code|login code|two factor|2fa|=mfa|totp|authenticator|=tan|"
-     u"pin code sms|einmalcode|código sms|=pass|=pw|pass1|pass2|userpass|passcode|=psw"},
+     u"密码|비밀번호|=otp|one time|onetimecode|sms code|verify code|login code|two factor|2fa|=mfa|totp|authenticator|"
+     u"=tan|pin code sms|einmalcode|código sms|=pass|=pw|pass1|pass2|userpass|passcode|=psw"},
     {Never, kStrong,
      u"friend|freund|=ami|amigo|amico|recipient email|recipients email|recipient mail|recipient phone|"
      u"recipients phone|email recipient|email of recipient|emergency|notfallkontakt|spouse|ehepartner|conjoint|"
-     u"conyuge|beneficiary|=referrer|referral|=referred|refer a|mother|maiden|father|child first|child last|child name|"
-     u"childs|your child|kid name|guardian|coapplicant|next of kin|recipient s mail|receiver email|gift recipient|"
-     u"^to email|friends name|parent 1|parent 2|parent guardian|=tribute|honoree|honouree|memorial|in memory|"
-     u"in honor|in honour|doctor|=gp|physician|pharmacy|guarantor|policy holder|coborrower|co registrant|co owner|"
-     u"co buyer|cosigner|supervisor|representative|representante|representant|fundraiser|landlord|attorney|dependent|"
-     u"dependant|erziehungsberechtigt|erziehungsberechtigten|tuteur legal|reference 1|reference 2|=ref1|=ref2|"
-     u"reference name|=werber|=werbers|geworben von|empfehlung|parrain|parrainage|padrino"},
+     u"conyuge|beneficiary|=referrer|referral|=referred|refer a|mother|maiden|father|child first|child last|"
+     u"child name|childs|your child|kid name|guardian|coapplicant|next of kin|recipient s mail|receiver email|"
+     u"gift recipient|^to email|friends name|parent 1|parent 2|parent guardian|=tribute|honoree|honouree|memorial|"
+     u"in memory|in honor|in honour|doctor|=gp|physician|pharmacy|guarantor|policy holder|coborrower|co registrant|"
+     u"co owner|co buyer|cosigner|supervisor|representative|representante|representant|fundraiser|landlord|attorney|"
+     u"dependent|dependant|erziehungsberechtigt|erziehungsberechtigten|tuteur legal|reference 1|reference 2|=ref1|"
+     u"=ref2|reference name|=werber|=werbers|geworben von|empfehlung|parrain|parrainage|padrino"},
     {Never, kStrong,
      u"=ssn|social security|=sin number|taxid|tax number|=tin|=vat|vatid|vat number|vat no|ust id|steuernummer|"
      u"=uid nr|siret|siren|=nif|=cif|=dni|=nie|=cpf|=cnpj|=rfc|codice fiscale|partita iva|=piva|passport number|"
@@ -68,14 +68,13 @@ constexpr FieldPhrases kPhrases[] = {
 
     // Parts of other things, said with the same words.
     {Other, kStrong,
-     u"middle name|=middle|middle initial|=mi|=mname|initial|initials|zweiter vorname|deuxieme prenom|segundo nombre|"
-     u"second prenom|segundo apellido|apellido2|apellido materno|secondo nome|name suffix|namenszusatz|phonetic name|"
-     u"first name kana|last name kana|furigana|フリガナ|カナ|かな|ふりがな|отчество|tussenvoegsel|patronymic|=former|formerly|"
-     u"=previous|=prev|prior address|old address|other names|other first names|autres prenoms|otros nombres|"
-     u"weitere vornamen|2 apellido|2º apellido|2o apellido|2do apellido|=ape2|preferred name|'s name|'s first name|'s last name|"
-     u"'s full name|'s surname|'s phone|'s email|'s address|'s zip|'s city|'s state|'s title|'s date|'ort der|"
-     u"'ort des|'datum der|'datum des|'name of|'name des|'name der|'nom du|'nom de la|'nom de l|'nombre del|"
-     u"'nombre de la|'nome del|'nome della|'nome dell|'naam van"},
+     u"middle name|=middle|middle initial|=mi|=mname|initial|initials|zweiter vorname|deuxieme prenom|"
+     u"segundo nombre|second prenom|segundo apellido|apellido2|apellido materno|secondo nome|name suffix|"
+     u"namenszusatz|phonetic name|first name kana|last name kana|family name kana|=kana|furigana|フリガナ|カナ|かな|ふりがな|"
+     u"отчество|tussenvoegsel|patronymic|=former|formerly|=previous|=prev|prior address|old address|other names|"
+     u"other first names|autres prenoms|otros nombres|weitere vornamen|2 apellido|2º apellido|2o apellido|"
+     u"2do apellido|=ape2|preferred name|preferred first|'s name|'s first name|'s last name|'s full name|'s surname|"
+     u"'s phone|'s email|'s address|'s zip|'s city|'s state|'s title|'s date"},
     {Other, kStrong,
      u"phone ext|phone extension|=ext|extension|durchwahl|=anexo|numero de poste|=interno tel|phone type|"
      u"type of phone|phone carrier|phone model|telephone type|mobile carrier|phone verification"},
@@ -87,32 +86,34 @@ constexpr FieldPhrases kPhrases[] = {
      u"postcode lookup|address lookup|find your address|find address|address finder|address search|"
      u"huisnummer toevoeging|hnr toev|house number addition|hausnummerzusatz|hausnr zusatz|property zip|"
      u"property city|property postcode|property address|^work address|desired position|position desired|"
-     u"position applied|position sought|wunschposition|poste souhaite|puesto deseado|'store city|'store state|"
-     u"'store zip|'store address|years at|months at|time at|how long|ort datum|ort und datum|place and date|"
-     u"lieu et date|lugar y fecha|employer|arbeitgeber|employeur|=empleador|werkgever|subdivision|cross street|"
-     u"nearest|landmark|doorcode|entry code|gate code|=ip address|web address|wallet address|delivery instructions|"
-     u"instructions|neighborhood|neighbourhood|bairro|colonia"},
+     u"position applied|position sought|wunschposition|poste souhaite|puesto deseado|'find a store|"
+     u"additional driver|additional passenger|additional traveler|additional guest|tarjeta cliente|carte voyageur|"
+     u"carte client|'store city|'store state|'store zip|'store address|years at|months at|time at|how long|"
+     u"ort datum|ort und datum|place and date|lieu et date|lugar y fecha|employer|arbeitgeber|employeur|=empleador|"
+     u"werkgever|subdivision|cross street|nearest|landmark|doorcode|entry code|gate code|=ip address|web address|"
+     u"wallet address|delivery instructions|instructions|neighborhood|neighbourhood|bairro|colonia"},
     {Other, kStrong,
-     u"passport|bank account|bank code|bank number|bank branch|bank address|bank contact|bank manager|bank phone|"
+     u"passport|issued by|issuing state|issuing country|state issued|state of issue|license state|licence state|"
+     u"mail stop|bank account|bank code|bank number|bank branch|bank address|bank contact|bank manager|bank phone|"
      u"bank city|bank id|bank country|issue number|issueno|issue date|start date|valid from|start month|start year|"
      u"card issue|departure|depart|depdate|arrival|arrive|check in|'check out|^checkout|checkout date|pick up|"
      u"drop off|return date|travel date|delivery date|delivery day|delivery time|appointment|event date|from date|"
      u"to date|date from|date to|start day|end date|end day|end month|end year|graduation|abreise|anreise|hinfahrt|"
      u"ruckfahrt|fecha de salida|fecha de llegada|date depart|date de depart|date retour|move in|=moved|wedding|"
-     u"anniversary|airport|=origin|destination|city or airport|leaving from|going to|flying from|flying to|flughafen|"
-     u"abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto"},
+     u"anniversary|airport|=origin|destination|city or airport|leaving from|going to|flying from|flying to|"
+     u"flughafen|abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto"},
     {Other, kStrong,
      u"'membership|^membership|membership number|membership no|membership id|membership type|membership card|"
      u"membership level|member id|member number|member no|'loyalty|^loyalty|loyalty number|loyalty card|loyalty id|"
      u"loyalty no|loyalty program|frequent flyer|frequent flier|bonus card|bahncard|payback|customer number|"
-     u"customer id|customer no|kundennummer|numero client|order number|orderid|order no|bestellnummer|"
-     u"^invoice|invoice number|invoice no|invoice nr|invoice id|invoice date|invoice amount|rechnungsnummer|"
-     u"reference number|reservation number|booking number|confirmation number|case number|policy number|"
-     u"account number|account no|accno|acct no|student id|employee id|serial number|registration number|id card|"
-     u"library card|railcard|travelcard|student card|health card|insurance card|discount card|fuel card|kundenkarte|"
-     u"carte de fidelite|carte vitale|carte d identite|tarjeta sanitaria|tarjeta de fidelidad|job name|job number|"
-     u"job id|store card|store charge|charge card|plus card|'rewards|^rewards|rewards number|rewards card|rewards id|"
-     u"rewards no|reward card|club card|license plate|vin number|tracking number"},
+     u"customer id|customer no|kundennummer|numero client|order number|orderid|order no|bestellnummer|^invoice|"
+     u"invoice number|invoice no|invoice nr|invoice id|invoice date|invoice amount|rechnungsnummer|reference number|"
+     u"reservation number|booking number|confirmation number|case number|policy number|account number|account no|"
+     u"accno|acct no|student id|employee id|serial number|registration number|id card|library card|railcard|"
+     u"travelcard|student card|health card|insurance card|discount card|fuel card|kundenkarte|carte de fidelite|"
+     u"carte vitale|carte d identite|tarjeta sanitaria|tarjeta de fidelidad|job name|job number|job id|store card|"
+     u"store charge|charge card|plus card|'rewards|^rewards|rewards number|rewards card|rewards id|rewards no|"
+     u"reward card|club card|license plate|vin number|tracking number"},
     {Other, kStrong,
      u"quantity|=qty|amount|betrag|=menge|=anzahl|cantidad|quantite|montant|importe|quantita|importo|aantal|price|"
      u"preis|'donation|^donation|donation amount|income|salary|budget|'adults|^adults|'children|^children|"
@@ -122,10 +123,10 @@ constexpr FieldPhrases kPhrases[] = {
      u"pet name|project name|event name|product name|team name|store name|shop name|shopurl|group name|list name|"
      u"program name|class name|course name|model name|brand name|device name|hotel name|club name|agency name|"
      u"building name|property name|venue name|restaurant name|page name|workspace|channel name|account nickname|"
-     u"posting title|post title|listing title|ad title|page title|character name|nameserver|name of your|name of the|"
-     u"name des vereins|vereinsname|projektname|produktname|name of event|name of school|name of company|"
-     u"name of organization|nombre de la empresa|nombre de empresa|nom de l entreprise|nom de la societe|"
-     u"nome azienda|'campaign|^campaign|campaign name|campaign id|campaign code"},
+     u"posting title|post title|listing title|ad title|page title|character name|nameserver|name of your|"
+     u"name of the|name des vereins|vereinsname|projektname|produktname|name of event|name of school|"
+     u"name of company|name of organization|nombre de la empresa|nombre de empresa|nom de l entreprise|"
+     u"nom de la societe|nome azienda|'campaign|^campaign|campaign name|campaign id|campaign code"},
     {Other, kStrong,
      u"website|homepage|=www|webseite|site web|sitio web|=url|weburl|urlname|site name|blog|facebook|twitter|"
      u"linkedin|instagram|skype|=icq|=aim|whatsapp group|telegram"},
@@ -140,11 +141,11 @@ constexpr FieldPhrases kPhrases[] = {
     {FullName, kStrong,
      u"full name|complete name|first and last name|first last name|first name last name|name and surname|"
      u"first name and last name|vor und nachname|vorname und nachname|vorname nachname|vollstandiger name|"
-     u"nom complet|nom et prenom|nom prenom|prenom et nom|nombre completo|nombre y apellidos|"
-     u"nombre y apellido|nome completo|nome e cognome|volledige naam|nome e sobrenome|vor zuname|"
-     u"vor und zuname|vor u nachname|vor u zuname|name vorname|name und vorname|nachname vorname|nombre apellidos|"
-     u"nombre apellido|apellidos y nombre|imie i nazwisko|imie nazwisko|фио|полное имя|your name|contact name|"
-     u"ansprechpartner|氏名|フルネーム|姓名|성명"},
+     u"nom complet|nom et prenom|nom prenom|prenom et nom|nombre completo|nombre y apellidos|nombre y apellido|"
+     u"nome completo|nome e cognome|volledige naam|nome e sobrenome|vor zuname|vor und zuname|vor u nachname|"
+     u"vor u zuname|name vorname|name und vorname|nachname vorname|nombre apellidos|nombre apellido|"
+     u"apellidos y nombre|imie i nazwisko|imie nazwisko|фио|полное имя|your name|contact name|ansprechpartner|氏名|"
+     u"フルネーム|姓名|성명"},
     {FirstName, kStrong,
      u"first name|=fname|forename|given name|vorname|vornamen|prenom|nombre de pila|primer nombre|voornaam|"
      u"primeiro nome|christian name|namefirst|first nm|firstn|=имя|nombres|名字|=mei|name mei|full name first|fornamn|"
@@ -158,8 +159,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"name on card|name on the card|name on credit card|card holder name|cardholder|card name|ccname|cc holder|"
      u"cc owner|card owner|card holders name|name as it appears|name as appears|credit card name|karteninhaber|"
      u"inhaber|name auf der karte|name auf karte|titulaire|nom sur la carte|titular|nombre en la tarjeta|"
-     u"nombre del titular|titolare|intestatario|kaarthouder|naam op kaart|nome no cartao|имя на карте|владелец карты|"
-     u"カード名義|владельца карты|имя владельца карты|имя владельца|имя держателя|имя держателя карты|持卡人"},
+     u"nombre del titular|titolare|intestatario|kaarthouder|naam op kaart|nome no cartao|имя на карте|"
+     u"владелец карты|カード名義|владельца карты|имя владельца карты|имя владельца|имя держателя|имя держателя карты|持卡人"},
     {Fax, kStrong, u"~fax|telefax|faxnummer|telefaxnummer|telecopie|faxnumber|факс|ファックス|传真"},
     {PhoneCountry, kStrong,
      u"phone country|phone country code|phone code|mobile country code|mobile code|tel country code|"
@@ -184,8 +185,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"birth month|month of birth|bmonth|bday month|bday mm|dob month|dob mm|geburtsmonat|mois de naissance|"
      u"mes de nacimiento|mes nacimiento|mese di nascita|geboortemaand|birthday month"},
     {BirthDay, kStrong,
-     u"day of birth|birthday day|bday day|bday dd|dob day|dob dd|jour de naissance|dia de nacimiento|dia nacimiento|"
-     u"giorno di nascita|geboortedag|birth dd|birthdate day"},
+     u"day of birth|geb tag|geburts tag|birthday day|bday day|bday dd|dob day|dob dd|jour de naissance|"
+     u"dia de nacimiento|dia nacimiento|giorno di nascita|geboortedag|birth dd|birthdate day"},
     {BirthDate, kStrong,
      u"birth|birthday|birthdate|date of birth|=dob|bday|geburtsdatum|geburtstag|geburt|date de naissance|naissance|"
      u"fecha de nacimiento|nacimiento|data di nascita|nascita|geboortedatum|geboorte|data de nascimento|nascimento|"
@@ -195,7 +196,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"exp month|expir month|expire month|expires month|expiry month|expiration month|expmo|exp mm|card month|"
      u"ccmonth|cc mm|ablaufmonat|verfallsmonat|gueltigmonat|gultig monat|mois expiration|mois d expiration|"
      u"mes de caducidad|mes vencimiento|mese scadenza|exp date month|exp date mm|expiration date month|exp m|ccexpm|"
-     u"ccexpmonth|valid month|valid to month|valid until month|card exp month|mes expiracion|expiracion mes|expire mm"},
+     u"ccexpmonth|valid month|valid to month|valid until month|card exp month|mes expiracion|expiracion mes|"
+     u"expire mm"},
     {CardYear, kStrong,
      u"exp year|expir year|expire year|expires year|expiry year|expiration year|expyr|exp yy|exp yyyy|card year|"
      u"ccyear|cc yy|cc yr|ablaufjahr|verfallsjahr|gueltigjahr|gultig jahr|annee expiration|annee d expiration|"
@@ -213,21 +215,22 @@ constexpr FieldPhrases kPhrases[] = {
      u"epost|eposta"},
     {CardType, kStrong,
      u"cardtyp|card type|cctype|credit card type|card brand|card kind|type of card|kartentyp|kartenart|"
-     u"kreditkartentyp|type de carte|tipo de tarjeta|tipo tarjeta|tipo di carta|tipo carta|tipo de cartao|カード種類|カード会社"},
+     u"kreditkartentyp|type de carte|tipo de tarjeta|tipo tarjeta|tipo di carta|tipo carta|tipo de cartao|カード種類|"
+     u"カード会社"},
     {CardCode, kStrong,
-     u"=cvv|=cvc|=csc|=cvn|=ccv|=cid|=cv2|cvv2|cvc2|cvv number|cvvcode|cvccode|=cvd|=cvs|cardcvv|cardcvc|cccvv|cccvc|"
-     u"ccvv|ccid|cccsc|creditcardcvv|card code|card verification|card security|card id number|kartenprufnummer|"
-     u"kartenprufziffer|cryptogramme"},
+     u"=cvv|=cvc|=csc|=cvn|=ccv|=cid|=cv2|cvv2|cvc2|cvv number|cvvcode|cvccode|=cvd|=cvs|cardcvv|cardcvc|cccvv|"
+     u"cccvc|ccvv|ccid|cccsc|creditcardcvv|card code|card verification|card security|card id number|"
+     u"kartenprufnummer|kartenprufziffer|cryptogramme"},
     {CardNumber, kStrong,
-     u"card number|cardnum|card no|card nbr|card nr|credit num|credit no|cc num|cc number|cc no|cc nr|number on card|"
-     u"credit card number|debit card number|card account|cc account|kartennummer|kreditkartennummer|kreditkarten nr|"
-     u"numero de carte|numero de votre carte|numero de la carte|carte num|=carte no|tarjeta num|karte nr|karten nr|"
-     u"numero de tarjeta|numero tarjeta|numero della carta|numero carta|kaartnummer|numero do cartao|номер карты|"
-     u"カード番号|卡号|카드 번호|n tarjeta|num tarjeta|nro tarjeta|no tarjeta|n carte|num carte|n carta|numer karty|kortnummer|"
-     u"numero di carta|numero di carta di credito|numero de la tarjeta|numero de la tarjeta de credito|n de carte|"
-     u"n de carte bancaire|no de carte|kreditkarte nummer|卡號|卡号码|numero de carte bancaire|"
-     u"numero de la carte bancaire|nr karty|number of card|number of your card|creditcard account number|"
-     u"card account number"},
+     u"card number|cardnum|card no|card nbr|card nr|credit num|credit no|cc num|cc number|cc no|cc nr|"
+     u"number on card|credit card number|debit card number|card account|cc account|kartennummer|kreditkartennummer|"
+     u"kreditkarten nr|numero de carte|numero de votre carte|numero de la carte|carte num|=carte no|tarjeta num|"
+     u"karte nr|karten nr|numero de tarjeta|numero tarjeta|numero della carta|numero carta|kaartnummer|"
+     u"numero do cartao|номер карты|カード番号|卡号|카드 번호|n tarjeta|num tarjeta|nro tarjeta|no tarjeta|n carte|num carte|"
+     u"n carta|numer karty|kortnummer|numero di carta|numero di carta di credito|numero de la tarjeta|"
+     u"numero de la tarjeta de credito|n de carte|n de carte bancaire|no de carte|kreditkarte nummer|卡號|卡号码|"
+     u"numero de carte bancaire|numero de la carte bancaire|nr karty|number of card|number of your card|"
+     u"creditcard account number|card account number"},
     {Job, kStrong,
      u"~job|work title|poste actuel|poste occupe|job title|occup|occupation|profession|beruf|berufsbezeichnung|"
      u"=position|position title|metier|profesion|=puesto|professione|beroep|profissao|ocupacion|fonction|funktion|"
@@ -240,38 +243,37 @@ constexpr FieldPhrases kPhrases[] = {
      u"house number|house no|house nr|street number|street no|street nr|street num|house name or number|"
      u"house name number|house number or name|hausnummer|hausnr|=hnr|house num|building number|numero de rue|"
      u"numero de voie|numero civico|=civico|huisnummer|numero exterior|num exterior|numero ext|num ext|no ext|"
-     u"num rue|n de rue|no de rue|numero de la rue|num voie|n de voie|num calle|numero de calle|номер дома"},
+     u"num rue|n de rue|no de rue|numero de la rue|num voie|n de voie|num calle|numero de calle|nr domu|номер дома"},
     {Other, kStrong,
      u"street type|street prefix|street suffix|street direction|predirectional|postdirectional|tipo de via|"
-     u"type de voie|tipo via|stair|=treppe"},
+     u"type de voie|type voie|tipo via|stair|=treppe|=puerta|=planta|=escalera|=portal"},
     {Address2, kStrong,
      u"address2|addr2|address line 2|address line two|addresstwo|second address|second line|secondary address|"
      u"addressextra|address additional|additional address|address continued|address contd|street2|street line 2|"
      u"street address 2|street address line 2|street address cont|strasse2|line 2|=apt|apartment|=suite|apt suite|"
      u"apt number|=unit|unit number|=flat|=building|adresszusatz|anschriftenzusatz|zusatz|complement|"
-     u"complement d adresse|complemento|adresse 2|adresszeile 2|direccion 2|=portal|indirizzo 2|toevoeging|=piso|"
-     u"=puerta|=planta|=escalera|=floor|appartement|apartamento|adres2|endereco2|квартира|建物名|番地以降|addr line 2|"
-     u"batiment|etage|hinterhaus|stockwerk|bloque|地址2|주소2|住所2|linea 2|ligne d adresse 2|ligne 2|linha 2|riga 2|"
-     u"zeile 2|дом корпус"},
+     u"complement d adresse|complemento|adresse 2|adresszeile 2|direccion 2|indirizzo 2|toevoeging|=piso|=floor|"
+     u"appartement|apartamento|adres2|endereco2|квартира|建物名|番地以降|addr line 2|batiment|etage|hinterhaus|stockwerk|"
+     u"bloque|地址2|주소2|住所2|linea 2|ligne d adresse 2|ligne 2|linha 2|riga 2|zeile 2|дом корпус"},
     {Address1, kStrong,
      u"address1|addr1|address line 1|address line one|addressone|address line|first line|street1|street line 1|"
      u"line 1|street|street address|street name|straße|strasse|straßenname|strassenname|=str|straße 1|"
      u"straße hausnummer|straße und hausnummer|straße nr|straße hausnr|strasse hausnr|strasse hausnummer|"
      u"street number and name|number and street|strasse und hausnummer|strasse nr|=rue|numero et rue|nom de rue|"
-     u"nom de la rue|nom de la voie|nombre de la via|nombre de la calle|numero et nom de rue|numero et libelle|=voie|"
-     u"adresse 1|adresszeile 1|=calle|=domicilio|direccion 1|=via|indirizzo 1|straat|straatnaam|logradouro|endereco1|"
-     u"house name|building and street|flat house no|road|=ulica|улица|住所|地址|番地|주소|addr line 1|улица дом|=gata|ulice|"
-     u"=rua|街道|gatuadress"},
+     u"nom de la rue|nom de la voie|nombre de la via|nombre de la calle|numero et nom de rue|numero et libelle|"
+     u"=voie|adresse 1|adresszeile 1|=calle|=domicilio|direccion 1|=via|indirizzo 1|straat|straatnaam|logradouro|"
+     u"endereco1|house name|building and street|flat house no|road|=ulica|улица|住所|地址|番地|주소|addr line 1|улица дом|"
+     u"=gata|ulice|=rua|街道|gatuadress"},
     {Country, kStrong,
-     u"country|countrycode|country name|country region|=land|=pays|=pais|paese|nazione|lander|страна|国家|国籍地|国名|=国|국가|"
-     u"=kraj|國家"},
+     u"country|countrycode|country name|country region|=land|=pays|=pais|paese|nazione|lander|страна|国家|国籍地|国名|=国|"
+     u"국가|=kraj|國家"},
     {City, kStrong,
      u"city|town|city town|city name|=ort|=stadt|wohnort|ortschaft|ville|=commune|ciudad|localidad|poblacion|"
-     u"municipio|=citta|comune|localita|localite|miejscowosc|^by|plaats|woonplaats|plaatsnaam|cidade|locality|"
-     u"=gemeinde|miasto|город|市区町村|城市|=市|도시|mesto|=sehir|kota|省市|市区|=stad"},
+     u"municipio|=citta|comune|localita|localite|miejscowosc|^by|plaats|woonplaats|plaatsnaam|cidade|=gemeinde|"
+     u"miasto|город|市区町村|城市|=市|도시|mesto|=sehir|kota|省市|市区|=stad"},
     {State, kStrong,
-     u"state|prov|province|state province|provincia|bundesland|=kanton|=canton|departement|=estado|provincie|provinz|"
-     u"=prefecture|都道府県|省份|область|省直辖市|州|регион|край|시도"},
+     u"state|prov|province|state province|provincia|bundesland|=kanton|=canton|departement|=estado|provincie|"
+     u"provinz|=prefecture|都道府県|省份|область|省直辖市|州|регион|край|시도"},
     {Zip, kStrong,
      u"~zip|'zip 4|'zip plus 4|zip code|zippostal|postal|postal code|post code|=plz|postleitzahl|code postal|"
      u"codigo postal|codice postale|=cap|=cep|=cp|pin code|postnummer|=npa|индекс|郵便番号|邮编|邮政编码|우편번호|cod postal|"
@@ -289,25 +291,14 @@ constexpr FieldPhrases kPhrases[] = {
     // Words that give way to those above.
     {Title, kWeak,
      u"title|salutation|anrede|civilite|honorific|tratamiento|titolo|aanhef|tratamento|name prefix|=prefix"},
-    {HouseNumber, kWeak, u"=numero|^n|^nº|^no|^number|^num|^nummer|=nr"},
-    {City, kWeak, u"suburb"},
+    {HouseNumber, kWeak, u"=numero|^n|^nº|^no|^number|^num|^nummer|^nr"},
+    {City, kWeak, u"suburb|locality"},
     {State, kWeak, u"=region|=county|administrative area|comunidad autonoma|=zone|=省|voivodeship|wojewodztwo"},
     {Address1, kWeak,
      u"addr|address|adresse|anschrift|postal address|adresse postale|postadresse|postanschrift|direccion postal|"
      u"direccion|indirizzo|adres|endereco|=morada|адрес|アドレス|adress"},
     {Other, kWeak, u"display name|alias|=handle|=suffix"},
-    {FullName, kWeak,
-     u"name|ihr name|votre nom|tu nombre|su nombre|=nom|nombre|=nome|=naam|=navn|=namn|nom du titulaire|nom du contact|nom du client|nom du porteur|"
-     u"nom du destinataire|nom du demandeur|nom du voyageur|nom du passager|nom du participant|nom du patient|"
-     u"nom du conducteur|nom du souscripteur|nom du donateur|nom de l assure|nom de l abonne|nom de l adherent|"
-     u"nombre del paciente|nombre del conductor|nombre del donante|nombre del asegurado|nombre del alumno|"
-     u"name des patienten|name des fahrers|name des versicherungsnehmers|name des mitglieds|"
-     u"name des spenders|nom de l acheteur|nombre del titular|nombre del contacto|nombre del cliente|"
-     u"nombre del pasajero|nombre del solicitante|nombre del destinatario|nombre del comprador|nome del titolare|"
-     u"nome del cliente|name des karteninhabers|name des kontoinhabers|name des kunden|name des gastes|"
-     u"name des reisenden|name des antragstellers|name des empfangers|name des ansprechpartners|name des bestellers|"
-     u"name des teilnehmers|name of cardholder|name of applicant|name of passenger|name of contact|name of customer|"
-     u"name of guest|name of owner|name of account holder|名前|お名前|이름|收货人"},
+    {FullName, kWeak, u"name|ihr name|votre nom|tu nombre|su nombre|=nom|nombre|=nome|=naam|=navn|=namn|名前|お名前|이름|收货人"},
     {FirstName, kWeak, u"=first|firstid|=名|fname"},
     {LastName, kWeak, u"=last|lastid|lname"},
     {User, kWeak, u"user|login|nickname|=nick|user nick|ニックネーム|=acct|benutzer"},
@@ -318,16 +309,17 @@ constexpr FieldPhrases kPhrases[] = {
      u"sec code|cod seguridad|card sec code|보안 코드|код безопасности|код проверки|digit code|digits on the back|"
      u"digit security"},
     {CardNumber, kWeak, u"=pan|creditcard|=cc|kreditkarte|carte bancaire"},
-    {Day, kWeak, u"=day|=dd|=tag|=jour|=dia|giorno|=dag|=日|=den"},
+    {Day, kWeak, u"=day|=dd|^tag|=jour|=dia|giorno|=dag|=日|=den"},
     {Month, kWeak, u"=month|=mm|=mon|=monat|=mois|=mes|mese|=maand|=month mm|=月|=mth|месяц"},
     {Year, kWeak, u"=year|=yyyy|=yy|=yr|=jahr|=annee|=ano|=anno|=jaar|=jjjj|=aaaa|=年|=год"},
     {Companion, kWeak,
      u"passenger|=member|passengers|traveler|travelers|traveller|travellers|=pax|guest|guests|participant|"
      u"participants|attendee|attendees|=adult|=adults|driver|drivers|applicant|applicants|teilnehmer|reisender|"
-     u"reisende|mitreisender|passagier|passagiere|passager|passagers|voyageur|voyageurs|pasajero|pasajeros|members|"
-     u"people|personen|viajero|viajeros|passeggero|passeggeri"},
-    {Sender, kWeak, u"sender|'your first|'your last|absender|'ihr vorname|expediteur|'votre prenom|remitente|mittente"},
-    {Recipient, kWeak, u"recipient|=recip|receiver|empfanger|empfaenger|destinataire|destinatario"},
+     u"reisende|mitreisender|passagier|passagiere|passager|passagers|voyageur|voyageurs|pasajero|pasajeros|reiziger|"
+     u"reizigers|passageiro|members|people|personen|viajero|viajeros|passeggero|passeggeri"},
+    {Sender, kWeak,
+     u"sender|=parent|'your first|'your last|absender|'ihr vorname|expediteur|'votre prenom|remitente|mittente"},
+    {Recipient, kWeak, u"recipient|=student|=child|=recip|receiver|empfanger|empfaenger|destinataire|destinatario"},
     {CardWord, kWeak,
      u"card|=credit|payment|karte|kreditkarten|=carte|tarjeta|=carta|cartao|カード|=debit|billing card|karten"},
 };
@@ -338,4 +330,41 @@ constexpr FieldPhrases kPhrases[] = {
 std::span<const FieldPhrases> fieldPhrases()
 {
     return kPhrases;
+}
+
+QStringView ownedPhrases()
+{
+    return u"name|firstname|lastname|fullname|surname|familyname|givenname|city|town|citytown|state|stateprovince|"
+           "zip|zipcode|postalcode|postcode|phone|phonenumber|telephonenumber|address|streetaddress|title|country|"
+           "year|dateofbirth|birthdate|birthday|occupation|cardnumber";
+}
+
+QStringView ownWords()
+{
+    return u"a|an|the|your|my|our|enter|please|select|choose|is|what|and|or|of|to|in|for|with|current|legal|full|"
+           "first|last|middle|given|family|complete|real|actual|valid|correct|exact|new|permanent|primary|secondary|"
+           "main|preferred|best|other|second|alternate|alternative|additional|optional|required|home|house|work|"
+           "business|office|personal|private|residence|residential|physical|mailing|mail|postal|post|billing|bill|"
+           "invoice|invoicing|shipping|ship|delivery|deliver|service|contact|registered|day|daytime|evening|night|"
+           "mobile|cell|land|line|local|full|uk|us|usa|street|city|town|state|province|county|region|zip|country|"
+           "supply|user|customer|account|holder|owner|cardholder|buyer|purchaser|applicant|client|student|patient|"
+           "donor|member|subscriber|participant|attendee|parent|candidate|sender|me|you|add|edit|update|confirm|"
+           "verify|re|repeat|type|number|text|input|field|tel|sign|up|create|same|this|credit|debit|bank|payment|"
+           "visa|mastercard|th|st|nd|rd";
+}
+
+QStringView particleWords()
+{
+    return u"of|the|der|des|vom|von|du|de|la|le|les|l|del|los|las|della|dell|di|do|da|van|het";
+}
+
+QStringView ownNouns()
+{
+    return u"you|your|service|entrega|card|cardholder|applicant|passenger|contact|customer|guest|owner|account|"
+           "residence|person|carte|tarjeta|carta|cartao|karte|titulaire|client|porteur|destinataire|demandeur|"
+           "voyageur|passager|participant|patient|conducteur|souscripteur|donateur|assure|abonne|adherent|acheteur|"
+           "livraison|facturation|domicile|contacto|titular|cliente|pasajero|solicitante|destinatario|comprador|"
+           "paciente|conductor|donante|asegurado|alumno|envio|facturacion|residencia|titolare|karteninhabers|"
+           "kontoinhabers|kunden|gastes|reisenden|antragstellers|empfangers|ansprechpartners|bestellers|teilnehmers|"
+           "patienten|fahrers|versicherungsnehmers|mitglieds|spenders";
 }

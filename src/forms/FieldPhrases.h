@@ -21,3 +21,12 @@ struct FieldPhrases
 /// In the order in which they count: the one of the record, but that what the record does not hold stands where it
 /// takes its own from the others.
 std::span<const FieldPhrases> fieldPhrases();
+
+/// Words of the record that a word in front of them gives to somebody else ("Dealer city"), parted by "|".
+QStringView ownedPhrases();
+/// Words in front of those that leave them with the user ("Billing city").
+QStringView ownWords();
+/// Words behind a word of the record that give it to what follows ("Name of the dog"), and what leaves it with the user
+/// there ("Nom du titulaire").
+QStringView particleWords();
+QStringView ownNouns();

@@ -3,6 +3,7 @@
 #include "forms/FieldPhrases.h"
 
 #include <QList>
+#include <QSet>
 #include <algorithm>
 #include <optional>
 #include <tuple>
@@ -125,14 +126,13 @@ std::optional<Fit> fitOf(const Phrase &phrase, const FieldWords &words, qsizetyp
     if (phrase.wholeOnly)
         return {};
     const qsizetype size = phrase.letters.size();
-    if (phrase.kind == FieldKind::Trap) {
-        // "to_day" is no "today", and there is no estate in "home_state".
-        for (qsizetype i = at + 1; i < end && phrase.isOneWord; ++i) {
-            if (words.isEdge(i))
-                return {};
-        }
-        return Fit::Inside;
+    // "to_day" is no "today", there is no estate in "home_state" and no "lname" in "call name".
+    for (qsizetype i = at + 1; i < end && phrase.isOneWord; ++i) {
+        if (words.isEdge(i))
+            return {};
     }
+    if (phrase.kind == FieldKind::Trap)
+        return Fit::Inside;
     if (starts || ends) {
         if (from == FieldWords::From::Prose && size < kLeastPartOfProse)
             return {};
@@ -232,6 +232,66 @@ int numberBeside(const FieldWords &words, const Match &match)
     return -1;
 }
 
+/// A list of words parted by "|".
+class WordSet
+{
+public:
+    explicit WordSet(QStringView words)
+    {
+        for (const QStringView word : words.split(u'|'))
+            m_words.insert(word);
+    }
+    bool has(QStringView word) const { return m_words.contains(word); }
+
+private:
+    QSet<QStringView> m_words;
+};
+
+/// The end of the word that begins at a place, the size of the text at its end.
+qsizetype endOfWord(const FieldWords &words, qsizetype at)
+{
+    while (at < words.size() && !words.isEdge(++at)) {
+    }
+    return at;
+}
+
+/// Whether a word in front of this match gives it to somebody else: "Dealer city". `said`: where the match in front of
+/// it ends.
+bool isOfStranger(const FieldWords &words, const Match &match, qsizetype said)
+{
+    // Further in, a sentence is spoken.
+    constexpr int kMostWords = 3;
+    static const WordSet owned(ownedPhrases());
+    static const WordSet own(ownWords());
+    if (match.at <= said || match.fit != Fit::Whole || words.isRemark(match.at) || !owned.has(match.phrase->letters))
+        return false;
+    int count = 0;
+    qsizetype start = match.at;
+    for (qsizetype at = match.at - 1; at >= 0; --at) {
+        if (words.isEdge(at) && ++count == 1)
+            start = at;
+    }
+    const QStringView word = QStringView(words.letters()).sliced(start, match.at - start);
+    return count <= kMostWords && !own.has(word) && !word.front().isDigit();
+}
+
+/// Where a noun stands behind this match that gives it to somebody else ("Name of the dog"), -1 for nowhere.
+qsizetype strangerBehind(const FieldWords &words, const Match &match)
+{
+    static const WordSet particles(particleWords());
+    static const WordSet own(ownNouns());
+    qsizetype end = match.end();
+    qsizetype at;
+    QStringView word;
+    do {
+        at = end;
+        end = endOfWord(words, at);
+        word = QStringView(words.letters()).sliced(at, end - at);
+    } while (particles.has(word));
+    const bool isOne = at > match.end() && end > at && words.isRemark(at) == words.isRemark(match.at);
+    return isOne && !own.has(word) ? at : -1;
+}
+
 /// Keeps the match of the least rank.
 template <typename Rank>
 TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
@@ -242,9 +302,17 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
     std::optional<decltype(rankOf(Match{}))> best;
     FieldKinds sure;
     bool isFirst = true;
+    bool isOfOther = false;
+    qsizetype stranger = -1;
+    qsizetype said = 0;
     const int last = from == FieldWords::From::Name ? sayingPart(words) : 0;
     forEachMatch(words, from, [&](Match match) {
         const FieldKind kind = match.phrase->kind;
+        const qsizetype before = said;
+        if (kind != FieldKind::Trap || match.phrase->proseOnly)
+            said = std::max(said, match.end());
+        if (match.at == stranger && kind < FieldKind::CardWord)
+            stranger = -1;
         match.isFar = words.part(match.end() - 1) < last;
         if (from == FieldWords::From::Prose && match.at >= kReach)
             return;
@@ -268,7 +336,16 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         reading.isFar = match.isFar;
         reading.isAlone = words.isStartOfPart(match.at) && words.isStartOfPart(match.end());
         reading.isForeign = isForeign;
+        if (from == FieldWords::From::Prose) {
+            isOfOther = isOfStranger(words, match, before);
+            stranger = kind < FieldKind::Day && !isCard(kind) ? strangerBehind(words, match) : -1;
+        }
     });
+    if (isOfOther || stranger >= 0) {
+        reading.isStranger = isName(reading.kind);
+        reading.kind = FieldKind::Other;
+        reading.isForeign = true;
+    }
     reading.isWholeName = sure.has(FieldKind::FullName);
     // "Street and house number"
     if (from == FieldWords::From::Prose && reading.kind == FieldKind::HouseNumber && sure.has(FieldKind::Address1))

@@ -16,6 +16,8 @@ struct TextReading
     bool isFar = false;
     /// It is something that the record does not hold, by the first word of all and one that counts before the record's.
     bool isForeign = false;
+    /// It asks for the name of somebody else.
+    bool isStranger = false;
     /// It counts what it asks for: "line 2".
     bool isSecond = false;
     /// Its word is all there is in a name.
