@@ -126,9 +126,11 @@ void heedProse(const Readings &readings, FieldGuess &guess)
 {
     if (!guess.byName)
         return;
+    // A heading may stand in front of the label ("Personal data City"): a name that is that word alone knows better.
+    const bool isPlain = readings.all[Readings::Name].isAlone && !guess.isWeak;
     for (const Readings::Place place : {Readings::Label, Readings::AriaLabel, Readings::Placeholder}) {
         const TextReading &reading = readings.all[place];
-        if (reading.isForeign || (guess.isWeak && reading.kind == Other))
+        if (reading.isForeign || (reading.isOfOther && !isPlain) || (guess.isWeak && reading.kind == Other))
             guess.kind = Other;
         else if (guess.kind == Address1 && reading.kind == Address2 && reading.isSecond)
             guess.kind = Address2;

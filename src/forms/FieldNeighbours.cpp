@@ -163,6 +163,8 @@ void settleBirthDates(Entries &entries, const RecordValues &record)
 /// "Name" beside a first name is the last name, and the other way round; a "title" behind the name is one of a job.
 void settleNames(Entries &entries)
 {
+    const bool hasTitles = std::ranges::any_of(
+        entries, [](const FormEntry &entry) { return entry.guess.kind == Title && entry.isList(); });
     for (int i = 0; i < count(entries); ++i) {
         FieldGuess &guess = entryAt(entries, i).guess;
         if (guess.kind == Title && guess.isWeak && !entryAt(entries, i).isList()) {
@@ -170,8 +172,10 @@ void settleNames(Entries &entries)
             bool isBehind = false;
             for (int distance = 1; distance <= kNear; ++distance)
                 isBehind = isBehind || isName(kindAt(entries, i - distance));
-            // The title of a thing stands by itself.
-            if (!isBefore)
+            // The title of a thing stands by itself, and that of a doctor beside "Mr." and "Mrs.".
+            if (hasTitles)
+                guess.kind = Other;
+            else if (!isBefore)
                 guess.kind = isBehind ? Job : Other;
         }
         const bool first = isNear(entries, i, 2, is(FirstName));
@@ -387,7 +391,9 @@ void settleRecipients(Entries &entries)
 /// What follows the name of somebody else is about that one, where the user has been asked for the same before.
 void settleStrangers(Entries &entries)
 {
-    const auto ofPerson = [](FieldKind kind) { return isPhone(kind) || isBirth(kind) || kind == Mail || kind == Job; };
+    const auto ofPerson = [](FieldKind kind) {
+        return isPhone(kind) || isBirth(kind) || kind == Mail || kind == Job || (kind >= Address1 && kind <= Zip);
+    };
     for (int i = 0; i < count(entries); ++i) {
         if (!entryAt(entries, i).guess.isStranger)
             continue;

@@ -13,10 +13,10 @@ constexpr FieldPhrases kPhrases[] = {
     // Words that hold others by chance.
     {Trap, kStrong,
      u"statement|=estate|interstate|capacity|velocity|ethnicity|publicity|electricity|specificity|automobile|"
-     u"mailing|iphone|microphone|today|yesterday|holiday|monday|sunday|file name|host name|domain name|tournament|"
-     u"provider|provided|provision|approve|improve|middlesex|sussex|essex|sub title|user agent|postcard|hotel|"
-     u"cardinal|discard|address book|zipper|landscape|name plate|yearly|monthly|birthday card|phonetic|name space|"
-     u"rename|statistic|transparent|apparent|occupant|occupants|occupancy|no po box|no post office"},
+     u"mailing|iphone|interphone|microphone|today|yesterday|holiday|monday|sunday|file name|host name|domain name|"
+     u"tournament|provider|provided|provision|approve|improve|middlesex|sussex|essex|sub title|user agent|postcard|"
+     u"hotel|cardinal|discard|address book|zipper|landscape|name plate|yearly|monthly|birthday card|phonetic|"
+     u"name space|rename|statistic|transparent|apparent|occupant|occupants|occupancy|no po box|no post office"},
     // Whose name is the user's.
     {Trap, kStrong,
      u"'customer s|'holder s|'cardholder s|'account holder s|'buyer s|'purchaser s|'applicant s|'guest s|"
@@ -83,7 +83,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"addr3|address line three|street3|street address line 3|street line 3|line3|address4|address line 4|zip4|"
      u"zip plus 4|zip ext|zip extension|plus4|post office box|post box|po box|postfach nr|postfach|boite postale|"
      u"apartado|urbanization|country id number|packstation|foreign|numero interior|num interior|numint|"
-     u"postcode lookup|address lookup|find your address|find address|address finder|address search|"
+     u"'postcode lookup|address lookup|find your address|find address|address finder|address search|"
      u"huisnummer toevoeging|hnr toev|house number addition|hausnummerzusatz|hausnr zusatz|property zip|"
      u"property city|property postcode|property address|^work address|desired position|position desired|"
      u"position applied|position sought|wunschposition|poste souhaite|puesto deseado|'find a store|"
@@ -317,9 +317,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"participants|attendee|attendees|=adult|=adults|driver|drivers|applicant|applicants|teilnehmer|reisender|"
      u"reisende|mitreisender|passagier|passagiere|passager|passagers|voyageur|voyageurs|pasajero|pasajeros|reiziger|"
      u"reizigers|passageiro|members|people|personen|viajero|viajeros|passeggero|passeggeri"},
-    {Sender, kWeak,
-     u"sender|=parent|'your first|'your last|absender|'ihr vorname|expediteur|'votre prenom|remitente|mittente"},
-    {Recipient, kWeak, u"recipient|=student|=child|=recip|receiver|empfanger|empfaenger|destinataire|destinatario"},
+    {Sender, kWeak, u"sender|'your first|'your last|absender|'ihr vorname|expediteur|'votre prenom|remitente|mittente"},
+    {Recipient, kWeak, u"recipient|=recip|receiver|empfanger|empfaenger|destinataire|destinatario"},
     {CardWord, kWeak,
      u"card|=credit|payment|karte|kreditkarten|=carte|tarjeta|=carta|cartao|カード|=debit|billing card|karten"},
 };
@@ -346,25 +345,27 @@ QStringView ownWords()
            "main|preferred|best|other|second|alternate|alternative|additional|optional|required|home|house|work|"
            "business|office|personal|private|residence|residential|physical|mailing|mail|postal|post|billing|bill|"
            "invoice|invoicing|shipping|ship|delivery|deliver|service|contact|registered|day|daytime|evening|night|"
-           "mobile|cell|land|line|local|full|uk|us|usa|street|city|town|state|province|county|region|zip|country|"
-           "supply|user|customer|account|holder|owner|cardholder|buyer|purchaser|applicant|client|student|patient|"
-           "donor|member|subscriber|participant|attendee|parent|candidate|sender|me|you|add|edit|update|confirm|"
-           "verify|re|repeat|type|number|text|input|field|tel|sign|up|create|same|this|credit|debit|bank|payment|"
-           "visa|mastercard|th|st|nd|rd";
+           "mobile|cell|land|line|local|uk|us|usa|street|city|town|state|province|county|region|zip|country|supply|"
+           "user|customer|account|holder|owner|cardholder|buyer|purchaser|applicant|client|student|patient|donor|"
+           "member|subscriber|participant|attendee|parent|candidate|sender|me|you|add|edit|update|confirm|verify|re|"
+           "repeat|type|number|text|input|field|tel|sign|up|create|same|this|credit|debit|bank|payment|visa|"
+           "mastercard|information|info|details|detail|data|form|profile|registration|register|login|subscribe|"
+           "newsletter|label|below|here|step|section";
 }
 
 QStringView particleWords()
 {
-    return u"of|the|der|des|vom|von|du|de|la|le|les|l|del|los|las|della|dell|di|do|da|van|het";
+    return u"of|on|the|sur|sul|auf|der|des|vom|von|du|de|la|le|les|l|del|los|las|della|dell|di|do|da|van|het";
 }
 
 QStringView ownNouns()
 {
-    return u"you|your|service|entrega|card|cardholder|applicant|passenger|contact|customer|guest|owner|account|"
-           "residence|person|carte|tarjeta|carta|cartao|karte|titulaire|client|porteur|destinataire|demandeur|"
-           "voyageur|passager|participant|patient|conducteur|souscripteur|donateur|assure|abonne|adherent|acheteur|"
-           "livraison|facturation|domicile|contacto|titular|cliente|pasajero|solicitante|destinatario|comprador|"
-           "paciente|conductor|donante|asegurado|alumno|envio|facturacion|residencia|titolare|karteninhabers|"
-           "kontoinhabers|kunden|gastes|reisenden|antragstellers|empfangers|ansprechpartners|bestellers|teilnehmers|"
-           "patienten|fahrers|versicherungsnehmers|mitglieds|spenders";
+    return u"you|your|service|entrega|credit|debit|credito|debito|paiement|pago|pagamento|reserva|reservation|"
+           "commande|pedido|compte|cuenta|residenza|passport|file|badge|card|cardholder|applicant|passenger|contact|"
+           "customer|guest|owner|account|residence|person|carte|tarjeta|carta|cartao|karte|titulaire|client|porteur|"
+           "destinataire|demandeur|voyageur|passager|participant|patient|conducteur|souscripteur|donateur|assure|"
+           "abonne|adherent|acheteur|livraison|facturation|domicile|contacto|titular|cliente|pasajero|solicitante|"
+           "destinatario|comprador|paciente|conductor|donante|asegurado|alumno|envio|facturacion|residencia|"
+           "titolare|karteninhabers|kontoinhabers|kunden|gastes|reisenden|antragstellers|empfangers|"
+           "ansprechpartners|bestellers|teilnehmers|patienten|fahrers|versicherungsnehmers|mitglieds|spenders";
 }

@@ -19,6 +19,8 @@ constexpr qsizetype kLeastPart = 4;
 constexpr qsizetype kLeastPartOfProse = 5;
 /// What a text for people is about stands within as many of its first letters.
 constexpr qsizetype kReach = 40;
+/// Further in, it is told what one gets for an answer ("Enter to win a $100 gift card").
+constexpr int kMostBeforeNever = 4;
 
 struct Phrase
 {
@@ -255,6 +257,14 @@ qsizetype endOfWord(const FieldWords &words, qsizetype at)
     return at;
 }
 
+int wordsBefore(const FieldWords &words, qsizetype end)
+{
+    int count = 0;
+    for (qsizetype at = 0; at < end; ++at)
+        count += words.isEdge(at);
+    return count;
+}
+
 /// Whether a word in front of this match gives it to somebody else: "Dealer city". `said`: where the match in front of
 /// it ends.
 bool isOfStranger(const FieldWords &words, const Match &match, qsizetype said)
@@ -265,14 +275,11 @@ bool isOfStranger(const FieldWords &words, const Match &match, qsizetype said)
     static const WordSet own(ownWords());
     if (match.at <= said || match.fit != Fit::Whole || words.isRemark(match.at) || !owned.has(match.phrase->letters))
         return false;
-    int count = 0;
-    qsizetype start = match.at;
-    for (qsizetype at = match.at - 1; at >= 0; --at) {
-        if (words.isEdge(at) && ++count == 1)
-            start = at;
-    }
+    qsizetype start = match.at - 1;
+    while (!words.isEdge(start))
+        --start;
     const QStringView word = QStringView(words.letters()).sliced(start, match.at - start);
-    return count <= kMostWords && !own.has(word) && !word.front().isDigit();
+    return wordsBefore(words, match.at) <= kMostWords && !own.has(word) && !word.front().isDigit();
 }
 
 /// Where a noun stands behind this match that gives it to somebody else ("Name of the dog"), -1 for nowhere.
@@ -316,7 +323,8 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         match.isFar = words.part(match.end() - 1) < last;
         if (from == FieldWords::From::Prose && match.at >= kReach)
             return;
-        if (kind == FieldKind::Never && (match.fit == Fit::Inside || words.isRemark(match.at)))
+        if (kind == FieldKind::Never &&
+            (match.fit == Fit::Inside || words.isRemark(match.at) || wordsBefore(words, match.at) > kMostBeforeNever))
             return;
         reading.said.add(kind);
         if (kind == FieldKind::Companion && reading.person < 0)
@@ -338,13 +346,13 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         reading.isForeign = isForeign;
         if (from == FieldWords::From::Prose) {
             isOfOther = isOfStranger(words, match, before);
-            stranger = kind < FieldKind::Day && !isCard(kind) ? strangerBehind(words, match) : -1;
+            stranger = kind < FieldKind::Day && kind != FieldKind::CardCode ? strangerBehind(words, match) : -1;
         }
     });
     if (isOfOther || stranger >= 0) {
         reading.isStranger = isName(reading.kind);
         reading.kind = FieldKind::Other;
-        reading.isForeign = true;
+        reading.isOfOther = true;
     }
     reading.isWholeName = sure.has(FieldKind::FullName);
     // "Street and house number"

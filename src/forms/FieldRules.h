@@ -16,7 +16,8 @@ struct TextReading
     bool isFar = false;
     /// It is something that the record does not hold, by the first word of all and one that counts before the record's.
     bool isForeign = false;
-    /// It asks for the name of somebody else.
+    /// It gives a word of the record to somebody or something else; the name of a person when it is one.
+    bool isOfOther = false;
     bool isStranger = false;
     /// It counts what it asks for: "line 2".
     bool isSecond = false;
