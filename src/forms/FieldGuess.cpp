@@ -135,12 +135,15 @@ void heedProse(const Readings &readings, FieldGuess &guess)
         else if (guess.kind == Address1 && reading.kind == Address2 && reading.isSecond)
             guess.kind = Address2;
     }
-    // "stationName" and "userField2" beside a text without a word for the name of a person
-    const bool isName = guess.kind == FullName || guess.kind == User;
-    const bool isOfOther = isName && guess.isWeak && !readings.all[Readings::Name].isAlone;
-    if (isOfOther && readings.hasProse() &&
-        !readings.proseSaid().hasAny(FullName, FirstName, LastName, User, Mail, Phone, CardWord))
+    // "userField5" beside "Real name", "stationName" and "userField2" beside no word for the name of a person
+    const TextReading &name = readings.all[Readings::Name];
+    const FieldKinds said = readings.proseSaid();
+    if ((guess.kind != FullName && guess.kind != User) || !guess.isWeak || name.isAlone || !readings.hasProse())
+        return;
+    if (!said.hasAny(FullName, FirstName, LastName, User, Mail, Phone, CardWord))
         guess.kind = None;
+    else if (name.kind == User && said.has(FullName) && !said.hasAny(User, Mail, Phone))
+        guess.kind = FullName;
 }
 
 /// Where one text asks for a name and another one for a first name, the narrower one is meant.
@@ -194,8 +197,9 @@ void settleDate(const Readings &readings, const FormEntry &entry, FieldGuess &gu
     } else if (guess.kind == BirthDate && day + month + year == 1) {
         guess.kind = day ? BirthDay : month ? BirthMonth : BirthYear;
     }
-    // No card ends on a day.
-    if (guess.kind == CardDate && patternBeside(entry).value_or(DatePattern()).hasDay())
+    // A whole date without a word for birth is any, and no card ends on a day.
+    const bool mayBeWhole = isDatePart(guess.kind) || guess.kind == CardDate;
+    if (const auto pattern = mayBeWhole ? patternBeside(entry) : std::nullopt; pattern && pattern->hasDay())
         guess.kind = None;
     // A month and a year without a word for a card need one beside them.
     if (isBirth(guess.kind) || guess.kind == CardDate || guess.kind == CardMonth || guess.kind == CardYear)

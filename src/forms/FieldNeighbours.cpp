@@ -336,7 +336,9 @@ void settleAddresses(Entries &entries)
     for (int i = 0; i < count(entries); ++i) {
         FormEntry &entry = entryAt(entries, i);
         FieldGuess &guess = entry.guess;
-        const bool isAgain = guess.kind == Address1 && !guess.byToken && !entry.isList();
+        if (entry.isList() && (guess.kind == Address1 || guess.kind == Address2))
+            guess.kind = Other;
+        const bool isAgain = guess.kind == Address1 && !guess.byToken;
         if (isAgain && kindAt(entries, i - 1) == Address1)
             guess.kind = kindAt(entries, i + 1) == Address2 ? Other : Address2;
         else if (isAgain && kindAt(entries, i - 1) == Address2 && kindAt(entries, i - 2) == Address1)

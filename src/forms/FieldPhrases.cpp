@@ -71,10 +71,11 @@ constexpr FieldPhrases kPhrases[] = {
      u"middle name|=middle|middle initial|=mi|=mname|initial|initials|zweiter vorname|deuxieme prenom|"
      u"segundo nombre|second prenom|segundo apellido|apellido2|apellido materno|secondo nome|name suffix|"
      u"namenszusatz|phonetic name|first name kana|last name kana|family name kana|=kana|furigana|フリガナ|カナ|かな|ふりがな|"
-     u"отчество|tussenvoegsel|patronymic|=former|formerly|=previous|=prev|prior address|old address|other names|"
-     u"other first names|autres prenoms|otros nombres|weitere vornamen|2 apellido|2º apellido|2o apellido|"
-     u"2do apellido|=ape2|preferred name|preferred first|'s name|'s first name|'s last name|'s full name|'s surname|"
-     u"'s phone|'s email|'s address|'s zip|'s city|'s state|'s title|'s date"},
+     u"отчество|tussenvoegsel|patronymic|=former|'vorherige|'vorheriger|'fruhere|'bisherige|'bisheriger|'anterior|"
+     u"'precedente|formerly|=previous|=prev|prior address|old address|other names|other first names|autres prenoms|"
+     u"otros nombres|weitere vornamen|2 apellido|2º apellido|2o apellido|2do apellido|=ape2|preferred name|"
+     u"preferred first|'s name|'s first name|'s last name|'s full name|'s surname|'s phone|'s email|'s address|"
+     u"'s zip|'s city|'s state|'s title|'s date"},
     {Other, kStrong,
      u"phone ext|phone extension|=ext|extension|durchwahl|=anexo|numero de poste|=interno tel|phone type|"
      u"type of phone|phone carrier|phone model|telephone type|mobile carrier|phone verification"},
@@ -94,13 +95,13 @@ constexpr FieldPhrases kPhrases[] = {
      u"wallet address|delivery instructions|instructions|neighborhood|neighbourhood|bairro|colonia"},
     {Other, kStrong,
      u"passport|issued by|issuing state|issuing country|state issued|state of issue|license state|licence state|"
-     u"mail stop|bank account|bank code|bank number|bank branch|bank address|bank contact|bank manager|bank phone|"
-     u"bank city|bank id|bank country|issue number|issueno|issue date|start date|valid from|start month|start year|"
-     u"card issue|departure|depart|depdate|arrival|arrive|check in|'check out|^checkout|checkout date|pick up|"
-     u"drop off|return date|travel date|delivery date|delivery day|delivery time|appointment|event date|from date|"
-     u"to date|date from|date to|start day|end date|end day|end month|end year|graduation|abreise|anreise|hinfahrt|"
-     u"ruckfahrt|fecha de salida|fecha de llegada|date depart|date de depart|date retour|move in|=moved|wedding|"
-     u"anniversary|airport|=origin|destination|city or airport|leaving from|going to|flying from|flying to|"
+     u"mail stop|bank account|bank acct|bank code|bank number|bank branch|bank address|bank contact|bank manager|"
+     u"bank phone|bank city|bank id|bank country|issue number|issueno|issue date|start date|valid from|start month|"
+     u"start year|card issue|departure|depart|depdate|arrival|arrive|check in|'check out|^checkout|checkout date|"
+     u"pick up|drop off|return date|travel date|delivery date|delivery day|delivery time|appointment|event date|"
+     u"from date|to date|date from|date to|start day|end date|end day|end month|end year|graduation|abreise|anreise|"
+     u"hinfahrt|ruckfahrt|fecha de salida|fecha de llegada|date depart|date de depart|date retour|move in|=moved|"
+     u"wedding|anniversary|airport|=origin|destination|city or airport|leaving from|going to|flying from|flying to|"
      u"flughafen|abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto"},
     {Other, kStrong,
      u"'membership|^membership|membership number|membership no|membership id|membership type|membership card|"
@@ -237,16 +238,17 @@ constexpr FieldPhrases kPhrases[] = {
      u"=cargo|職業|职业|직업"},
     {Other, kStrong,
      u"company|=firm|=firma|firmenname|=unternehmen|organisation|organization|organizacion|organizzazione|"
-     u"institution|entreprise|societe|raison sociale|empresa|azienda|ragione sociale|bedrijf|bedrijfsnaam|"
-     u"business name|school name|department|abteilung|会社|公司|회사|компания|организация|会社名|部署名|部署"},
+     u"institution|entreprise|societe|raison sociale|razon social|razao social|nome fantasia|nombre comercial|"
+     u"empresa|azienda|ragione sociale|bedrijf|bedrijfsnaam|business name|school name|department|abteilung|会社|公司|회사|"
+     u"компания|организация|会社名|部署名|部署"},
     {HouseNumber, kStrong,
      u"house number|house no|house nr|street number|street no|street nr|street num|house name or number|"
      u"house name number|house number or name|hausnummer|hausnr|=hnr|house num|building number|numero de rue|"
      u"numero de voie|numero civico|=civico|huisnummer|numero exterior|num exterior|numero ext|num ext|no ext|"
      u"num rue|n de rue|no de rue|numero de la rue|num voie|n de voie|num calle|numero de calle|nr domu|номер дома"},
     {Other, kStrong,
-     u"street type|street prefix|street suffix|street direction|predirectional|postdirectional|tipo de via|"
-     u"type de voie|type voie|tipo via|stair|=treppe|=puerta|=planta|=escalera|=portal"},
+     u"street type|street dir|street prefix|street suffix|street direction|predirectional|postdirectional|"
+     u"tipo de via|type de voie|type voie|tipo via|stair|=treppe|=puerta|=planta|=escalera|=portal"},
     {Address2, kStrong,
      u"address2|addr2|address line 2|address line two|addresstwo|second address|second line|secondary address|"
      u"addressextra|address additional|additional address|address continued|address contd|street2|street line 2|"
@@ -335,7 +337,7 @@ QStringView ownedPhrases()
 {
     return u"name|firstname|lastname|fullname|surname|familyname|givenname|city|town|citytown|state|stateprovince|"
            "zip|zipcode|postalcode|postcode|phone|phonenumber|telephonenumber|address|streetaddress|title|country|"
-           "year|dateofbirth|birthdate|birthday|occupation|cardnumber";
+           "year|dateofbirth|birthdate|birthday|occupation|cardnumber|nickname";
 }
 
 QStringView ownWords()
@@ -367,5 +369,6 @@ QStringView ownNouns()
            "abonne|adherent|acheteur|livraison|facturation|domicile|contacto|titular|cliente|pasajero|solicitante|"
            "destinatario|comprador|paciente|conductor|donante|asegurado|alumno|envio|facturacion|residencia|"
            "titolare|karteninhabers|kontoinhabers|kunden|gastes|reisenden|antragstellers|empfangers|"
-           "ansprechpartners|bestellers|teilnehmers|patienten|fahrers|versicherungsnehmers|mitglieds|spenders";
+           "ansprechpartners|bestellers|teilnehmers|patienten|fahrers|versicherungsnehmers|mitglieds|spenders|"
+           "spedizione|fatturazione|consegna|contatto|faturamento|cobranca|casa|trabajo";
 }

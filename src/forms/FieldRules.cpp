@@ -354,6 +354,11 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         reading.kind = FieldKind::Other;
         reading.isOfOther = true;
     }
+    // "paxFirstName2"
+    const QChar end = words.size() > 0 ? words.letters().back() : QChar();
+    if (from == FieldWords::From::Name && reading.said.has(FieldKind::Companion) && reading.person < 0 &&
+        end.isDigit() && (reading.kind <= FieldKind::LastName || isBirth(reading.kind)))
+        reading.person = end.digitValue();
     reading.isWholeName = sure.has(FieldKind::FullName);
     // "Street and house number"
     if (from == FieldWords::From::Prose && reading.kind == FieldKind::HouseNumber && sure.has(FieldKind::Address1))
