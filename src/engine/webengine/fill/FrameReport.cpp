@@ -15,27 +15,26 @@ constexpr int kMostOptions = 300;
 constexpr int kMostInputs = 500;
 constexpr int kMostFrames = 1000;
 
-QString text(const QJsonValue &value)
-{
-    return value.toString().left(kLongest);
-}
+/// The parts of an input's line; the alternatives of a list follow, each as its value and its text.
+enum Part { Number, Document, Type, Name, Id, Autocomplete, Label, AriaLabel, Placeholder, MaxLength, Value, Options };
 
-FormInput input(const QJsonObject &told)
+FormInput input(const QList<QStringView> &told)
 {
+    const auto text = [&told](qsizetype part) { return told[part].left(kLongest).toString(); };
     FormInput found;
-    found.number = told["n"_L1].toInt();
-    found.type = text(told["type"_L1]);
-    found.name = text(told["name"_L1]);
-    found.id = text(told["id"_L1]);
-    found.autocomplete = text(told["auto"_L1]);
-    found.label = text(told["label"_L1]);
-    found.ariaLabel = text(told["aria"_L1]);
-    found.placeholder = text(told["hint"_L1]);
-    found.maxLength = told["most"_L1].toInt();
-    found.value = text(told["value"_L1]);
-    const QJsonArray options = told["options"_L1].toArray();
-    for (qsizetype i = 0; i < std::min<qsizetype>(options.size(), kMostOptions); ++i)
-        found.options.push_back({text(options[i][0]), text(options[i][1])});
+    found.number = told[Number].toInt();
+    found.type = text(Type);
+    found.name = text(Name);
+    found.id = text(Id);
+    found.autocomplete = text(Autocomplete);
+    found.label = text(Label);
+    found.ariaLabel = text(AriaLabel);
+    found.placeholder = text(Placeholder);
+    found.maxLength = told[MaxLength].toInt();
+    found.value = text(Value);
+    const qsizetype last = std::min<qsizetype>(told.size() - 1, Options + 2 * kMostOptions);
+    for (qsizetype i = Options; i < last; i += 2)
+        found.options.push_back({text(i), text(i + 1)});
     return found;
 }
 
@@ -52,16 +51,19 @@ QStringList list(const QJsonValue &value)
 
 } // namespace
 
-std::optional<FrameReport> FrameReport::parse(const QByteArray &json)
+std::optional<FrameReport> FrameReport::parse(const QByteArray &data)
 {
-    const QJsonDocument document = QJsonDocument::fromJson(json);
+    const QString all = QString::fromUtf8(data);
+    const QList<QStringView> lines = QStringView(all).split(u'\n');
+    const QJsonDocument document = QJsonDocument::fromJson(lines[0].toUtf8());
     if (!document.isObject())
         return {};
     FrameReport report;
-    const QJsonArray inputs = document["inputs"_L1].toArray();
-    for (qsizetype i = 0; i < std::min<qsizetype>(inputs.size(), kMostInputs); ++i) {
-        const QJsonObject told = inputs[i].toObject();
-        report.inputs[told["doc"_L1].toInt()].push_back(input(told));
+    for (qsizetype i = 1; i < std::min<qsizetype>(lines.size(), 1 + kMostInputs); ++i) {
+        const QList<QStringView> told = lines[i].split(u'\t');
+        if (told.size() < Options)
+            return {};
+        report.inputs[told[Document].toInt()].push_back(input(told));
     }
     report.isLast = document["last"_L1].toBool();
     report.path = document["path"_L1].toString();

@@ -26,8 +26,9 @@ struct FrameReport
     QString from;
     QStringList around;
 
-    /// Nothing for what is no report. Lengths and numbers are cut to what the script keeps to.
-    static std::optional<FrameReport> parse(const QByteArray &json);
+    /// A line of JSON for all but the inputs, then a line for each of these, of parts between tabs. Nothing for what is
+    /// no report. Lengths and numbers are cut to what the script keeps to.
+    static std::optional<FrameReport> parse(const QByteArray &data);
 };
 
 /// The answers as the script reads them.

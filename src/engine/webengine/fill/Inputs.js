@@ -15,8 +15,8 @@ const byId = (root, id) => nodeType(root) === 9 ? Reflect.apply(Document.prototy
                                                 : Reflect.apply(DocumentFragment.prototype.getElementById, root, [id]);
 
 const short = text => (text || '').slice(0, kLongest);
-/** What says nothing is left out of a request. */
-const brief = text => text ? text.slice(0, kLongest) : undefined;
+/** A text for a request, where control characters divide, and halves of pairs cannot stand. */
+const brief = text => text ? text.slice(0, kLongest).replace(/[\x00-\x1f\p{Surrogate}]/gu, ' ') : '';
 const isSelect = input => input.type === 'select-one';
 
 const kUnwanted = ':disabled,input[readonly],textarea[readonly],[role^=search i],[inputmode=search i],[enterkeyhint=search i],' +
@@ -48,10 +48,7 @@ const chosenGroups = root => {
 };
 
 /** Whether the user could read what stands in it. */
-const isInked = (input, looks) => {
-    const style = glance(input, looks).style;
-    return Math.min(alphaOf(style.color), alphaOf(style.webkitTextFillColor)) >= kFaint;
-};
+const isInked = style => alphaOf(style.color) >= kFaint && alphaOf(style.webkitTextFillColor) >= kFaint;
 
 const isEmpty = (input, groups) => {
     switch (input.type) {
@@ -139,31 +136,21 @@ const labelOf = (input, labels) => {
     const text = labels.get(root).get(input);
     if (text)
         return text;
-    const isMark = input.type === 'radio' || input.type === 'checkbox';
-    return short(named(input)) || (isMark && beside(input, nextSibling)) || beside(input, previousSibling);
+    return short(named(input)) || (isMark(input) && beside(input, nextSibling)) || beside(input, previousSibling);
 };
 
+/** A line of a request; FrameReport knows the order. */
 const describe = (input, number, documentNumber, labels) => {
-    const told = {
-        n: number,
-        doc: documentNumber || undefined,
-        type: input.type,
-        name: brief(input.name),
-        id: brief(input.id),
-        auto: brief(attribute(input, 'autocomplete')),
-        label: brief(labelOf(input, labels)),
-        aria: brief(attribute(input, 'aria-label') || named(input) || input.title),
-        hint: brief(input.placeholder),
-        most: input.maxLength > 0 ? input.maxLength : undefined,
-    };
-    if (isSelect(input)) {
-        told.options = [];
-        for (let i = 0; i < input.options.length && i < kOptions; ++i)
-            told.options.push([short(input.options[i].value), short(input.options[i].text)]);
-    } else if (input.type === 'radio' || input.type === 'checkbox') {
-        told.value = short(input.value);
+    const { type } = input, isList = type === 'select-one';
+    const told = [number, documentNumber, type, brief(input.name), brief(input.id), brief(attribute(input, 'autocomplete')),
+        brief(labelOf(input, labels)), brief(attribute(input, 'aria-label') || named(input) || input.title),
+        brief(input.placeholder), Math.max(0, input.maxLength) || 0, isMark(input) ? brief(input.value) : ''];
+    if (isList) {
+        const { options } = input;
+        for (let i = 0; i < options.length && i < kOptions; ++i)
+            told.push(brief(options[i].value), brief(options[i].text));
     }
-    return told;
+    return told.join('\t');
 };
 
 // --- filling ---
@@ -181,7 +168,7 @@ const key = (input, kind) =>
 
 /** Puts a value into an input the way a user's typing looks to the page; gives whether it has taken it. */
 const put = (input, value) => {
-    if (input.type === 'radio' || input.type === 'checkbox') {
+    if (isMark(input)) {
         input.click();
         return input.checked;
     }

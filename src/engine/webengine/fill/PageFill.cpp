@@ -96,7 +96,9 @@ void PageFill::fill(std::shared_ptr<const FormRecord> record, bool locked)
     m_end.start(kStartMs);
     m_pageKey = PageChannel::newToken();
     m_frames[m_pageKey].origin = m_page.url();
-    drivePage(script() + u"corvaneFill.begin('%1')"_s.arg(m_pageKey));
+    // By itself and always the same, the engine need not compile it again.
+    m_page.runJavaScript(script(), PageChannel::kWorld);
+    drivePage(u"corvaneFill.begin('%1')"_s.arg(m_pageKey));
     const auto last = m_waiting.begin() + std::min<qsizetype>(kMostFrames, std::ssize(m_waiting));
     std::for_each(m_waiting.begin(), last, [this](const Waiting &waiting) { begin(waiting); });
     m_waiting.erase(m_waiting.begin(), last);

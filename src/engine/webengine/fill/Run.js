@@ -69,7 +69,7 @@ const catchUp = () => {
 
 /** All inputs of the document and of what belongs to it, and the ways to the frames of others, as the elements around them. */
 const scan = veil => {
-    const found = { inputs: [], others: [], size: 0 };
+    const found = { inputs: [], others: [], size: 0, traits: { isFlat: true, hasInert: false } };
     let elements = 0, roots = 0, frames = 0;
     entered = [];
     const visit = (root, depth, way) => {
@@ -81,9 +81,13 @@ const scan = veil => {
             watch.observe(root, { childList: true, subtree: true, attributes: true });
         }
         found.size += all(root, '*').length;
+        found.traits.isFlat = found.traits.isFlat && nodeType(root) === 9;
+        found.traits.hasInert = found.traits.hasInert || all(root, '[inert]').length > 0;
         for (const element of all(root, kNotable)) {
-            if (++elements > kElements)
+            if (++elements > kElements) {
+                found.traits.isFlat = false;
                 return;
+            }
             const name = localName(element);
             if (name === 'input' || name === 'select' || name === 'textarea') {
                 if (found.inputs.length < kExamined)
@@ -141,7 +145,7 @@ const isOpen = (input, groups) => input.isConnected && viewOf(ownerDocument(inpu
     offered.get(input) !== mark(input) && isEmpty(input, groups);
 
 /** Of the inputs, those that may be filled and have not been asked about. */
-function* choose({ inputs, size }, path, veil) {
+function* choose({ inputs, size, traits }, path, veil) {
     const groups = new Map;
     const open = [], end = performance.now() + kLookMs / 4;
     for (const input of inputs) {
@@ -158,7 +162,7 @@ function* choose({ inputs, size }, path, veil) {
     const most = kHits / size, isAsked = isProof || most >= kFewInputs;
     const painted = isAsked ? yield* paintedOf(open.slice(0, most), margin) : new Map;
     const chosen = [], stop = performance.now() + kLookMs;
-    let looks = newLooks(veil), until = performance.now() + kSliceMs;
+    let looks = newLooks(veil, traits), until = performance.now() + kSliceMs;
     for (const input of open) {
         if (performance.now() > stop)
             break;
@@ -166,7 +170,7 @@ function* choose({ inputs, size }, path, veil) {
             const wasLifted = veil.isLifted();
             veil.drop();
             yield pause(0);
-            looks = newLooks(veil);
+            looks = newLooks(veil, traits);
             // In a large document lifting the veil takes longer than looking at many inputs.
             const start = performance.now();
             if (wasLifted) {
@@ -176,7 +180,8 @@ function* choose({ inputs, size }, path, veil) {
             until = performance.now() + Math.max(kSliceMs, 5 * (performance.now() - start));
         }
         const entry = painted.get(input);
-        if (((entry && isPainted(input, entry, looks)) || (!isProof && isFound(input, looks))) && isInked(input, looks))
+        const style = getComputedStyle(input);
+        if (isInked(style) && ((entry && isPainted(input, entry, style, looks)) || (!isProof && isFound(input, looks))))
             chosen.push(input);
     }
     return chosen;
@@ -184,28 +189,28 @@ function* choose({ inputs, size }, path, veil) {
 
 /**
  * Asks for the values of these inputs, in as many requests as it takes; the last one is answered with all of them, and has
- * what `report` gives then.
+ * what `report` gives then. A request is a line for what is told of the frame, and one for each input.
  */
 function* ask(inputs, report) {
     const labels = new Map, documents = new Map([[document, 0]]);
     let part = [], size = 0;
-    const requestFor = rest => ['inputs', '{"inputs":[' + part.join(',') + ']' + rest];
+    const requestFor = told => ['inputs', [told, ...part].join('\n')];
     for (const input of inputs) {
         offered.set(input, mark(input));
         given.set(++offers, input);
         const inner = ownerDocument(input);
         if (!documents.has(inner))
             documents.set(inner, documents.size);
-        const told = JSON.stringify(describe(input, offers, documents.get(inner), labels));
+        const told = describe(input, offers, documents.get(inner), labels);
         if (size + told.length > kRequest || part.length >= kInputsOfRequest) {
-            yield requestFor('}');
+            yield requestFor('{}');
             part = [];
             size = 0;
         }
         part.push(told);
         size += told.length;
     }
-    return JSON.parse(yield requestFor(JSON.stringify(report()).replace('{', ',')));
+    return JSON.parse(yield requestFor(JSON.stringify(report())));
 }
 
 function* putAll(answers) {

@@ -17,7 +17,7 @@ const freed = call => Function.prototype.call.bind(call);
 const getter = (owner, name) => freed(Object.getOwnPropertyDescriptor(owner.prototype, name).get);
 const method = (owner, name) => freed(owner.prototype[name]);
 
-const parentNode = getter(Node, 'parentNode'), contains = method(Node, 'contains'), nodeType = getter(Node, 'nodeType'), rootNode = method(Node, 'getRootNode'),
+const parentNode = getter(Node, 'parentNode'), parentElement = getter(Node, 'parentElement'), contains = method(Node, 'contains'), nodeType = getter(Node, 'nodeType'), rootNode = method(Node, 'getRootNode'),
       ownerDocument = getter(Node, 'ownerDocument'), localName = getter(Element, 'localName'),
       assignedSlot = getter(Element, 'assignedSlot'), shadowOf = getter(Element, 'shadowRoot'),
       hostOf = getter(ShadowRoot, 'host'), attribute = method(Element, 'getAttribute'),
@@ -41,7 +41,7 @@ const around = element => {
 };
 
 const alphaOf = color => {
-    const found = /^rgba\(.*,\s*([\d.]+)\)$/.exec(color);
+    const found = color.startsWith('rgb(') ? null : /^rgba\(.*,\s*([\d.]+)\)$/.exec(color);
     return found ? +found[1] : 1;
 };
 
@@ -116,9 +116,12 @@ const makeVeil = () => {
 };
 
 // What is known of elements and documents during one look at the page, in the map that all of the following share.
-const newLooks = veil => {
+const newLooks = (veil, traits = { isFlat: false, hasInert: true }) => {
     const looks = new Map;
     looks.veil = veil;
+    looks.traits = traits;
+    // For isPlain(), which looks at many and asks little.
+    looks.plain = new Map;
     return looks;
 };
 
@@ -126,8 +129,8 @@ const newLooks = veil => {
 const glance = (element, looks) => {
     let known = looks.get(element);
     if (!known) {
-        known = { element, style: getComputedStyle(element), position: null, isPlain: null, isHolder: null, flow: null,
-                  within: null, shows: null };
+        known = { element, style: getComputedStyle(element), position: null, isHolder: null, flow: null, within: null,
+                  shows: null };
         looks.set(element, known);
     }
     return known;
@@ -342,8 +345,8 @@ const isHit = (element, x, y, looks) => {
 };
 
 const inputShows = (element, looks) => {
-    const at = reach(element, looks, 0.5), isMark = element.type === 'radio' || element.type === 'checkbox';
-    if (!at || (!isMark && at.width < kLeastText))
+    const at = reach(element, looks, 0.5);
+    if (!at || (at.width < kLeastText && !isMark(element)))
         return false;
     const { left, top, right, bottom } = at.seen;
     if (right - left < kLeast || bottom - top < kLeast)
@@ -376,26 +379,30 @@ const frameShows = (element, looks) => {
 /** The frame element around a document that this script has come into; null for the outermost one, where it began. */
 const frameOf = inner => inner === document ? null : viewOf(inner).frameElement;
 
+const isPlainStyle = (style, inner) => style.clipPath === 'none' && !isMasked(style) &&
+    (inner !== document || style.position !== 'fixed');
+
 /**
- * Whether what the engine says of an element holds: it does not see masks and clip paths, nor what cannot be used, and takes
- * what is fixed outside the window for something that scrolls into it.
+ * Whether what the engine says of everything inside an element holds: it does not see masks and clip paths, nor what cannot be
+ * used, and takes what is fixed outside the window for something that scrolls into it.
  */
-const isPlain = (element, looks) => {
+const isPlain = (element, { plain, traits }) => {
     const chain = [];
-    let node = element;
-    while (node && glance(node, looks).isPlain === null) {
+    let node = element, known;
+    while (node && (known = plain.get(node)) === undefined) {
         if (chain.push(node) > kDeepest)
             return false;
-        node = around(node) || frameOf(ownerDocument(node));
+        const outer = traits.isFlat ? parentElement(node) : around(node);
+        node = outer || frameOf(ownerDocument(node));
     }
-    let plain = !node || glance(node, looks).isPlain;
+    known = known !== false;
     while (chain.length) {
-        const known = glance(chain.pop(), looks), style = known.style;
-        plain = plain && attribute(known.element, 'inert') === null && style.clipPath === 'none' && !isMasked(style) &&
-            (ownerDocument(known.element) !== document || style.position !== 'fixed');
-        known.isPlain = plain;
+        const one = chain.pop();
+        known = known && !(traits.hasInert && attribute(one, 'inert') !== null) &&
+            isPlainStyle(getComputedStyle(one), ownerDocument(one));
+        plain.set(one, known);
     }
-    return plain;
+    return known;
 };
 
 /** How far the window can be scrolled to each side, as an observer takes it. */
@@ -431,10 +438,16 @@ function* paintedOf(inputs, margin) {
     return painted;
 }
 
+const isMark = input => input.type === 'radio' || input.type === 'checkbox';
+
 /** Whether the user sees an input, by what the engine has said of it. */
-const isPainted = (input, entry, looks) => {
-    const { width, height } = entry.boundingClientRect, isMark = input.type === 'radio' || input.type === 'checkbox';
-    return width >= (isMark ? kLeast : kLeastText) && height >= kLeast && isPlain(input, looks);
+const isPainted = (input, entry, style, looks) => {
+    const { width, height } = entry.boundingClientRect, inner = ownerDocument(input);
+    if (height < kLeast || width < kLeast || (width < kLeastText && !isMark(input)))
+        return false;
+    const outer = looks.traits.isFlat ? parentElement(input) : around(input);
+    return isPlainStyle(style, inner) && !(looks.traits.hasInert && attribute(input, 'inert') !== null) &&
+        (outer ? isPlain(outer, looks) : false);
 };
 
 /** Whether an input and the frames that it lies in show, by looking at all that is around it. */
