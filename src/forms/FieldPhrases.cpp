@@ -74,8 +74,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"отчество|tussenvoegsel|patronymic|=former|'vorherige|'vorheriger|'fruhere|'bisherige|'bisheriger|'anterior|"
      u"'precedente|formerly|=previous|=prev|prior address|old address|other names|other first names|autres prenoms|"
      u"otros nombres|weitere vornamen|2 apellido|2º apellido|2o apellido|2do apellido|=ape2|preferred name|"
-     u"preferred first|'s name|'s first name|'s last name|'s full name|'s surname|'s phone|'s email|'s address|"
-     u"'s zip|'s city|'s state|'s title|'s date"},
+     u"preferred first|'s email|'s date"},
     {Other, kStrong,
      u"phone ext|phone extension|=ext|extension|durchwahl|=anexo|numero de poste|=interno tel|phone type|"
      u"type of phone|phone carrier|phone model|telephone type|mobile carrier|phone verification"},
@@ -124,10 +123,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"pet name|project name|event name|product name|team name|store name|shop name|shopurl|group name|list name|"
      u"program name|class name|course name|model name|brand name|device name|hotel name|club name|agency name|"
      u"building name|property name|venue name|restaurant name|page name|workspace|channel name|account nickname|"
-     u"posting title|post title|listing title|ad title|page title|character name|nameserver|name of your|"
-     u"name of the|name des vereins|vereinsname|projektname|produktname|name of event|name of school|"
-     u"name of company|name of organization|nombre de la empresa|nombre de empresa|nom de l entreprise|"
-     u"nom de la societe|nome azienda|'campaign|^campaign|campaign name|campaign id|campaign code"},
+     u"posting title|post title|listing title|ad title|page title|character name|nameserver|vereinsname|projektname|"
+     u"produktname|'campaign|^campaign|campaign name|campaign id|campaign code"},
     {Other, kStrong,
      u"website|homepage|=www|webseite|site web|sitio web|=url|weburl|urlname|site name|blog|facebook|twitter|"
      u"linkedin|instagram|skype|=icq|=aim|whatsapp group|telegram"},
@@ -146,22 +143,30 @@ constexpr FieldPhrases kPhrases[] = {
      u"nome completo|nome e cognome|volledige naam|nome e sobrenome|vor zuname|vor und zuname|vor u nachname|"
      u"vor u zuname|name vorname|name und vorname|nachname vorname|nombre apellidos|nombre apellido|"
      u"apellidos y nombre|imie i nazwisko|imie nazwisko|фио|полное имя|your name|contact name|ansprechpartner|氏名|"
-     u"フルネーム|姓名|성명"},
+     u"フルネーム|姓名|성명|піб|повне імя|ad soyad|adı soyadı|adınız soyadınız|koko nimi|teljes nev|nume complet|"
+     u"numele complet|ονοματεπωνυμο|nama lengkap|ho va ten|ho ten|الاسم الكامل|שם מלא|पूरा नाम"},
     {FirstName, kStrong,
      u"first name|=fname|forename|given name|vorname|vornamen|prenom|nombre de pila|primer nombre|voornaam|"
      u"primeiro nome|christian name|namefirst|first nm|firstn|=имя|nombres|名字|=mei|name mei|full name first|fornamn|"
-     u"fornavn|=imie|jmeno|firstnames"},
+     u"fornavn|=imie|jmeno|firstnames|імя|'ad|'adı|adınız|etunimi|keresztnev|prenume|ονομα|nama depan|^ten|"
+     u"الاسم الأول|الاسم الاول|שם פרטי|ชื่อ|ชื่อจริง|पहला नाम|प्रथम नाम|=meno|نام"},
     {LastName, kStrong,
      u"last name|=lname|surname|family name|nachname|votre nom de famille|familienname|zuname|nom de famille|"
      u"apellido|apellidos|primer apellido|cognome|achternaam|sobrenome|apelido|second name|namelast|last nm|lastn|"
      u"фамилия|=姓|姓氏|=성|=sei|name sei|full name last|efternamn|efternavn|etternavn|nazwisko|prijmeni|soyad|soyadi|"
-     u"nom famille|=ape1"},
+     u"nom famille|=ape1|прізвище|sukunimi|vezeteknev|'nume|επωνυμο|nama belakang|^ho|اسم العائلة|اللقب|שם משפחה|"
+     u"นามสกุล|उपनाम|priezvisko|نام خانوادگی"},
     {FullName, kStrong,
      u"name on card|name on the card|name on credit card|card holder name|cardholder|card name|ccname|cc holder|"
      u"cc owner|card owner|card holders name|name as it appears|name as appears|credit card name|karteninhaber|"
      u"inhaber|name auf der karte|name auf karte|titulaire|nom sur la carte|titular|nombre en la tarjeta|"
      u"nombre del titular|titolare|intestatario|kaarthouder|naam op kaart|nome no cartao|имя на карте|"
-     u"владелец карты|カード名義|владельца карты|имя владельца карты|имя владельца|имя держателя|имя держателя карты|持卡人"},
+     u"владелец карты|カード名義|владельца карты|имя владельца карты|имя владельца|имя держателя|имя держателя карты|持卡人|"
+     u"imię i nazwisko na karcie|імя власника картки|імя на картці|kart uzerindeki isim|kart sahibi|navn pa kort|"
+     u"navn pa kortet|namn pa kort|namn pa kortet|kortinnehavare|kortholder|kortinhaltijan nimi|kortinhaltija|"
+     u"jmeno na karte|meno na karte|drzitel karty|kartyabirtokos neve|kartyabirtokos|numele titularului|"
+     u"titularul cardului|ονομα κατοχου καρτας|κατοχος καρτας|nama pada kartu|pemegang kartu|ten tren the|chu the|"
+     u"اسم حامل البطاقة|الاسم على البطاقة|שם בעל הכרטיס|ชื่อบนบัตร|कार्ड पर नाम|कार्डधारक"},
     {Fax, kStrong, u"~fax|telefax|faxnummer|telefaxnummer|telecopie|faxnumber|факс|ファックス|传真"},
     {PhoneCountry, kStrong,
      u"phone country|phone country code|phone code|mobile country code|mobile code|tel country code|"
@@ -178,7 +183,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"mobilnummer|mobiltelefon|=mobil|=handy|handynummer|rufnummer|cell phone|=cell|cellular|cellulare|celular|"
      u"=movil|portable|=gsm|contact number|=contact no|daytime number|evening number|landline|telemovel|=mobiel|"
      u"mobielnummer|alternative number|whatsapp|телефон|電話|电话|手机|携帯|전화|휴대|mobilfunk|festnetz|=fon|=ph|=tlf|phone no|"
-     u"contact phone|numero de contact|numero de contacto|puhelin|telefonnummer|=natel"},
+     u"contact phone|numero de contact|numero de contacto|puhelin|telefonnummer|=natel|matkapuhelin|τηλεφωνο|κινητο|"
+     u"telepon|nomor telepon|điện thoại|số điện thoại|رقم الهاتف|الهاتف|الجوال|טלפון|נייד|โทรศัพท์|फ़ोन|मोबाइल|تلفن"},
     {BirthYear, kStrong,
      u"birth year|year of birth|yob|byear|bday year|bday yyyy|bday yy|dob year|dob yyyy|geburtsjahr|"
      u"annee de naissance|ano de nacimiento|ano nacimiento|anno di nascita|geboortejaar|birthday year"},
@@ -209,11 +215,13 @@ constexpr FieldPhrases kPhrases[] = {
      u"valid until|valid to|good thru|gultig bis|gultigkeit|gueltig bis|ablaufdatum|verfallsdatum|"
      u"verfallsdatum karte|caducidad|vencimiento|vence|date d expiration|expire fin|validite|valable jusqu|scadenza|"
      u"vervaldatum|geldig tot|validade|срок действия|有効期限|有效期|유효기간|ccexp|card exp|expiracion|fecha exp|scad|到期日|到期|"
-     u"만료일|만료|data waznosci|waznosc|geldig tot en met|gueltigkeit|срок"},
+     u"만료일|만료|data waznosci|waznosc|geldig tot en met|gueltigkeit|срок|термін дії|son kullanma tarihi|utgangsdatum|"
+     u"giltig till|udlobsdato|utlopsdato|gyldig til|voimassaoloaika|platnost|lejarat|data expirarii|"
+     u"ημερομηνία λήξης|ληξη|kedaluwarsa|berlaku hingga|ngay het han|تاريخ الانتهاء|תוקף|วันหมดอายุ|समाप्ति तिथि"},
     {Mail, kStrong,
      u"email|mail|email address|mailadresse|emailadresse|emailid|mail address|adresse electronique|adresse mail|"
      u"adresse e mail|courriel|correo electronico|correo|=correio|posta elettronica|почта|メール|邮箱|邮件|電子郵件|이메일|메일|"
-     u"epost|eposta"},
+     u"epost|eposta|пошта|sahkoposti|البريد الإلكتروني|البريد الالكتروني|דואל|אימייל|อีเมล|ईमेल|ایمیل"},
     {CardType, kStrong,
      u"cardtyp|card type|cctype|credit card type|card brand|card kind|type of card|kartentyp|kartenart|"
      u"kreditkartentyp|type de carte|tipo de tarjeta|tipo tarjeta|tipo di carta|tipo carta|tipo de cartao|カード種類|"
@@ -231,7 +239,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"n carta|numer karty|kortnummer|numero di carta|numero di carta di credito|numero de la tarjeta|"
      u"numero de la tarjeta de credito|n de carte|n de carte bancaire|no de carte|kreditkarte nummer|卡號|卡号码|"
      u"numero de carte bancaire|numero de la carte bancaire|nr karty|number of card|number of your card|"
-     u"creditcard account number|card account number"},
+     u"creditcard account number|card account number|номер картки|kart numarası|kortin numero|cislo karty|"
+     u"kartyaszam|numarul cardului|αριθμος καρτας|nomor kartu|^so the|رقم البطاقة|מספר כרטיס|หมายเลขบัตร|कार्ड नंबर"},
     {Job, kStrong,
      u"~job|work title|poste actuel|poste occupe|job title|occup|occupation|profession|beruf|berufsbezeichnung|"
      u"=position|position title|metier|profesion|=puesto|professione|beroep|profissao|ocupacion|fonction|funktion|"
@@ -265,21 +274,24 @@ constexpr FieldPhrases kPhrases[] = {
      u"nom de la rue|nom de la voie|nombre de la via|nombre de la calle|numero et nom de rue|numero et libelle|"
      u"=voie|adresse 1|adresszeile 1|=calle|=domicilio|direccion 1|=via|indirizzo 1|straat|straatnaam|logradouro|"
      u"endereco1|house name|building and street|flat house no|road|=ulica|улица|住所|地址|番地|주소|addr line 1|улица дом|"
-     u"=gata|ulice|=rua|街道|gatuadress"},
+     u"=gata|ulice|=rua|街道|gatuadress|katuosoite|lahiosoite|utca|strada|οδος|الشارع|רחוב|ถนน"},
     {Country, kStrong,
      u"country|countrycode|country name|country region|=land|=pays|=pais|paese|nazione|lander|страна|国家|国籍地|国名|=国|"
      u"국가|=kraj|國家"},
     {City, kStrong,
      u"city|town|city town|city name|=ort|=stadt|wohnort|ortschaft|ville|=commune|ciudad|localidad|poblacion|"
      u"municipio|=citta|comune|localita|localite|miejscowosc|^by|plaats|woonplaats|plaatsnaam|cidade|=gemeinde|"
-     u"miasto|город|市区町村|城市|=市|도시|mesto|=sehir|kota|省市|市区|=stad"},
+     u"miasto|город|市区町村|城市|=市|도시|mesto|=sehir|kota|省市|市区|=stad|місто|kaupunki|postitoimipaikka|poststed|'sted|"
+     u"'varos|oras|localitate|πολη|thanh pho|المدينة|עיר|เมือง|शहर|شهر"},
     {State, kStrong,
      u"state|prov|province|state province|provincia|bundesland|=kanton|=canton|departement|=estado|provincie|"
-     u"provinz|=prefecture|都道府県|省份|область|省直辖市|州|регион|край|시도"},
+     u"provinz|=prefecture|都道府県|省份|область|省直辖市|州|регион|край|시도|^il|^lan|fylke|laani|megye|judet|νομος|provinsi|"
+     u"'tinh|المحافظة|מחוז|จังหวัด|राज्य|استان|^도"},
     {Zip, kStrong,
      u"~zip|'zip 4|'zip plus 4|zip code|zippostal|postal|postal code|post code|=plz|postleitzahl|code postal|"
      u"codigo postal|codice postale|=cap|=cep|=cp|pin code|postnummer|=npa|индекс|郵便番号|邮编|邮政编码|우편번호|cod postal|"
-     u"kod pocztowy|postnr|=psc|郵遞區號|郵便"},
+     u"kod pocztowy|postnr|=psc|郵遞區號|郵便|поштовий індекс|posta kodu|postinumero|iranyitoszam|ταχυδρομικος κωδικας|"
+     u"τ κ|kode pos|ma buu điện|الرمز البريدي|מיקוד|รหัสไปรษณีย์|पिन कोड|کد پستی"},
     {Bank, kStrong, u"bank|bank name|=banque|=banco|=banca|kreditinstitut|issuing bank|issuer"},
     {User, kStrong,
      u"username|userid|user login|login name|loginid|logon|benutzername|benutzerkennung|nutzername|anmeldename|"
@@ -298,9 +310,12 @@ constexpr FieldPhrases kPhrases[] = {
     {State, kWeak, u"=region|=county|administrative area|comunidad autonoma|=zone|=省|voivodeship|wojewodztwo"},
     {Address1, kWeak,
      u"addr|address|adresse|anschrift|postal address|adresse postale|postadresse|postanschrift|direccion postal|"
-     u"direccion|indirizzo|adres|endereco|=morada|адрес|アドレス|adress"},
+     u"direccion|indirizzo|adres|endereco|=morada|адрес|アドレス|adress|адреса|osoite|'cim|διευθυνση|alamat|địa chỉ|"
+     u"العنوان|כתובת|ที่อยู่|पता|آدرس"},
     {Other, kWeak, u"display name|alias|=handle|=suffix"},
-    {FullName, kWeak, u"name|ihr name|votre nom|tu nombre|su nombre|=nom|nombre|=nome|=naam|=navn|=namn|名前|お名前|이름|收货人"},
+    {FullName, kWeak,
+     u"name|ihr name|votre nom|tu nombre|su nombre|=nom|nombre|=nome|=naam|=navn|=namn|名前|お名前|이름|收货人|isim|nimi|nama|"
+     u"الاسم|नाम"},
     {FirstName, kWeak, u"=first|firstid|=名|fname"},
     {LastName, kWeak, u"=last|lastid|lname"},
     {User, kWeak, u"user|login|nickname|=nick|user nick|ニックネーム|=acct|benutzer"},
@@ -357,14 +372,15 @@ QStringView ownWords()
 
 QStringView particleWords()
 {
-    return u"of|on|the|sur|sul|auf|der|des|vom|von|du|de|la|le|les|l|del|los|las|della|dell|di|do|da|van|het";
+    return u"of|on|the|sur|sul|auf|der|des|vom|von|du|de|la|le|les|l|del|los|las|della|dell|di|do|da|van|het|your|my|"
+           "our";
 }
 
 QStringView ownNouns()
 {
-    return u"you|your|service|entrega|credit|debit|credito|debito|paiement|pago|pagamento|reserva|reservation|"
-           "commande|pedido|compte|cuenta|residenza|passport|file|badge|card|cardholder|applicant|passenger|contact|"
-           "customer|guest|owner|account|residence|person|carte|tarjeta|carta|cartao|karte|titulaire|client|porteur|"
+    return u"you|service|entrega|credit|debit|credito|debito|paiement|pago|pagamento|reserva|reservation|commande|"
+           "pedido|compte|cuenta|residenza|passport|file|badge|card|cardholder|applicant|passenger|contact|customer|"
+           "guest|owner|account|residence|person|carte|tarjeta|carta|cartao|karte|titulaire|client|porteur|"
            "destinataire|demandeur|voyageur|passager|participant|patient|conducteur|souscripteur|donateur|assure|"
            "abonne|adherent|acheteur|livraison|facturation|domicile|contacto|titular|cliente|pasajero|solicitante|"
            "destinatario|comprador|paciente|conductor|donante|asegurado|alumno|envio|facturacion|residencia|"

@@ -128,8 +128,9 @@ std::optional<Fit> fitOf(const Phrase &phrase, const FieldWords &words, qsizetyp
     if (phrase.wholeOnly)
         return {};
     const qsizetype size = phrase.letters.size();
-    // "to_day" is no "today", there is no estate in "home_state" and no "lname" in "call name".
-    for (qsizetype i = at + 1; i < end && phrase.isOneWord; ++i) {
+    // "to_day" is no "today", there is no estate in "home_state" and no "lname" in "call name", but mail in
+    // "e-mailadres".
+    for (qsizetype i = at + 1; i < end && phrase.isOneWord && (!starts || phrase.kind == FieldKind::Trap); ++i) {
         if (words.isEdge(i))
             return {};
     }

@@ -83,7 +83,7 @@ FieldWords::FieldWords(QStringView text, From from)
     QChar before;
     for (qsizetype i = 0; i < text.size() && m_letters.size() < kLimit; ++i) {
         const QChar character = text[i];
-        if (character.category() == QChar::Mark_NonSpacing)
+        if (character.isMark())
             continue;
         if (!character.isLetterOrNumber()) {
             edge = true;
