@@ -5,6 +5,9 @@ namespace {
 /// From here on (the scripts of East Asia) no blanks part words: every sign is a word.
 constexpr char16_t kFirstSignOfEastAsia = 0x2E80;
 
+/// No sign that is written over or under letters has a lower code.
+constexpr char16_t kFirstMark = 0x300;
+
 bool isSeparate(QChar character)
 {
     return character.unicode() >= kFirstSignOfEastAsia;
@@ -83,7 +86,7 @@ FieldWords::FieldWords(QStringView text, From from)
     QChar before;
     for (qsizetype i = 0; i < text.size() && m_letters.size() < kLimit; ++i) {
         const QChar character = text[i];
-        if (character.isMark())
+        if (character.unicode() >= kFirstMark && character.isMark())
             continue;
         if (!character.isLetterOrNumber()) {
             edge = true;
