@@ -134,6 +134,8 @@ void heedProse(const Readings &readings, FieldGuess &guess)
             guess.kind = Other;
         else if (guess.kind == Address1 && reading.kind == Address2 && reading.isSecond)
             guess.kind = Address2;
+        else if (guess.kind == Country && reading.kind == State)
+            guess.kind = State;
     }
     // "userField5" beside "Real name", "stationName" and "userField2" beside no word for the name of a person
     const TextReading &name = readings.all[Readings::Name];
@@ -178,6 +180,9 @@ void settleDate(const Readings &readings, const FormEntry &entry, FieldGuess &gu
     const bool day = parts.has(Day);
     const bool month = parts.hasAny(Month, CardMonth);
     const bool year = parts.hasAny(Year, CardYear);
+    // "event_date[day]"
+    if (isDatePart(guess.kind) && said.has(Other))
+        guess.kind = None;
     if (isDatePart(guess.kind)) {
         // "MM/YY" is asked for of cards alone.
         if (hasRoomForCardDate(entry))

@@ -101,7 +101,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"from date|to date|date from|date to|start day|end date|end day|end month|end year|graduation|abreise|anreise|"
      u"hinfahrt|ruckfahrt|fecha de salida|fecha de llegada|date depart|date de depart|date retour|move in|=moved|"
      u"wedding|anniversary|airport|=origin|destination|city or airport|leaving from|going to|flying from|flying to|"
-     u"flughafen|abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto"},
+     u"flughafen|abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto|bank officer"},
     {Other, kStrong,
      u"'membership|^membership|membership number|membership no|membership id|membership type|membership card|"
      u"membership level|member id|member number|member no|'loyalty|^loyalty|loyalty number|loyalty card|loyalty id|"
@@ -144,7 +144,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"vor u zuname|name vorname|name und vorname|nachname vorname|nombre apellidos|nombre apellido|"
      u"apellidos y nombre|imie i nazwisko|imie nazwisko|фио|полное имя|your name|contact name|ansprechpartner|氏名|"
      u"フルネーム|姓名|성명|піб|повне імя|ad soyad|adı soyadı|adınız soyadınız|koko nimi|teljes nev|nume complet|"
-     u"numele complet|ονοματεπωνυμο|nama lengkap|ho va ten|ho ten|الاسم الكامل|שם מלא|पूरा नाम"},
+     u"numele complet|ονοματεπωνυμο|nama lengkap|ho va ten|ho ten|الاسم الكامل|שם מלא|पूरा नाम|real name"},
     {FirstName, kStrong,
      u"first name|=fname|forename|given name|vorname|vornamen|prenom|nombre de pila|primer nombre|voornaam|"
      u"primeiro nome|christian name|namefirst|first nm|firstn|=имя|nombres|名字|=mei|name mei|full name first|fornamn|"
@@ -291,7 +291,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"~zip|'zip 4|'zip plus 4|zip code|zippostal|postal|postal code|post code|=plz|postleitzahl|code postal|"
      u"codigo postal|codice postale|=cap|=cep|=cp|pin code|postnummer|=npa|индекс|郵便番号|邮编|邮政编码|우편번호|cod postal|"
      u"kod pocztowy|postnr|=psc|郵遞區號|郵便|поштовий індекс|posta kodu|postinumero|iranyitoszam|ταχυδρομικος κωδικας|"
-     u"τ κ|kode pos|ma buu điện|الرمز البريدي|מיקוד|รหัสไปรษณีย์|पिन कोड|کد پستی"},
+     u"τ κ|kode pos|ma buu điện|الرمز البريدي|מיקוד|รหัสไปรษณีย์|पिन कोड|کد پستی|eircode"},
     {Bank, kStrong, u"bank|bank name|=banque|=banco|=banca|kreditinstitut|issuing bank|issuer"},
     {User, kStrong,
      u"username|userid|user login|login name|loginid|logon|benutzername|benutzerkennung|nutzername|anmeldename|"
@@ -367,7 +367,9 @@ QStringView ownWords()
            "member|subscriber|participant|attendee|parent|candidate|sender|me|you|add|edit|update|confirm|verify|re|"
            "repeat|type|number|text|input|field|tel|sign|up|create|same|this|credit|debit|bank|payment|visa|"
            "mastercard|information|info|details|detail|data|form|profile|registration|register|login|subscribe|"
-           "newsletter|label|below|here|step|section";
+           "newsletter|label|below|here|step|section|taxpayer|employee|learner|renter|tenant|borrower|shopper|"
+           "visitor|player|runner|registrant|author|payer|payor|cardmember|resident|volunteer|requester|requestor|"
+           "delegate|investor|respondent|booker|organizer|administrator";
 }
 
 QStringView particleWords()
