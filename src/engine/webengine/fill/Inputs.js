@@ -15,8 +15,6 @@ const byId = (root, id) => nodeType(root) === 9 ? Reflect.apply(Document.prototy
                                                 : Reflect.apply(DocumentFragment.prototype.getElementById, root, [id]);
 
 const short = text => (text || '').slice(0, kLongest);
-/** A text for a request, where control characters divide, and halves of pairs cannot stand. */
-const brief = text => text ? text.slice(0, kLongest).replace(/[\x00-\x1f\p{Surrogate}]/gu, ' ') : '';
 const isSelect = input => input.type === 'select-one';
 
 const kUnwanted = ':disabled,input[readonly],textarea[readonly],[role^=search i],[inputmode=search i],[enterkeyhint=search i],' +
@@ -110,8 +108,8 @@ const beside = (input, step) => {
     return '';
 };
 
-const named = input => {
-    const names = attribute(input, 'aria-labelledby'), root = rootNode(input);
+const named = (input, root) => {
+    const names = attribute(input, 'aria-labelledby');
     return !names ? '' : names.split(/\s+/, 5).map(id => {
         const label = id && byId(root, id);
         return label ? textOf(label) : '';
@@ -129,28 +127,32 @@ const labelsIn = root => {
     return texts;
 };
 
-const labelOf = (input, labels) => {
-    const root = rootNode(input);
+const labelOf = (input, root, labels) => {
     if (!labels.has(root))
         labels.set(root, labelsIn(root));
     const text = labels.get(root).get(input);
     if (text)
         return text;
-    return short(named(input)) || (isMark(input) && beside(input, nextSibling)) || beside(input, previousSibling);
+    return short(named(input, root)) || (isMark(input) && beside(input, nextSibling)) || beside(input, previousSibling);
 };
 
+/** What divides lines and their parts cannot stand in a text, nor can halves of pairs. */
+const kDividers = /[\x00-\x1f\ud800-\udfff]/, kUntold = /[\x00-\x1f\p{Surrogate}]/gu;
+
 /** A line of a request; FrameReport knows the order. */
-const describe = (input, number, documentNumber, labels) => {
-    const { type } = input, isList = type === 'select-one';
-    const told = [number, documentNumber, type, brief(input.name), brief(input.id), brief(attribute(input, 'autocomplete')),
-        brief(labelOf(input, labels)), brief(attribute(input, 'aria-label') || named(input) || input.title),
-        brief(input.placeholder), Math.max(0, input.maxLength) || 0, isMark(input) ? brief(input.value) : ''];
-    if (isList) {
+const describe = (input, root, number, documentNumber, labels) => {
+    const { type, maxLength } = input;
+    const told = [type, short(input.name), short(input.id), short(attribute(input, 'autocomplete')),
+        short(labelOf(input, root, labels)), short(attribute(input, 'aria-label') || named(input, root) || input.title),
+        short(input.placeholder), maxLength > 0 ? maxLength : 0, isMark(input) ? short(input.value) : ''];
+    if (type === 'select-one') {
         const { options } = input;
         for (let i = 0; i < options.length && i < kOptions; ++i)
-            told.push(brief(options[i].value), brief(options[i].text));
+            told.push(short(options[i].value), short(options[i].text));
     }
-    return told.join('\t');
+    const isClean = !kDividers.test(told.join(''));
+    return number + '\t' + documentNumber + '\t' +
+        (isClean ? told : told.map(part => String(part).replace(kUntold, ' '))).join('\t');
 };
 
 // --- filling ---

@@ -141,8 +141,7 @@ const mark = input => {
     return options.length + '|' + (last < 0 ? '' : short(options[0].text) + '|' + short(options[last].text));
 };
 
-const isOpen = (input, groups) => input.isConnected && viewOf(ownerDocument(input)) && isWanted(input) &&
-    offered.get(input) !== mark(input) && isEmpty(input, groups);
+const isOpen = (input, groups) => isWanted(input) && offered.get(input) !== mark(input) && isEmpty(input, groups);
 
 /** Of the inputs, those that may be filled and have not been asked about. */
 function* choose({ inputs, size, traits }, path, veil) {
@@ -193,15 +192,19 @@ function* choose({ inputs, size, traits }, path, veil) {
  */
 function* ask(inputs, report) {
     const labels = new Map, documents = new Map([[document, 0]]);
+    const numberOf = root => {
+        const inner = nodeType(root) === 9 ? root : ownerDocument(root);
+        if (!documents.has(inner))
+            documents.set(inner, documents.size);
+        return documents.get(inner);
+    };
     let part = [], size = 0;
     const requestFor = told => ['inputs', [told, ...part].join('\n')];
     for (const input of inputs) {
         offered.set(input, mark(input));
         given.set(++offers, input);
-        const inner = ownerDocument(input);
-        if (!documents.has(inner))
-            documents.set(inner, documents.size);
-        const told = describe(input, offers, documents.get(inner), labels);
+        const root = rootNode(input);
+        const told = describe(input, root, offers, numberOf(root), labels);
         if (size + told.length > kRequest || part.length >= kInputsOfRequest) {
             yield requestFor('{}');
             part = [];

@@ -344,6 +344,8 @@ const isHit = (element, x, y, looks) => {
     }
 };
 
+const isMark = input => input.type === 'radio' || input.type === 'checkbox';
+
 const inputShows = (element, looks) => {
     const at = reach(element, looks, 0.5);
     if (!at || (at.width < kLeastText && !isMark(element)))
@@ -379,27 +381,34 @@ const frameShows = (element, looks) => {
 /** The frame element around a document that this script has come into; null for the outermost one, where it began. */
 const frameOf = inner => inner === document ? null : viewOf(inner).frameElement;
 
-const isPlainStyle = (style, inner) => style.clipPath === 'none' && !isMasked(style) &&
-    (inner !== document || style.position !== 'fixed');
+const isPlainStyle = style => style.clipPath === 'none' && !isMasked(style);
 
 /**
  * Whether what the engine says of everything inside an element holds: it does not see masks and clip paths, nor what cannot be
  * used, and takes what is fixed outside the window for something that scrolls into it.
  */
-const isPlain = (element, { plain, traits }) => {
-    const chain = [];
+const isPlain = (element, looks) => {
+    const { plain, traits } = looks, chain = [];
     let node = element, known;
     while (node && (known = plain.get(node)) === undefined) {
         if (chain.push(node) > kDeepest)
             return false;
-        const outer = traits.isFlat ? parentElement(node) : around(node);
-        node = outer || frameOf(ownerDocument(node));
+        node = traits.isFlat ? parentElement(node) : around(node);
     }
-    known = known !== false;
+    if (!chain.length)
+        return known;
+    const inner = ownerDocument(element), isOutermost = inner === document;
+    if (!node) {
+        const frame = frameOf(inner);
+        known = !frame || isPlain(frame, looks);
+    }
     while (chain.length) {
         const one = chain.pop();
-        known = known && !(traits.hasInert && attribute(one, 'inert') !== null) &&
-            isPlainStyle(getComputedStyle(one), ownerDocument(one));
+        if (known) {
+            const style = getComputedStyle(one);
+            known = isPlainStyle(style) && !(isOutermost && style.position === 'fixed') &&
+                !(traits.hasInert && attribute(one, 'inert') !== null);
+        }
         plain.set(one, known);
     }
     return known;
@@ -438,16 +447,14 @@ function* paintedOf(inputs, margin) {
     return painted;
 }
 
-const isMark = input => input.type === 'radio' || input.type === 'checkbox';
-
 /** Whether the user sees an input, by what the engine has said of it. */
 const isPainted = (input, entry, style, looks) => {
-    const { width, height } = entry.boundingClientRect, inner = ownerDocument(input);
+    const { width, height } = entry.boundingClientRect, { traits } = looks;
     if (height < kLeast || width < kLeast || (width < kLeastText && !isMark(input)))
         return false;
-    const outer = looks.traits.isFlat ? parentElement(input) : around(input);
-    return isPlainStyle(style, inner) && !(looks.traits.hasInert && attribute(input, 'inert') !== null) &&
-        (outer ? isPlain(outer, looks) : false);
+    const outer = traits.isFlat ? parentElement(input) : around(input);
+    return outer && isPlainStyle(style) && !(traits.hasInert && attribute(input, 'inert') !== null) &&
+        !(style.position === 'fixed' && ownerDocument(input) === document) && isPlain(outer, looks);
 };
 
 /** Whether an input and the frames that it lies in show, by looking at all that is around it. */
