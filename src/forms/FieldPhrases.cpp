@@ -53,8 +53,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"=ssn|social security|=sin number|taxid|tax number|=tin|=vat|vatid|vat number|vat no|ust id|steuernummer|"
      u"=uid nr|siret|siren|=nif|=cif|=dni|=nie|=cpf|=cnpj|=rfc|codice fiscale|partita iva|=piva|passport number|"
      u"passportno|passport expiry|passport exp|driver license|drivers license|driving licence|licence number|"
-     u"license number|=id number|national id|personalausweis|ausweisnummer|=iban|=bic|swift code|routing number|"
-     u"sort code|bankleitzahl|=blz|kontonummer|numero de compte"},
+     u"license number|=id number|national id|personalausweis|ausweisnummer|=iban|=bic|swift code|sort code|"
+     u"bankleitzahl|=blz|kontonummer|numero de compte|routing"},
     {Never, kStrong,
      u"birthplace|place of birth|city of birth|birth city|country of birth|birth country|town of birth|"
      u"state of birth|birth name|geburtsort|geburtsland|geburtsname|lieu de naissance|pays de naissance|"
@@ -101,7 +101,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"from date|to date|date from|date to|start day|end date|end day|end month|end year|graduation|abreise|anreise|"
      u"hinfahrt|ruckfahrt|fecha de salida|fecha de llegada|date depart|date de depart|date retour|move in|=moved|"
      u"wedding|anniversary|airport|=origin|destination|city or airport|leaving from|going to|flying from|flying to|"
-     u"flughafen|abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto|bank officer"},
+     u"flughafen|abflughafen|zielflughafen|aeropuerto|aeroport|aeroporto|bank officer|card nickname"},
     {Other, kStrong,
      u"'membership|^membership|membership number|membership no|membership id|membership type|membership card|"
      u"membership level|member id|member number|member no|'loyalty|^loyalty|loyalty number|loyalty card|loyalty id|"
@@ -229,7 +229,7 @@ constexpr FieldPhrases kPhrases[] = {
     {CardCode, kStrong,
      u"=cvv|=cvc|=csc|=cvn|=ccv|=cid|=cv2|cvv2|cvc2|cvv number|cvvcode|cvccode|=cvd|=cvs|cardcvv|cardcvc|cccvv|"
      u"cccvc|ccvv|ccid|cccsc|creditcardcvv|card code|card verification|card security|card id number|"
-     u"kartenprufnummer|kartenprufziffer|cryptogramme"},
+     u"kartenprufnummer|kartenprufziffer|cryptogramme|cccode"},
     {CardNumber, kStrong,
      u"card number|cardnum|card no|card nbr|card nr|credit num|credit no|cc num|cc number|cc no|cc nr|"
      u"number on card|credit card number|debit card number|card account|cc account|kartennummer|kreditkartennummer|"
@@ -388,5 +388,8 @@ QStringView ownNouns()
            "destinatario|comprador|paciente|conductor|donante|asegurado|alumno|envio|facturacion|residencia|"
            "titolare|karteninhabers|kontoinhabers|kunden|gastes|reisenden|antragstellers|empfangers|"
            "ansprechpartners|bestellers|teilnehmers|patienten|fahrers|versicherungsnehmers|mitglieds|spenders|"
-           "spedizione|fatturazione|consegna|contatto|faturamento|cobranca|casa|trabajo";
+           "spedizione|fatturazione|consegna|contatto|faturamento|cobranca|casa|trabajo|tomador|arrendatario|"
+           "inquilino|viajero|usuario|afiliado|socio|interesado|locataire|utilisateur|membre|nutzers|mieters|"
+           "inhabers|kaufers|contraente|assicurato|intestatario|richiedente|passeggero|acquirente|segurado|"
+           "passageiro|kaarthouder|rekeninghouder|contactpersoon|aanvrager";
 }
