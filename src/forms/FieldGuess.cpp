@@ -56,6 +56,18 @@ struct Readings
         return std::ranges::any_of(std::array{Label, AriaLabel, Placeholder},
                                    [&](Place place) { return all[place].hasLetters; });
     }
+    bool hasSureProse() const
+    {
+        return std::ranges::any_of(std::array{Label, AriaLabel, Placeholder}, [&](Place place) {
+            return all[place].kind != None && all[place].kind < Day && !all[place].isWeak;
+        });
+    }
+    /// Whether a text for people is about a country and nothing else ("Country code" beside "Mobile number").
+    bool hasCountryProse() const
+    {
+        return std::ranges::any_of(std::array{Label, AriaLabel, Placeholder},
+                                   [&](Place place) { return all[place].kind == Country; });
+    }
     bool asksForWholeName() const
     {
         bool isWhole = false;
@@ -181,8 +193,10 @@ void settleDate(const Readings &readings, const FormEntry &entry, FieldGuess &gu
     const bool month = parts.hasAny(Month, CardMonth);
     const bool year = parts.hasAny(Year, CardYear);
     // "event_date[day]"
-    if (isDatePart(guess.kind) && said.has(Other))
-        guess.kind = None;
+    if (isDatePart(guess.kind) && said.has(Other)) {
+        guess.kind = Other;
+        guess.isWeak = false;
+    }
     if (isDatePart(guess.kind)) {
         // "MM/YY" is asked for of cards alone.
         if (hasRoomForCardDate(entry))
@@ -281,7 +295,7 @@ bool tokenDecides(const TokenReading &token, const Readings &readings)
         return false;
     const TextReading &name = readings.all[Readings::Name];
     if (token.isPassword)
-        return name.kind == None || name.kind == User || name.isWeak;
+        return (name.kind == None && !readings.hasSureProse()) || name.kind == User || name.isWeak;
     return token.kind != User || !readings.asksForMailAlone();
 }
 
@@ -383,7 +397,8 @@ FieldGuess guessOf(const FormEntry &entry, const OwnKeys &ownKeys)
     }
     if (guess.kind == FullName)
         narrowName(readings, guess);
-    if (guess.kind == Country && guess.said.has(Phone))
+    const bool isOfPhone = guess.kind == Phone && !guess.byName && readings.hasCountryProse();
+    if (isOfPhone || (guess.kind == Country && guess.said.has(Phone)))
         guess.kind = PhoneCountry;
     if (guess.kind == Mail && !guess.byName && readings.all[Readings::Name].kind == User &&
         !readings.asksForMailAlone())

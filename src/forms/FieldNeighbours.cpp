@@ -54,6 +54,15 @@ bool isShortBox(const FormEntry &entry)
     return !entry.isList() && entry.maxLength() > 0 && entry.maxLength() <= kLongestPiece;
 }
 
+/// More than one word: "Billing month".
+bool isSentence(const QString &label)
+{
+    const auto blank = label.indexOf(u' ');
+    const auto isLetter = [](QChar c) { return c.isLetter(); };
+    return blank >= 0 && std::ranges::any_of(label.first(blank), isLetter) &&
+           std::ranges::any_of(label.sliced(blank), isLetter);
+}
+
 /// A day, month or year of what: the nearest date or card tells; two parts beside each other are a date of birth when
 /// no card is near, and a part by itself is one only where its name is nothing but that word.
 void settleDatePart(Entries &entries, int at)
@@ -86,12 +95,16 @@ void settleDatePart(Entries &entries, int at)
             }
         }
     }
-    const bool hasOthers =
-        isNear(entries, at, 2, [&](FieldKind kind) { return isDatePart(kind) && kind != guess.kind; });
-    const bool isOnlyWord = guess.byName && entry.input->name.size() <= kOneWord;
+    int others = 0;
+    for (const FieldKind part : {Day, Month, Year})
+        others += part != guess.kind && isNear(entries, at, 2, is(part));
+    const bool hasOthers = others > 0;
+    // "Billing month"; with both others beside it, it may be spoken in any words.
+    const bool isSaid = others < 2 && !entry.isList() && isSentence(entry.input->label.simplified());
+    const bool isOnlyWord = entry.input->name.size() <= kOneWord || hasOthers;
     if (isOfCard)
         guess.kind = guess.kind == Month ? CardMonth : CardYear;
-    else if (isOfBirth || (hasOthers && (guess.byName || entry.isList())) || isOnlyWord)
+    else if (isOfBirth || (hasOthers && entry.isList()) || (guess.byName && isOnlyWord && !isSaid))
         guess.kind = isDay ? BirthDay : guess.kind == Month ? BirthMonth : BirthYear;
     else
         guess.kind = None;

@@ -74,7 +74,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"отчество|tussenvoegsel|patronymic|=former|'vorherige|'vorheriger|'fruhere|'bisherige|'bisheriger|'anterior|"
      u"'precedente|formerly|=previous|=prev|prior address|old address|other names|other first names|autres prenoms|"
      u"otros nombres|weitere vornamen|2 apellido|2º apellido|2o apellido|2do apellido|=ape2|preferred name|"
-     u"preferred first|'s email|'s date"},
+     u"preferred first|'s email|'s date|'alte"},
     {Other, kStrong,
      u"phone ext|phone extension|=ext|extension|durchwahl|=anexo|numero de poste|=interno tel|phone type|"
      u"type of phone|phone carrier|phone model|telephone type|mobile carrier|phone verification"},
@@ -91,7 +91,8 @@ constexpr FieldPhrases kPhrases[] = {
      u"carte client|'store city|'store state|'store zip|'store address|years at|months at|time at|how long|"
      u"ort datum|ort und datum|place and date|lieu et date|lugar y fecha|employer|arbeitgeber|employeur|=empleador|"
      u"werkgever|subdivision|cross street|nearest|landmark|doorcode|entry code|gate code|=ip address|web address|"
-     u"wallet address|delivery instructions|instructions|neighborhood|neighbourhood|bairro|colonia"},
+     u"wallet address|delivery instructions|instructions|neighborhood|neighbourhood|bairro|colonia|job address|"
+     u"job site|job location|job city|job zip|job postcode|job suburb|job desc"},
     {Other, kStrong,
      u"passport|issued by|issuing state|issuing country|state issued|state of issue|license state|licence state|"
      u"mail stop|bank account|bank acct|bank code|bank number|bank branch|bank address|bank contact|bank manager|"
@@ -123,7 +124,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"pet name|project name|event name|product name|team name|store name|shop name|shopurl|group name|list name|"
      u"program name|class name|course name|model name|brand name|device name|hotel name|club name|agency name|"
      u"building name|property name|venue name|restaurant name|page name|workspace|channel name|account nickname|"
-     u"posting title|post title|listing title|ad title|page title|character name|nameserver|vereinsname|projektname|"
+     u"posting title|post title|listing title|=ad title|page title|character name|nameserver|vereinsname|projektname|"
      u"produktname|'campaign|^campaign|campaign name|campaign id|campaign code"},
     {Other, kStrong,
      u"website|homepage|=www|webseite|site web|sitio web|=url|weburl|urlname|site name|blog|facebook|twitter|"
@@ -244,7 +245,7 @@ constexpr FieldPhrases kPhrases[] = {
     {Job, kStrong,
      u"~job|work title|poste actuel|poste occupe|job title|occup|occupation|profession|beruf|berufsbezeichnung|"
      u"=position|position title|metier|profesion|=puesto|professione|beroep|profissao|ocupacion|fonction|funktion|"
-     u"=cargo|職業|职业|직업"},
+     u"=cargo|職業|职业|직업|business title|ruolo"},
     {Other, kStrong,
      u"company|=firm|=firma|firmenname|=unternehmen|organisation|organization|organizacion|organizzazione|"
      u"institution|entreprise|societe|raison sociale|razon social|razao social|nome fantasia|nombre comercial|"
@@ -307,7 +308,7 @@ constexpr FieldPhrases kPhrases[] = {
      u"title|salutation|anrede|civilite|honorific|tratamiento|titolo|aanhef|tratamento|name prefix|=prefix"},
     {HouseNumber, kWeak, u"=numero|^n|^nº|^no|^number|^num|^nummer|^nr"},
     {City, kWeak, u"suburb|locality"},
-    {State, kWeak, u"=region|=county|administrative area|comunidad autonoma|=zone|=省|voivodeship|wojewodztwo"},
+    {State, kWeak, u"=region|=county|administrative area|comunidad autonoma|=省|voivodeship|wojewodztwo|^zone"},
     {Address1, kWeak,
      u"addr|address|adresse|anschrift|postal address|adresse postale|postadresse|postanschrift|direccion postal|"
      u"direccion|indirizzo|adres|endereco|=morada|адрес|アドレス|adress|адреса|osoite|'cim|διευθυνση|alamat|địa chỉ|"
@@ -316,8 +317,8 @@ constexpr FieldPhrases kPhrases[] = {
     {FullName, kWeak,
      u"name|ihr name|votre nom|tu nombre|su nombre|=nom|nombre|=nome|=naam|=navn|=namn|名前|お名前|이름|收货人|isim|nimi|nama|"
      u"الاسم|नाम"},
-    {FirstName, kWeak, u"=first|firstid|=名|fname"},
-    {LastName, kWeak, u"=last|lastid|lname"},
+    {FirstName, kWeak, u"=first|firstid|=名|fname|^given"},
+    {LastName, kWeak, u"=last|lastid|lname|^family"},
     {User, kWeak, u"user|login|nickname|=nick|user nick|ニックネーム|=acct|benutzer"},
     {CardCode, kWeak,
      u"validation|valid num|valid code|v num|v code|security code|security number|verification value|"
@@ -352,7 +353,7 @@ QStringView ownedPhrases()
 {
     return u"name|firstname|lastname|fullname|surname|familyname|givenname|city|town|citytown|state|stateprovince|"
            "zip|zipcode|postalcode|postcode|phone|phonenumber|telephonenumber|address|streetaddress|title|country|"
-           "year|dateofbirth|birthdate|birthday|occupation|cardnumber|nickname";
+           "year|dateofbirth|birthdate|birthday|occupation|cardnumber|nickname|sex|gender";
 }
 
 QStringView ownWords()

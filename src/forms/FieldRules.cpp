@@ -307,6 +307,21 @@ qsizetype strangerBehind(const FieldWords &words, const Match &match)
     return isOne && !own.has(word) ? at : -1;
 }
 
+/// What a text for people means that names several things.
+void settleSeveral(FieldKinds sure, TextReading &reading)
+{
+    // "Street and house number"
+    if (reading.kind == FieldKind::HouseNumber && sure.has(FieldKind::Address1))
+        reading.kind = FieldKind::Address1;
+    // "Telephone, user name or e-mail"
+    if (reading.kind == FieldKind::Phone || reading.kind == FieldKind::Mail) {
+        if (sure.has(FieldKind::User))
+            reading.kind = FieldKind::User;
+        else if (sure.has(FieldKind::Mail))
+            reading.kind = FieldKind::Mail;
+    }
+}
+
 /// Keeps the match of the least rank.
 template <typename Rank>
 TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
@@ -368,16 +383,8 @@ TextReading read(const FieldWords &words, FieldWords::From from, Rank rankOf)
         end.isDigit() && (reading.kind <= FieldKind::LastName || isBirth(reading.kind)))
         reading.person = end.digitValue();
     reading.isWholeName = sure.has(FieldKind::FullName);
-    // "Street and house number"
-    if (from == FieldWords::From::Prose && reading.kind == FieldKind::HouseNumber && sure.has(FieldKind::Address1))
-        reading.kind = FieldKind::Address1;
-    // "Telephone, user name or e-mail"
-    if (from == FieldWords::From::Prose && (reading.kind == FieldKind::Phone || reading.kind == FieldKind::Mail)) {
-        if (sure.has(FieldKind::User))
-            reading.kind = FieldKind::User;
-        else if (sure.has(FieldKind::Mail))
-            reading.kind = FieldKind::Mail;
-    }
+    if (from == FieldWords::From::Prose)
+        settleSeveral(sure, reading);
     if (reading.said.has(FieldKind::Never))
         reading.kind = FieldKind::Never;
     return reading;
