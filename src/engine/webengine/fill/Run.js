@@ -69,7 +69,7 @@ const catchUp = () => {
 
 /** All inputs of the document and of what belongs to it, and the ways to the frames of others, as the elements around them. */
 const scan = veil => {
-    const found = { inputs: [], others: [], size: 0, traits: { isFlat: true, hasInert: false } };
+    const found = { inputs: [], others: [], size: 0, traits: { isFlat: true, hasInert: false, inputs: 0 } };
     let elements = 0, roots = 0, frames = 0;
     entered = [];
     const visit = (root, depth, way) => {
@@ -111,6 +111,7 @@ const scan = veil => {
             found.others.push({ view, way });
     };
     visit(document, 0, []);
+    found.traits.inputs = found.inputs.length;
     return found;
 };
 

@@ -116,12 +116,15 @@ const makeVeil = () => {
 };
 
 // What is known of elements and documents during one look at the page, in the map that all of the following share.
-const newLooks = (veil, traits = { isFlat: false, hasInert: true }) => {
+const newLooks = (veil, traits = { isFlat: false, hasInert: true, inputs: 0 }) => {
     const looks = new Map;
     looks.veil = veil;
     looks.traits = traits;
-    // For isPlain(), which looks at many and asks little.
+    // For isPlain(), which looks at many and asks little: what it knows, and how many rules it may read, as long as that takes
+    // less than asking each element.
     looks.plain = new Map;
+    looks.veils = new Map;
+    looks.rulesLeft = 2 * traits.inputs;
     return looks;
 };
 
@@ -136,7 +139,8 @@ const glance = (element, looks) => {
     return known;
 };
 
-const isMasked = style => style.webkitMaskImage !== 'none' || style.webkitMaskBoxImageSource !== 'none';
+// The last one is that of graphics, which can stand around an input as well.
+const isMasked = style => style.webkitMaskImage !== 'none' || style.webkitMaskBoxImageSource !== 'none' || style.mask !== 'none';
 
 const look = (element, looks) => {
     const known = glance(element, looks);
@@ -381,34 +385,73 @@ const frameShows = (element, looks) => {
 /** The frame element around a document that this script has come into; null for the outermost one, where it began. */
 const frameOf = inner => inner === document ? null : viewOf(inner).frameElement;
 
-const isPlainStyle = style => style.clipPath === 'none' && !isMasked(style);
+const kShapes = /mask|clip-path/;
+// Attributes that can give shapes: a backslash can write a property in another way.
+const kShaped = '[style*=mask i],[style*=clip-path i],[style*="\\\\"],[mask],[clip-path],animate,set';
+const animationsOf = method(Document, 'getAnimations'), sheetsIn = getter(Document, 'styleSheets');
+
+/** Whether nothing in a document can have a mask or a clip path: no attribute, no animation and none of few plain rules names one. */
+const isShapeless = (inner, looks) => {
+    if (all(inner, kShaped).length || animationsOf(inner).length)
+        return false;
+    for (const sheet of [...sheetsIn(inner), ...sheetsOf(inner).get()]) {
+        let rules;
+        try {
+            rules = sheet.cssRules;
+        } catch {
+            // One of another origin says nothing.
+            return false;
+        }
+        looks.rulesLeft -= rules.length;
+        if (looks.rulesLeft < 0)
+            return false;
+        for (const rule of rules) {
+            if (rule.type !== 1 || kShapes.test(rule.style.cssText))
+                return false;
+        }
+    }
+    return true;
+};
+
+/** What may stand between the inputs of a document and what the engine says of them. */
+const veilsOf = (inner, looks) => {
+    let known = looks.veils.get(inner);
+    if (!known) {
+        const { isFlat, hasInert } = looks.traits, hasShapes = !isFlat || !isShapeless(inner, looks);
+        known = { isOutermost: inner === document, hasShapes, isBare: isFlat && !hasInert && !hasShapes && inner !== document };
+        looks.veils.set(inner, known);
+    }
+    return known;
+};
+
+/** Whether an element takes away nothing from what is in it, as far as the engine does not see it. */
+const isClear = (element, style, { isOutermost, hasShapes }, { hasInert }) =>
+    !(hasShapes && (style.clipPath !== 'none' || isMasked(style))) && !(isOutermost && style.position === 'fixed') &&
+    !(hasInert && attribute(element, 'inert') !== null);
 
 /**
  * Whether what the engine says of everything inside an element holds: it does not see masks and clip paths, nor what cannot be
  * used, and takes what is fixed outside the window for something that scrolls into it.
  */
 const isPlain = (element, looks) => {
-    const { plain, traits } = looks, chain = [];
-    let node = element, known;
+    const { plain, traits } = looks, inner = ownerDocument(element), veils = veilsOf(inner, looks), chain = [];
+    let node = veils.isBare ? null : element, known;
     while (node && (known = plain.get(node)) === undefined) {
         if (chain.push(node) > kDeepest)
             return false;
         node = traits.isFlat ? parentElement(node) : around(node);
     }
-    if (!chain.length)
-        return known;
-    const inner = ownerDocument(element), isOutermost = inner === document;
     if (!node) {
-        const frame = frameOf(inner);
-        known = !frame || isPlain(frame, looks);
+        known = plain.get(inner);
+        if (known === undefined) {
+            const frame = frameOf(inner);
+            known = !frame || isPlain(frame, looks);
+            plain.set(inner, known);
+        }
     }
     while (chain.length) {
         const one = chain.pop();
-        if (known) {
-            const style = getComputedStyle(one);
-            known = isPlainStyle(style) && !(isOutermost && style.position === 'fixed') &&
-                !(traits.hasInert && attribute(one, 'inert') !== null);
-        }
+        known = known && isClear(one, getComputedStyle(one), veils, traits);
         plain.set(one, known);
     }
     return known;
@@ -453,8 +496,7 @@ const isPainted = (input, entry, style, looks) => {
     if (height < kLeast || width < kLeast || (width < kLeastText && !isMark(input)))
         return false;
     const outer = traits.isFlat ? parentElement(input) : around(input);
-    return outer && isPlainStyle(style) && !(traits.hasInert && attribute(input, 'inert') !== null) &&
-        !(style.position === 'fixed' && ownerDocument(input) === document) && isPlain(outer, looks);
+    return outer && isClear(input, style, veilsOf(ownerDocument(input), looks), traits) && isPlain(outer, looks);
 };
 
 /** Whether an input and the frames that it lies in show, by looking at all that is around it. */
