@@ -302,6 +302,36 @@ private slots:
         QCOMPARE(first.maxLength, 3);
     }
 
+    void whatAPageTakesBackDuringTheFillIsLeftAlone()
+    {
+        m_site.page("/strict", "Strict",
+                    kTell + R"(<input name=first> <input name=mail> <input name=mail.2> <input name=mail.3>
+            <input name=mail.4> <fieldset><input name=mail.5></fieldset> <input name=first.2>
+            <iframe srcdoc='<input name=mail.6>'></iframe> <iframe srcdoc='<input name=mail.7>'></iframe>
+            <script>
+                const named = name => document.querySelector('[name="' + name + '"]');
+                const filled = [];
+                const hear = page => page.addEventListener('input', e => filled.push(e.target.name), true);
+                onload = () => [document, frames[0].document, frames[1].document].forEach(hear);
+                named('first').addEventListener('input', () => {
+                    named('mail').disabled = true;
+                    named('mail.2').readOnly = true;
+                    named('mail.3').type = 'search';
+                    named('mail.4').value = 'my own';
+                    document.querySelector('fieldset').disabled = true;
+                    frames[0].document.querySelector('input').remove();
+                    document.querySelectorAll('iframe')[1].remove();
+                });
+                named('first.2').addEventListener('change', () => tell(filled.join()));
+            </script>)");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(at(u"/strict"_s)));
+        fill(browser);
+        QVERIFY2(waitForFilled(browser, 2), qPrintable(browser.statuses.join(u'|')));
+        QCOMPARE(m_record->asked.filter(u"mail"_s).size(), 7);
+        WAIT_VERIFY(told().contains(u"first,first.2"_s));
+    }
+
     void whatTheUserCannotSeeIsNotAskedFor()
     {
         // Every trick stands beside the same input without it.

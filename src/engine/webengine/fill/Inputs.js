@@ -8,20 +8,27 @@ const kLongest = 100;
 const kOptions = 300;
 
 const previousSibling = getter(Node, 'previousSibling'), nextSibling = getter(Node, 'nextSibling'),
-      firstChild = getter(Node, 'firstChild'), nodeValue = getter(Node, 'nodeValue'), findIn = method(Element, 'querySelector'),
+      nodeValue = getter(Node, 'nodeValue'), textContent = getter(Node, 'textContent'),
+      elementCount = getter(Element, 'childElementCount'), findIn = method(Element, 'querySelector'),
       walker = method(Document, 'createTreeWalker');
 
 const byId = (root, id) => nodeType(root) === 9 ? Reflect.apply(Document.prototype.getElementById, root, [id])
                                                 : Reflect.apply(DocumentFragment.prototype.getElementById, root, [id]);
 
 const short = text => (text || '').slice(0, kLongest);
-const isSelect = input => input.type === 'select-one';
+const kSelect = 'select-one';
 
 const kUnwanted = ':disabled,input[readonly],textarea[readonly],[role^=search i],[inputmode=search i],[enterkeyhint=search i],' +
     '[autocomplete~=one-time-code i]';
+/** The same as a selector for whole trees. */
+const kUnwantedInput = `:is(input,select,textarea):is(${kUnwanted})`;
 
-const isWanted = input => kTypes.has(input.type) && !input.matches(kUnwanted) &&
-    !(input.form && attribute(input.form, 'role') === 'search');
+const isOfSearch = input => {
+    const form = input.form;
+    return form !== null && attribute(form, 'role') === 'search';
+};
+
+const isWanted = input => kTypes.has(input.type) && !input.matches(kUnwanted) && !isOfSearch(input);
 
 /** Whether a choice list stands where its page has put it at first. */
 const isInitial = list => {
@@ -48,9 +55,9 @@ const chosenGroups = root => {
 /** Whether the user could read what stands in it. */
 const isInked = style => alphaOf(style.color) >= kFaint && alphaOf(style.webkitTextFillColor) >= kFaint;
 
-const isEmpty = (input, groups) => {
-    switch (input.type) {
-    case 'select-one':
+const isEmpty = (input, type, groups) => {
+    switch (type) {
+    case kSelect:
         return isInitial(input);
     case 'checkbox':
         return !input.checked;
@@ -62,7 +69,7 @@ const isEmpty = (input, groups) => {
         return !input.checked && !(input.name && names && names.has(input.name));
     }
     default:
-        return input.value === '' && !(kPicky.has(input.type) && input.validity.badInput);
+        return input.value === '' && !(kPicky.has(type) && input.validity.badInput);
     }
 };
 
@@ -70,23 +77,27 @@ const isEmpty = (input, groups) => {
 
 const kSilent = new Set(['select', 'option', 'script', 'style', 'textarea', 'noscript', 'template']);
 
+const kLoose = /[^\S ]|  /, kGaps = /\s+/g;
+
+/** A text in one line. Most are, which is sooner seen than done. */
+const inLine = text => (kLoose.test(text) ? text.replace(kGaps, ' ') : text).trim();
+
 /** The text inside a node without that of lists and scripts, in one line. */
 const textOf = node => {
     if (nodeType(node) === 3)
-        return short(nodeValue(node).slice(0, 1000).replace(/\s+/g, ' ').trim());
+        return short(inLine(nodeValue(node).slice(0, 1000)));
     if (nodeType(node) !== 1 || kSilent.has(localName(node)))
         return '';
-    // A text and nothing else, as most labels are.
-    const only = firstChild(node);
-    if (!only || (nodeType(only) === 3 && !nextSibling(only)))
-        return only ? textOf(only) : '';
+    // Text and nothing else, as in most labels.
+    if (!elementCount(node))
+        return short(inLine(textContent(node).slice(0, 1000)));
     const texts = walker(ownerDocument(node), node, NodeFilter.SHOW_TEXT | NodeFilter.SHOW_ELEMENT, part =>
         nodeType(part) === 3 ? NodeFilter.FILTER_ACCEPT
                              : kSilent.has(localName(part)) ? NodeFilter.FILTER_REJECT : NodeFilter.FILTER_SKIP);
     let text = '';
     for (let steps = 0; steps < 100 && text.length < 2 * kLongest && texts.nextNode(); ++steps)
-        text += ' ' + nodeValue(texts.currentNode).slice(0, 1000).replace(/\s+/g, ' ');
-    return short(text.replace(/\s+/g, ' ').trim());
+        text += ' ' + inLine(nodeValue(texts.currentNode).slice(0, 1000));
+    return short(inLine(text));
 };
 
 const kControls = 'input:not([type=hidden]),select,textarea';
@@ -145,10 +156,13 @@ const describe = (input, root, number, documentNumber, labels) => {
     const told = [type, short(input.name), short(input.id), short(attribute(input, 'autocomplete')),
         short(labelOf(input, root, labels)), short(attribute(input, 'aria-label') || named(input, root) || input.title),
         short(input.placeholder), maxLength > 0 ? maxLength : 0, isMark(input) ? short(input.value) : ''];
-    if (type === 'select-one') {
-        const { options } = input;
-        for (let i = 0; i < options.length && i < kOptions; ++i)
-            told.push(short(options[i].value), short(options[i].text));
+    if (type === kSelect) {
+        let count = 0;
+        for (const option of input.options) {
+            if (++count > kOptions)
+                break;
+            told.push(short(option.value), short(option.text));
+        }
     }
     const isClean = !kDividers.test(told.join(''));
     return number + '\t' + documentNumber + '\t' +
@@ -169,12 +183,12 @@ const key = (input, kind) =>
     send(input, new KeyboardEvent(kind, { key: 'Unidentified', bubbles: true, composed: true, cancelable: true }));
 
 /** Puts a value into an input the way a user's typing looks to the page; gives whether it has taken it. */
-const put = (input, value) => {
+const put = (input, type, value) => {
     if (isMark(input)) {
         input.click();
         return input.checked;
     }
-    if (isSelect(input)) {
+    if (type === kSelect) {
         const at = Number(value), option = input.options[at];
         if (!option || option.disabled || input.selectedIndex === at)
             return false;
@@ -185,7 +199,7 @@ const put = (input, value) => {
     if (value === '' || (input.maxLength > 0 && value.length > input.maxLength))
         return false;
     key(input, 'keydown');
-    Reflect.apply(input.type === 'textarea' ? setArea : setText, input, [value]);
+    Reflect.apply(type === 'textarea' ? setArea : setText, input, [value]);
     if (input.value === '')
         return false;
     changed(input);

@@ -67,7 +67,10 @@ const catchUp = () => {
     isStale = isStale || entered.some(([view, inner]) => innerOf(view) !== inner);
 };
 
-/** All inputs of the document and of what belongs to it, and the ways to the frames of others, as the elements around them. */
+/**
+ * The inputs of the document and of what belongs to it, without those that nobody wants filled, and the ways to the frames of
+ * others, as the elements around them.
+ */
 const scan = veil => {
     const found = { inputs: [], others: [], size: 0, traits: { isFlat: true, hasInert: false, inputs: 0 } };
     let elements = 0, roots = 0, frames = 0;
@@ -83,6 +86,7 @@ const scan = veil => {
         found.size += all(root, '*').length;
         found.traits.isFlat = found.traits.isFlat && nodeType(root) === 9;
         found.traits.hasInert = found.traits.hasInert || all(root, '[inert]').length > 0;
+        const unwanted = new Set(all(root, kUnwantedInput));
         for (const element of all(root, kNotable)) {
             if (++elements > kElements) {
                 found.traits.isFlat = false;
@@ -90,7 +94,7 @@ const scan = veil => {
             }
             const name = localName(element);
             if (name === 'input' || name === 'select' || name === 'textarea') {
-                if (found.inputs.length < kExamined)
+                if (found.inputs.length < kExamined && !unwanted.has(element))
                     found.inputs.push(element);
             } else if (frameWindows.has(name)) {
                 if (++frames <= 200)
@@ -135,14 +139,14 @@ const shownOn = (ways, looks) => {
 let offered = new WeakMap, given = new Map, offers = 0, others = 0, lastShown = [];
 
 /** A choice list is another one when its alternatives have changed. */
-const mark = input => {
-    if (!isSelect(input))
+const mark = (input, type) => {
+    if (type !== kSelect)
         return 'input';
     const options = input.options, last = options.length - 1;
     return options.length + '|' + (last < 0 ? '' : short(options[0].text) + '|' + short(options[last].text));
 };
 
-const isOpen = (input, groups) => isWanted(input) && offered.get(input) !== mark(input) && isEmpty(input, groups);
+const isOpen = (input, type, groups) => offered.get(input) !== mark(input, type) && isEmpty(input, type, groups);
 
 /** Of the inputs, those that may be filled and have not been asked about. */
 function* choose({ inputs, size, traits }, path, veil) {
@@ -151,7 +155,8 @@ function* choose({ inputs, size, traits }, path, veil) {
     for (const input of inputs) {
         if (open.length + offers >= kOffered || performance.now() > end)
             break;
-        if (isOpen(input, groups))
+        const type = input.type;
+        if (kTypes.has(type) && !isOfSearch(input) && isOpen(input, type, groups))
             open.push(input);
     }
     if (!open.length)
@@ -202,7 +207,7 @@ function* ask(inputs, report) {
     let part = [], size = 0;
     const requestFor = told => ['inputs', [told, ...part].join('\n')];
     for (const input of inputs) {
-        offered.set(input, mark(input));
+        offered.set(input, mark(input, input.type));
         given.set(++offers, input);
         const root = rootNode(input);
         const told = describe(input, root, offers, numberOf(root), labels);
@@ -217,6 +222,9 @@ function* ask(inputs, report) {
     return JSON.parse(yield requestFor(JSON.stringify(report())));
 }
 
+/** Whether an input is still in a document, and that in a window. */
+const isThere = input => input.isConnected && viewOf(ownerDocument(input)) !== null;
+
 function* putAll(answers) {
     const groups = { get: root => chosenGroups(root), has: () => true };
     let count = 0, until = performance.now() + kSliceMs;
@@ -225,10 +233,12 @@ function* putAll(answers) {
             yield pause(0);
             until = performance.now() + kSliceMs;
         }
-        const input = given.get(number);
-        // Filling the ones before it may have changed everything.
-        if (input && input.isConnected && isWanted(input) && offered.get(input) === mark(input) && isEmpty(input, groups))
-            count += put(input, value) ? 1 : 0;
+        const input = given.get(number), type = input && input.type;
+        // Filling the ones before it may have changed everything, which is seen first.
+        note(watch.takeRecords());
+        if (input && (!isStale || (isThere(input) && isWanted(input))) && offered.get(input) === mark(input, type) &&
+            isEmpty(input, type, groups))
+            count += put(input, type, value) ? 1 : 0;
     }
     return count;
 }

@@ -17,7 +17,8 @@ const freed = call => Function.prototype.call.bind(call);
 const getter = (owner, name) => freed(Object.getOwnPropertyDescriptor(owner.prototype, name).get);
 const method = (owner, name) => freed(owner.prototype[name]);
 
-const parentNode = getter(Node, 'parentNode'), parentElement = getter(Node, 'parentElement'), contains = method(Node, 'contains'), nodeType = getter(Node, 'nodeType'), rootNode = method(Node, 'getRootNode'),
+const parentNode = getter(Node, 'parentNode'), parentElement = getter(Node, 'parentElement'),
+      contains = method(Node, 'contains'), nodeType = getter(Node, 'nodeType'), rootNode = method(Node, 'getRootNode'),
       ownerDocument = getter(Node, 'ownerDocument'), localName = getter(Element, 'localName'),
       assignedSlot = getter(Element, 'assignedSlot'), shadowOf = getter(Element, 'shadowRoot'),
       hostOf = getter(ShadowRoot, 'host'), attribute = method(Element, 'getAttribute'),
@@ -294,7 +295,8 @@ const reach = (element, looks, share) => {
     const outer = within(around(element), looks);
     if (outer.isGone || outer.isShut || outer.opacity * style.opacity < kFaint)
         return null;
-    const at = { width: right - left, box: { left, top, right, bottom }, seen: { left, top, right, bottom }, mustHit: outer.mustHit || style.isCut };
+    const at = { width: right - left, box: { left, top, right, bottom }, seen: { left, top, right, bottom },
+                 mustHit: outer.mustHit || style.isCut };
     const { clips: first, stays } = placeIn(outer, style.position);
     for (let clips = first; clips; clips = clips.next) {
         if (!clipBy(clips.style, at, share))
@@ -386,13 +388,19 @@ const frameShows = (element, looks) => {
 const frameOf = inner => inner === document ? null : viewOf(inner).frameElement;
 
 const kShapes = /mask|clip-path/;
-// Attributes that can give shapes: a backslash can write a property in another way.
-const kShaped = '[style*=mask i],[style*=clip-path i],[style*="\\\\"],[mask],[clip-path],animate,set';
+// In an attribute a backslash can write a property in another way; graphics have attributes and animations of their own.
+const kShapeStyle = /mask|clip-path|\\/i, kGraphicShapes = '[mask],[clip-path],animate,set';
 const animationsOf = method(Document, 'getAnimations'), sheetsIn = getter(Document, 'styleSheets');
 
-/** Whether nothing in a document can have a mask or a clip path: no attribute, no animation and none of few plain rules names one. */
+/** Whether nothing in a document can have a mask or a clip path: no attribute, animation or one of few plain rules names it. */
 const isShapeless = (inner, looks) => {
-    if (all(inner, kShaped).length || animationsOf(inner).length)
+    if (animationsOf(inner).length)
+        return false;
+    for (const element of all(inner, '[style]')) {
+        if (--looks.rulesLeft < 0 || kShapeStyle.test(attribute(element, 'style')))
+            return false;
+    }
+    if (all(inner, 'svg').length && all(inner, kGraphicShapes).length)
         return false;
     for (const sheet of [...sheetsIn(inner), ...sheetsOf(inner).get()]) {
         let rules;
