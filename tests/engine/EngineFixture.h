@@ -23,6 +23,8 @@ public:
     QStringList statuses;
     std::vector<engine::PageMessage> messages;
     std::function<bool(const QString &url)> refuses;
+    /// Gives what takes a window that the page asks for. One that has been shown before brings the engine down now and
+    /// then (a pure virtual call of its compositor), so it is best made here, as the program does.
     std::function<engine::WebBrowser *()> takesWindow;
 
     int count(const QString &event) const { return static_cast<int>(events.count(event)); }

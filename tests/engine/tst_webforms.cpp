@@ -222,12 +222,13 @@ private slots:
     {
         QFETCH(QByteArray, script);
         m_site.page("/opens", "Opens", "<script>" + script + "</script>");
-        RecordedBrowser browser(*m_test.engine, m_site), opened(*m_test.engine, m_site);
-        browser.takesWindow = [&] { return &*opened; };
+        std::optional<RecordedBrowser> opened;
+        RecordedBrowser browser(*m_test.engine, m_site);
+        browser.takesWindow = [&] { return &*opened.emplace(*m_test.engine, m_site); };
         QVERIFY(browser.open(at(u"/opens"_s)));
-        QVERIFY(opened.waitForEnd());
-        fill(opened);
-        QVERIFY(waitForFilled(opened, 1));
+        QVERIFY(opened && opened->waitForEnd());
+        fill(*opened);
+        QVERIFY(waitForFilled(*opened, 1));
     }
 
     void protectedPaths_data()
