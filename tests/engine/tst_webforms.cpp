@@ -333,6 +333,33 @@ private slots:
         WAIT_VERIFY(told().contains(u"first,first.2"_s));
     }
 
+    void framesThatMoveOnDuringTheFillGetNothing()
+    {
+        m_site.page("/moving", "Moving",
+                    kTell + QByteArray("<input name=first placeholder=Name>").repeated(10) +
+                        R"(<iframe srcdoc='<input name=mail>'></iframe>
+            <script>
+                const filled = [];
+                onload = () => {
+                    const left = frames[0].document;
+                    left.addEventListener('input', () => filled.push('and filled'), true);
+                    document.addEventListener('input', () => {
+                        frames[0].location.replace('about:blank');
+                        // Longer than a fill goes on without a pause.
+                        for (const end = performance.now() + 60; performance.now() < end;);
+                        if (!document.querySelector('input:placeholder-shown'))
+                            setTimeout(() => tell([frames[0].document === left ? 'there' : 'gone', ...filled]), 300);
+                    });
+                };
+            </script>)");
+        RecordedBrowser browser(*m_test.engine, m_site);
+        QVERIFY(browser.open(at(u"/moving"_s)));
+        fill(browser);
+        QVERIFY(waitForFilled(browser, 10));
+        WAIT_VERIFY(told().contains(u"gone"_s));
+        QCOMPARE(m_record->asked.count(u"mail"_s), 1);
+    }
+
     void whatTheUserCannotSeeIsNotAskedFor()
     {
         // Every trick stands beside the same input without it.

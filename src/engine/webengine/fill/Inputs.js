@@ -23,12 +23,10 @@ const kUnwanted = ':disabled,input[readonly],textarea[readonly],[role^=search i]
 /** The same as a selector for whole trees. */
 const kUnwantedInput = `:is(input,select,textarea):is(${kUnwanted})`;
 
-const isOfSearch = input => {
-    const form = input.form;
-    return form !== null && attribute(form, 'role') === 'search';
-};
+/** Whether an input that kUnwantedInput has not found is of a kind that is filled. */
+const isOfUse = (input, type) => kTypes.has(type) && !(input.form && attribute(input.form, 'role') === 'search');
 
-const isWanted = input => kTypes.has(input.type) && !input.matches(kUnwanted) && !isOfSearch(input);
+const isWanted = (input, type) => isOfUse(input, type) && !input.matches(kUnwanted);
 
 /** Whether a choice list stands where its page has put it at first. */
 const isInitial = list => {

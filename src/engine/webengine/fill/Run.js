@@ -156,7 +156,7 @@ function* choose({ inputs, size, traits }, path, veil) {
         if (open.length + offers >= kOffered || performance.now() > end)
             break;
         const type = input.type;
-        if (kTypes.has(type) && !isOfSearch(input) && isOpen(input, type, groups))
+        if (isOfUse(input, type) && isOpen(input, type, groups))
             open.push(input);
     }
     if (!open.length)
@@ -228,15 +228,18 @@ const isThere = input => input.isConnected && viewOf(ownerDocument(input)) !== n
 function* putAll(answers) {
     const groups = { get: root => chosenGroups(root), has: () => true };
     let count = 0, until = performance.now() + kSliceMs;
+    // While the program answers or there is a pause, frames may have gone on to other documents.
+    catchUp();
     for (const [number, value] of answers) {
         if (performance.now() > until) {
             yield pause(0);
+            catchUp();
             until = performance.now() + kSliceMs;
         }
         const input = given.get(number), type = input && input.type;
         // Filling the ones before it may have changed everything, which is seen first.
         note(watch.takeRecords());
-        if (input && (!isStale || (isThere(input) && isWanted(input))) && offered.get(input) === mark(input, type) &&
+        if (input && (!isStale || (isThere(input) && isWanted(input, type))) && offered.get(input) === mark(input, type) &&
             isEmpty(input, type, groups))
             count += put(input, type, value) ? 1 : 0;
     }
